@@ -1,0 +1,42 @@
+# SPDX-FileCopyrightText: 2026 The SORAN developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# One interface library carries the language level, the warnings and the hardening of every target.
+
+add_library(soran-flags INTERFACE)
+target_compile_features(soran-flags INTERFACE cxx_std_20)
+target_compile_definitions(soran-flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH
+  QT_STRICT_ITERATORS)
+target_compile_options(soran-flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wnull-dereference -Wduplicated-cond -Wimplicit-fallthrough -Wextra-semi -Werror
+  -fstack-protector-strong -fvisibility=hidden)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(soran-flags INTERFACE -Wno-unknown-warning-option)
+else()
+  target_compile_options(soran-flags INTERFACE -fstack-clash-protection)
+  # GCC 12 reports null dereferences inside the standard library's and Qt's inlined containers.
+  target_compile_options(soran-flags INTERFACE -Wno-null-dereference)
+endif()
+target_compile_options(soran-flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+target_link_options(soran-flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+if(SORAN_SANITIZE)
+  target_compile_options(soran-flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(soran-flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(SORAN_FUZZ)
+  target_compile_options(soran-flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(soran-flags INTERFACE -fsanitize=address,undefined)
+endif()
