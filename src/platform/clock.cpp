@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/clock.h"
+
+#include <QTimeZone>
+
+namespace soran {
+
+QDateTime SystemClock::now() const {
+  return QDateTime::currentDateTime();
+}
+
+QString SystemClock::zoneName() const {
+  return QTimeZone::systemTimeZone().displayName(QTimeZone::DaylightTime, QTimeZone::LongName);
+}
+
+QString SetClock::zoneName() const {
+  return QTimeZone(now_.offsetFromUtc()).displayName(QTimeZone::DaylightTime, QTimeZone::LongName);
+}
+
+QString offsetText(int hours) {
+  if (hours == 0)
+    return QStringLiteral("±0");
+  return (hours > 0 ? QStringLiteral("+") : QString()) + QString::number(hours);
+}
+
+QString dateText(const Clock& clock) {
+  return clock.now().toString(u"yyyy/MM/dd");
+}
+
+QString timeText(const Clock& clock) {
+  return clock.now().toString(u"HH:mm:ss");
+}
+
+} // namespace soran

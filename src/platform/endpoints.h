@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QUrl>
+
+namespace soran {
+
+/// The addresses that the program asks. Each is http, https or a folder (file:///...).
+struct Endpoints {
+  QString update;                 ///< base of the update endpoint, without trailing slash
+  QString metar;                  ///< METAR station files, with trailing slash
+  QString taf;                    ///< TAF station files, with trailing slash
+  QString cycles;                 ///< hourly METAR cycle files, with trailing slash
+  QString home;                   ///< home page and help, without trailing slash
+  QString probe;                  ///< what the network watch asks; empty for the version file of `update`
+  bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
+  QHash<QString, QString> others; ///< hosts of charts and cameras, by key
+
+  /// The addresses built into the program. `installed` is the folder of the installed update files.
+  static Endpoints builtIn(const QString& installed);
+
+  /// These addresses, with those keys of the section [endpoints] of an INI file that it has. A file that does
+  /// not exist or cannot be read changes nothing.
+  Endpoints overriddenBy(const QString& iniFile) const;
+
+  /// The address that the network watch asks.
+  QString probeAddress() const;
+};
+
+/// A station file's address: the base, the code, ".TXT". A code that is not all letters is percent-encoded.
+QUrl stationFile(const QString& base, QStringView code);
+
+} // namespace soran
