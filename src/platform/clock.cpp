@@ -4,6 +4,8 @@
 
 #include <QTimeZone>
 
+using namespace Qt::StringLiterals;
+
 namespace soran {
 
 QDateTime SystemClock::now() const {
@@ -20,8 +22,8 @@ QString SetClock::zoneName() const {
 
 QString offsetText(int hours) {
   if (hours == 0)
-    return QStringLiteral("±0");
-  return (hours > 0 ? QStringLiteral("+") : QString()) + QString::number(hours);
+    return u"±0"_s;
+  return (hours > 0 ? u"+"_s : QString()) + QString::number(hours);
 }
 
 QString dateText(const Clock& clock) {

@@ -8,17 +8,19 @@
 #include <QSettings>
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace soran {
 
 Endpoints Endpoints::builtIn(const QString& installed) {
   const QString folder = QUrl::fromLocalFile(installed).toString(QUrl::StripTrailingSlash);
-  const QString reports = QStringLiteral("https://tgftp.nws.noaa.gov/pub/data/");
+  const QString reports = u"https://tgftp.nws.noaa.gov/pub/data/"_s;
   Endpoints e;
   e.update = folder;
   e.home = folder;
-  e.metar = reports + u"observations/metar/stations/";
-  e.taf = reports + u"forecasts/taf/stations/";
-  e.cycles = reports + u"observations/metar/cycles/";
+  e.metar = reports + u"observations/metar/stations/"_s;
+  e.taf = reports + u"forecasts/taf/stations/"_s;
+  e.cycles = reports + u"observations/metar/cycles/"_s;
   return e;
 }
 
@@ -27,11 +29,10 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
   if (!QFileInfo(iniFile).isReadable())
     return e;
   QSettings ini(iniFile, QSettings::IniFormat);
-  ini.beginGroup(QStringLiteral("endpoints"));
-  const QHash<QString, QString*> known = {
-      {QStringLiteral("update"), &e.update}, {QStringLiteral("metar"), &e.metar},
-      {QStringLiteral("taf"), &e.taf},       {QStringLiteral("cycles"), &e.cycles},
-      {QStringLiteral("home"), &e.home},     {QStringLiteral("probe"), &e.probe}};
+  ini.beginGroup(u"endpoints"_s);
+  const QHash<QString, QString*> known = {{u"update"_s, &e.update}, {u"metar"_s, &e.metar},
+                                          {u"taf"_s, &e.taf},       {u"cycles"_s, &e.cycles},
+                                          {u"home"_s, &e.home},     {u"probe"_s, &e.probe}};
   const QStringList keys = ini.childKeys();
   for (const QString& name : keys) {
     // An address with a comma arrives as a list.
@@ -47,14 +48,14 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
 }
 
 QString Endpoints::probeAddress() const {
-  return probe.isEmpty() ? update + u"/data/version.dat" : probe;
+  return probe.isEmpty() ? update + u"/data/version.dat"_s : probe;
 }
 
 QUrl stationFile(const QString& base, QStringView code) {
   const QString name = std::all_of(code.begin(), code.end(), isAsciiLetter)
                            ? code.toString()
                            : QString::fromLatin1(QUrl::toPercentEncoding(code.toString()));
-  return QUrl(base + name + u".TXT");
+  return QUrl(base + name + u".TXT"_s);
 }
 
 } // namespace soran
