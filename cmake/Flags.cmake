@@ -7,7 +7,7 @@ add_library(soran-flags INTERFACE)
 target_compile_features(soran-flags INTERFACE cxx_std_20)
 target_compile_definitions(soran-flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH
-  QT_STRICT_ITERATORS)
+  QT_STRICT_ITERATORS QT_USE_QSTRINGBUILDER)
 target_compile_options(soran-flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wnull-dereference -Wduplicated-cond -Wimplicit-fallthrough -Wextra-semi -Werror
