@@ -62,6 +62,10 @@ class Console : public QObject {
  signals:
   void inputChanged();
   void busyChanged();
+  /// `done` of `total` stations of a run are taken over.
+  void progress(int done, int total);
+  /// A run has put its text on the screen; the start-up overlay goes.
+  void runEnded();
   /// Font, size, colours, scroll bar, pad or toolbar follow the settings anew.
   void displaySettingsApplied();
 
