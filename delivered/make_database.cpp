@@ -78,7 +78,7 @@ QString declaredType(SettingType type) {
   case SettingType::Date:
     return u"TEXT"_s;
   case SettingType::Version:
-    return u"NUMERIC"_s;
+    return QString(); // kept as written, text or number
   default:
     return u"INTEGER"_s;
   }

@@ -40,7 +40,7 @@ void DecodeRun::decodeRun() {
 void DecodeRun::commonEnd() {
   Console& console = program_.console;
   console.screen().setText(console.staging);
-  emit console.runEnded();
+  console.setOverlay(false);
   console.showReady();
   console.colourScreenText();
   if (program_.settings()[key::先頭行] == true && !console.flags.typedRun)

@@ -54,4 +54,11 @@ void Console::setBusy(bool busy) {
   emit busyChanged();
 }
 
+void Console::setOverlay(bool visible) {
+  if (overlay_ == visible)
+    return;
+  overlay_ = visible;
+  emit overlayChanged();
+}
+
 } // namespace soran

@@ -59,13 +59,16 @@ class Console : public QObject {
   bool busy() const { return busy_; }
   void setBusy(bool busy);
 
+  /// The banner over the screen at start.
+  bool overlay() const { return overlay_; }
+  void setOverlay(bool visible);
+
  signals:
   void inputChanged();
   void busyChanged();
   /// `done` of `total` stations of a run are taken over.
   void progress(int done, int total);
-  /// A run has put its text on the screen; the start-up overlay goes.
-  void runEnded();
+  void overlayChanged();
   /// Font, size, colours, scroll bar, pad or toolbar follow the settings anew.
   void displaySettingsApplied();
 
@@ -77,6 +80,7 @@ class Console : public QObject {
   QString inputlbl_;
   QString padlbl_;
   bool busy_ = false;
+  bool overlay_ = false;
 };
 
 } // namespace soran

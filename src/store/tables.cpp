@@ -109,11 +109,14 @@ bool isWholeDatabase(const QString& path) {
 }
 
 void compactDatabase(const QString& path, const QString& temporary) {
+  if (!fileExists(path))
+    throw StoreError("no database to compact");
   if (fileExists(temporary) && !QFile::remove(temporary))
     throw StoreError("cannot delete the stale compacted copy");
   {
     Database database;
-    database.open(path);
+    // An attached file is made only where the connection itself may make files.
+    database.open(path, Database::Mode::Create);
     database.attach(temporary, u"compacted"_s);
     database.query(u"SELECT sqlcipher_export('compacted')"_s);
     database.execute(u"DETACH DATABASE compacted"_s);

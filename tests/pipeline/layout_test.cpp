@@ -63,7 +63,7 @@ TEST(Layout, BodyIsCutByPositionAndIndentedToSixBlanks) {
        u"     TEMPO 2412/2415 4000 -RA BKN010\n"_s,
        u"      240500Z 2406/2512 33010KT\n      BECMG   2408/2409 36010KT\n"
        u"      TEMPO   2412/2415 4000 -RA BKN010\n"_s},
-      {ReportKind::Taf, u"2026/11/24 05:00\nTAF AMD RJTT 240500Z\n"_s, u"     RJTT 240500Z\n"_s},
+      {ReportKind::Taf, u"2026/11/24 05:00\nTAF AMD RJTT 240500Z\n"_s, u"      RJTT 240500Z\n"_s},
       {ReportKind::Metar, u"2026/11/24 05:00\nRJTT COR RECORD\n"_s, u"      COR   RECOR  D\n"_s},
       {ReportKind::Metar, u"2026/11/24 05:00\nRJTT"_s, u"      "_s},
       {ReportKind::Metar, QString(), u"      "_s},
