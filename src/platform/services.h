@@ -12,6 +12,7 @@
 #include "platform/shutdown.h"
 #include "platform/sounds.h"
 #include "platform/timers.h"
+#include "platform/waiting.h"
 
 namespace soran {
 
@@ -27,8 +28,11 @@ struct Services {
   Printers& printers;
   Pages& pages;
   Shutdown& shutdown;
+  Waiting& waiting;
   Endpoints endpoints;
   QString directory; ///< the program's directory, without trailing slash
+  /// The delivered database, for a start that finds no other; may be empty.
+  std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
 
   QString path(QStringView name) const { return directory + u'/' + name; }
 };
