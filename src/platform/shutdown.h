@@ -2,16 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
+
 namespace soran {
 
 /// Thrown by a wait that ends because the program was closed meanwhile. It carries the run behind the wait up
-/// to the event that started it, past every step that would still touch the screen or the database.
+/// to the event that started it, past every step that would still touch the screen or the database. Each
+/// event handler that can start a run catches it; it must not leave a handler.
 struct Unwind {};
 
 /// Tells the waits that the program is closing. One for each program; it outlives everything that waits.
-class Shutdown {
+class Shutdown final : public QObject {
+  Q_OBJECT
+
  public:
-  void request() { requested_ = true; }
+  /// Asks for the shutdown; emits closing() the first time.
+  void request();
   bool requested() const { return requested_; }
 
   /// Throws Unwind once the shutdown was requested. Called behind every wait.
@@ -19,6 +25,10 @@ class Shutdown {
     if (requested_)
       throw Unwind{};
   }
+
+ signals:
+  /// Every wait that is under way ends on this.
+  void closing();
 
  private:
   bool requested_ = false;

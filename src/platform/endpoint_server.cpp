@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/endpoint_server.h"
+
+#include <QAbstractHttpServer>
+#include <QHttpServerRequest>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace soran {
+
+namespace {
+
+class CountingListener final : public QTcpServer {
+ public:
+  explicit CountingListener(std::shared_ptr<int> count) : count_(std::move(count)) {}
+
+ protected:
+  void incomingConnection(qintptr handle) override {
+    ++*count_;
+    QTcpServer::incomingConnection(handle);
+  }
+
+ private:
+  std::shared_ptr<int> count_;
+};
+
+template <typename Value>
+const Value* longestPrefix(const QMap<QString, Value>& map, const QString& path) {
+  const Value* best = nullptr;
+  qsizetype length = -1;
+  for (auto it = map.cbegin(); it != map.cend(); ++it) {
+    if (path.startsWith(it.key()) && it.key().size() > length) {
+      best = &it.value();
+      length = it.key().size();
+    }
+  }
+  return best;
+}
+
+QByteArray chunk(const QByteArray& bytes) {
+  return QByteArray::number(bytes.size(), 16) + "\r\n" + bytes + "\r\n";
+}
+
+QByteArray headOf(const Answer& answer, bool chunked) {
+  QByteArray head =
+      "HTTP/1.1 " + QByteArray::number(answer.status) + (answer.status < 400 ? " OK" : " Error");
+  head += "\r\nContent-Type: " + answer.contentType;
+  for (const auto& [name, value] : answer.headers)
+    head += "\r\n" + name + ": " + value;
+  if (answer.status != 204)
+    head += chunked ? QByteArray("\r\nTransfer-Encoding: chunked")
+                    : "\r\nContent-Length: " + QByteArray::number(answer.body.size());
+  return head + "\r\n\r\n";
+}
+
+// The bytes that go over the line, and whether the connection ends behind them.
+std::pair<QByteArray, bool> wireForm(const Answer& answer, const Delivery& delivery) {
+  const QByteArray head = headOf(answer, delivery.chunked);
+  if (delivery.cutHead)
+    return {head.left(head.size() / 2), true};
+  const bool cut = delivery.cutAt.has_value();
+  const QByteArray body = answer.body.left(delivery.cutAt.value_or(answer.body.size()));
+  if (!delivery.chunked)
+    return {head + body, cut};
+  QByteArray chunks;
+  for (qsizetype at = 0; at < body.size(); at += 4096)
+    chunks += chunk(body.mid(at, 4096));
+  return {head + chunks + (cut ? QByteArray() : chunk({})), cut};
+}
+
+// Does nothing where the connection has ended meanwhile.
+void after(int milliseconds, QTcpSocket* socket, const std::function<void()>& action) {
+  auto* timer = new QTimer(socket);
+  timer->setSingleShot(true);
+  QObject::connect(timer, &QTimer::timeout, timer, action);
+  QObject::connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+  timer->start(milliseconds);
+}
+
+void drip(QTcpSocket* socket, const QByteArray& bytes, const Delivery& delivery, bool close) {
+  socket->write(bytes.left(delivery.dripBytes));
+  const QByteArray rest = bytes.mid(delivery.dripBytes);
+  if (!rest.isEmpty())
+    after(delivery.dripPause, socket, [=] { drip(socket, rest, delivery, close); });
+  else if (close)
+    socket->disconnectFromHost();
+}
+
+void send(QTcpSocket* socket, const Answer& answer, const Delivery& delivery) {
+  const auto [bytes, close] = wireForm(answer, delivery);
+  if (delivery.dripBytes > 0) {
+    drip(socket, bytes, delivery, close);
+    return;
+  }
+  socket->write(bytes);
+  if (close)
+    socket->disconnectFromHost();
+}
+
+} // namespace
+
+class EndpointServer::Http final : public QAbstractHttpServer {
+ public:
+  explicit Http(EndpointServer& owner) : owner_(owner) {}
+
+ protected:
+  bool handleRequest(const QHttpServerRequest& request, QTcpSocket* socket) override {
+    owner_.serve(request.url(), socket);
+    return true;
+  }
+  void missingHandler(const QHttpServerRequest& /*request*/, QTcpSocket* /*socket*/) override {}
+
+ private:
+  EndpointServer& owner_;
+};
+
+EndpointServer::EndpointServer()
+    : connections_(std::make_shared<int>(0)), http_(std::make_unique<Http>(*this)) {}
+
+EndpointServer::~EndpointServer() {
+  stop();
+}
+
+bool EndpointServer::start() {
+  if (listener_)
+    return true;
+  auto listener = std::make_unique<CountingListener>(connections_);
+  if (!listener->listen(QHostAddress::LocalHost, port_))
+    return false;
+  port_ = listener->serverPort();
+  listener_ = listener.get();
+  http_->bind(listener.release());
+  return true;
+}
+
+void EndpointServer::stop() {
+  if (!listener_)
+    return;
+  listener_->close();
+  const auto sockets = listener_->findChildren<QTcpSocket*>();
+  for (QTcpSocket* socket : sockets)
+    socket->abort();
+  // Later, because a handler may stop its own server.
+  listener_->deleteLater();
+  listener_.clear();
+}
+
+QString EndpointServer::baseAddress() const {
+  return u"http://127.0.0.1:"_s + QString::number(port_);
+}
+
+void EndpointServer::setAnswer(const QString& path, Answer answer) {
+  answers_.insert(path, std::move(answer));
+}
+
+void EndpointServer::removeFile(const QString& path) {
+  answers_.remove(path);
+}
+
+void EndpointServer::setHandler(const QString& prefix, Handler handler) {
+  handlers_.insert(prefix, std::move(handler));
+}
+
+void EndpointServer::setDelivery(const QString& prefix, Delivery delivery) {
+  deliveries_.insert(prefix, delivery);
+}
+
+int EndpointServer::connections() const {
+  return *connections_;
+}
+
+void EndpointServer::serve(const QUrl& url, QTcpSocket* socket) {
+  requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::FullyEncoded));
+  const Answer answer = answerTo(url);
+  const Delivery* set = longestPrefix(deliveries_, url.path(QUrl::FullyDecoded));
+  const Delivery delivery = set ? *set : Delivery{};
+  if (delivery.delay > 0)
+    after(delivery.delay, socket, [=] { send(socket, answer, delivery); });
+  else
+    send(socket, answer, delivery);
+}
+
+Answer EndpointServer::answerTo(const QUrl& url) const {
+  const QString path = url.path(QUrl::FullyDecoded);
+  if (const auto fixed = answers_.constFind(path); fixed != answers_.cend())
+    return *fixed;
+  if (const Handler* found = longestPrefix(handlers_, path)) {
+    // A copy, because a handler may set another in its place.
+    const Handler handler = *found;
+    if (auto answer = handler(url))
+      return *answer;
+  }
+  return {.body = "<html><head><title>404 Not Found</title></head><body><h1>Not Found</h1></body></html>\n",
+          .status = 404,
+          .contentType = "text/html; charset=utf-8"};
+}
+
+} // namespace soran

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/inet.h"
+#include "platform/shutdown.h"
+
+#include <QList>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <functional>
+#include <memory>
+
+namespace soran {
+
+/// The connections that all clients of a program share: a list of stations is fetched over one connection
+/// that is kept alive. No cookies, no cache. A proxy is used only where the environment names one
+/// (http_proxy and its kin), never for loopback. Must not outlive the application object.
+std::shared_ptr<QNetworkAccessManager> makeNetwork();
+
+/// The client for http, https and file addresses.
+///
+/// Redirects are followed, at most ten and never from https to http. An error status whose body begins with
+/// "<" is an answer like any other. A file address is read at once, without the event loop. open() may be
+/// called again while another open() of the same client waits; each then has its own transfer.
+class NetInet final : public Inet {
+ public:
+  static constexpr qint64 largestBody = 64LL * 1024 * 1024;
+
+  /// A body of more than `bodyLimit` bytes counts as a failure. `shutdown` outlives the client.
+  NetInet(std::shared_ptr<QNetworkAccessManager> network, const Shutdown& shutdown,
+          qint64 bodyLimit = largestBody);
+  ~NetInet() override;
+  NetInet(const NetInet&) = delete;
+  NetInet& operator=(const NetInet&) = delete;
+
+  Reply open(const QUrl& url) override;
+  bool stillExecuting() const override { return !transfers_.isEmpty(); }
+
+  /// Ends all transfers of this client, those of its outer waits included.
+  void cancel() override;
+
+  /// The total time of a transfer in seconds, redirects included; 60 at first, less than 1 counts as 1.
+  void setRequestTimeout(int seconds) override { timeout_ = seconds < 1 ? 1 : seconds; }
+  int requestTimeout() const override { return timeout_; }
+
+  /// Called with the address of each open() before it is asked; not for redirects.
+  void onRequest(std::function<void(const QUrl&)> hook) { hook_ = std::move(hook); }
+
+ private:
+  Reply readFile(const QUrl& url) const;
+  Reply fetch(const QUrl& url);
+  Reply judged(QNetworkReply& transfer) const;
+
+  std::shared_ptr<QNetworkAccessManager> network_;
+  const Shutdown& shutdown_;
+  qint64 bodyLimit_;
+  int timeout_ = 60;
+  std::function<void(const QUrl&)> hook_;
+  QList<QNetworkReply*> transfers_;
+};
+
+} // namespace soran

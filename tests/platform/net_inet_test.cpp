@@ -1,0 +1,261 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/net_inet.h"
+
+#include "platform/endpoint_server.h"
+#include "printing.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class NetInetTest : public ::testing::Test {
+ protected:
+  NetInetTest() { EXPECT_TRUE(server.start()); }
+  QUrl at(const QString& path) const { return QUrl(server.baseAddress() + path); }
+  static void after(int milliseconds, const std::function<void()>& action) {
+    QTimer::singleShot(milliseconds, action);
+  }
+
+  EndpointServer server;
+  Shutdown shutdown;
+  std::shared_ptr<QNetworkAccessManager> network = makeNetwork();
+  NetInet inet{network, shutdown, 100'000};
+};
+
+const QByteArray report = "2026/11/24 05:00\nRJTT 240500Z 36010KT 9999 FEW030 12/02 Q1018\n";
+
+} // namespace
+
+TEST_F(NetInetTest, TellsAnswersFromFailures) {
+  const QByteArray page = "<html>gone</html>";
+  const QByteArray half(report.left(report.size() / 2));
+  const struct {
+    const char* name;
+    Answer answer;
+    Delivery delivery;
+    bool ok;
+    QByteArray body = {};
+  } cases[] = {
+      {"whole", {.body = report}, {}, true, report},
+      {"chunked", {.body = report}, {.chunked = true}, true, report},
+      {"dripped", {.body = report}, {.dripBytes = 60, .dripPause = 5}, true, report},
+      {"late", {.body = report}, {.delay = 100}, true, report},
+      {"empty", {}, {}, true},
+      {"no content", {.status = 204}, {}, true},
+      {"latin-1", {.body = "caf\xe9"}, {}, true, "caf\xe9"},
+      {"error page", {.body = page, .status = 404}, {}, true, page},
+      {"refused page", {.body = page, .status = 400}, {}, true, page},
+      {"login page", {.body = page, .status = 401}, {}, true, page},
+      {"server's page", {.body = page, .status = 503}, {}, true, page},
+      {"plain 404", {.body = "not here", .status = 404}, {}, false},
+      {"empty 500", {.status = 500}, {}, false},
+      {"cut in the head", {.body = report}, {.cutHead = true}, false},
+      {"cut before the body", {.body = report}, {.cutAt = 0}, false},
+      {"cut in the body", {.body = report}, {.cutAt = half.size()}, false},
+      {"cut in a chunk", {.body = report}, {.chunked = true, .cutAt = half.size()}, false},
+      {"cut error page", {.body = page, .status = 404}, {.cutAt = 6}, false},
+      {"cut chunked page", {.body = page, .status = 404}, {.chunked = true, .cutAt = 6}, false},
+      {"as long as allowed", {.body = QByteArray(100'000, 'x')}, {}, true, QByteArray(100'000, 'x')},
+      {"too long", {.body = QByteArray(100'001, 'x')}, {}, false},
+      {"far too long, chunked", {.body = QByteArray(3'000'000, 'x')}, {.chunked = true}, false},
+      {"redirect to nowhere", {.status = 302, .headers = {{"Location", "ftp://127.0.0.1/"}}}, {}, false},
+      {"redirect for ever", {.status = 302, .headers = {{"Location", "/file"}}}, {}, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    server.setAnswer(u"/file"_s, c.answer);
+    server.setDelivery(u"/file"_s, c.delivery);
+    const Reply reply = inet.open(at(u"/file"_s));
+    EXPECT_EQ(reply.ok, c.ok);
+    EXPECT_EQ(reply.body, c.body);
+    EXPECT_FALSE(inet.stillExecuting());
+  }
+  const Reply unknown = inet.open(at(u"/unknown"_s));
+  EXPECT_TRUE(unknown.ok && unknown.body.startsWith('<'));
+}
+
+TEST_F(NetInetTest, FailsWhereThereIsNothingToReach) {
+  EndpointServer closed;
+  ASSERT_TRUE(closed.start());
+  closed.stop();
+  for (const QString& address :
+       {closed.baseAddress() + u"/x"_s, u"http://no-such-host.invalid/x"_s, u"ftp://127.0.0.1/x"_s,
+        server.baseAddress().replace(u"http:"_s, u"https:"_s), u"data:,x"_s, u""_s, u"nonsense"_s}) {
+    SCOPED_TRACE(address.toStdString());
+    EXPECT_FALSE(inet.open(QUrl(address)).ok);
+  }
+}
+
+TEST_F(NetInetTest, FollowsRedirectsToAnotherServer) {
+  EndpointServer other;
+  ASSERT_TRUE(other.start());
+  other.setFile(u"/b"_s, report);
+  server.setAnswer(u"/a"_s,
+                   {.status = 301, .headers = {{"Location", other.baseAddress().toLatin1() + "/b"}}});
+  QStringList asked;
+  inet.onRequest([&](const QUrl& url) { asked.append(url.path()); });
+  EXPECT_EQ(inet.open(at(u"/a"_s)).body, report);
+  EXPECT_EQ(asked, QStringList{u"/a"_s});
+  EXPECT_EQ(other.requests(), QStringList{u"/b"_s});
+}
+
+TEST_F(NetInetTest, EndsAtTheTimeOutEvenWhileBytesComeIn) {
+  server.setFile(u"/silent"_s, report);
+  server.setDelivery(u"/silent"_s, {.delay = 60'000});
+  server.setFile(u"/slow"_s, report.repeated(10));
+  server.setDelivery(u"/slow"_s, {.dripBytes = 5, .dripPause = 50});
+  inet.setRequestTimeout(1);
+  for (const QString& path : {u"/silent"_s, u"/slow"_s}) {
+    QElapsedTimer time;
+    time.start();
+    const Reply reply = inet.open(at(path));
+    EXPECT_FALSE(reply.ok);
+    EXPECT_EQ(reply.body, QByteArray());
+    EXPECT_GE(time.elapsed(), 950);
+    EXPECT_LT(time.elapsed(), 3000);
+  }
+}
+
+TEST_F(NetInetTest, CancelEndsTheTransfersOfItsOwnClientOnly) {
+  server.setFile(u"/silent"_s, report);
+  server.setDelivery(u"/silent"_s, {.delay = 60'000});
+  server.setFile(u"/other"_s, report);
+  server.setDelivery(u"/other"_s, {.delay = 200});
+  NetInet second(network, shutdown);
+  Reply other;
+  bool executing = false;
+  after(20, [&] { other = second.open(at(u"/other"_s)); });
+  after(100, [&] {
+    executing = inet.stillExecuting();
+    inet.cancel();
+  });
+  EXPECT_FALSE(inet.open(at(u"/silent"_s)).ok);
+  EXPECT_TRUE(executing);
+  EXPECT_TRUE(other.ok);
+}
+
+TEST_F(NetInetTest, ShutdownUnwindsEveryWaitAtOnce) {
+  server.setFile(u"/silent"_s, report);
+  server.setDelivery(u"/silent"_s, {.delay = 60'000});
+  bool innerUnwound = false;
+  after(20, [&] {
+    try {
+      inet.open(at(u"/silent"_s));
+    } catch (const Unwind&) {
+      innerUnwound = true;
+    }
+  });
+  after(100, [&] { shutdown.request(); });
+  QElapsedTimer time;
+  time.start();
+  EXPECT_THROW(inet.open(at(u"/silent"_s)), Unwind);
+  EXPECT_LT(time.elapsed(), 2000);
+  EXPECT_TRUE(innerUnwound);
+  server.clearRequests();
+  EXPECT_THROW(inet.open(at(u"/silent"_s)), Unwind);
+  EXPECT_EQ(server.requests(), QStringList());
+}
+
+TEST_F(NetInetTest, AnOpenInsideAWaitHasItsOwnAnswer) {
+  server.setFile(u"/outer"_s, "outer");
+  server.setFile(u"/inner"_s, "inner");
+  // The outer answer comes before the inner one, and then behind it.
+  for (const auto& [outerDelay, innerDelay] : {std::pair{100, 300}, std::pair{300, 50}}) {
+    server.setDelivery(u"/outer"_s, {.delay = outerDelay});
+    server.setDelivery(u"/inner"_s, {.delay = innerDelay});
+    QByteArray inner;
+    after(20, [&] { inner = inet.open(at(u"/inner"_s)).body; });
+    EXPECT_EQ(inet.open(at(u"/outer"_s)).body, "outer");
+    EXPECT_EQ(inner, "inner");
+    EXPECT_FALSE(inet.stillExecuting());
+  }
+}
+
+TEST_F(NetInetTest, FortyStationsShareOneConnection) {
+  server.setHandler(u"/"_s, [](const QUrl& url) { return Answer{.body = url.path().toLatin1()}; });
+  server.setDelivery(u"/"_s, {.delay = 50});
+  NetInet second(network, shutdown);
+  for (int i = 0; i < 40; ++i) {
+    const QString path = u"/%1.TXT"_s.arg(i);
+    EXPECT_EQ((i % 2 ? second : inet).open(at(path)).body, path.toLatin1());
+  }
+  EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(NetInetTest, AConnectionThatDiedMeanwhileIsMadeAnew) {
+  server.setFile(u"/a"_s, report);
+  EXPECT_TRUE(inet.open(at(u"/a"_s)).ok);
+  // Without a turn of the event loop in between the client has not yet seen the end of its connection.
+  server.stop();
+  ASSERT_TRUE(server.start());
+  EXPECT_EQ(inet.open(at(u"/a"_s)).body, report);
+  server.stop();
+  EXPECT_FALSE(inet.open(at(u"/a"_s)).ok);
+  ASSERT_TRUE(server.start());
+  EXPECT_EQ(inet.open(at(u"/a"_s)).body, report);
+}
+
+TEST_F(NetInetTest, AStationCodeArrivesAsItWasAsked) {
+  server.setFile(u"/羽田 ?.TXT"_s, report);
+  EXPECT_EQ(inet.open(at(u"/%E7%BE%BD%E7%94%B0%20%3F.TXT?a=b%26c"_s)).body, report);
+  EXPECT_EQ(server.requests(), QStringList{u"/%E7%BE%BD%E7%94%B0%20%3F.TXT?a=b%26c"_s});
+}
+
+TEST_F(NetInetTest, ReadsFoldersByTheSameRules) {
+  QTemporaryDir folder;
+  ASSERT_TRUE(QDir(folder.path()).mkpath(u"sub"_s));
+  const auto write = [&](const QString& name, const QByteArray& bytes) {
+    QFile file(folder.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+  };
+  write(u"RJTT.TXT"_s, report);
+  write(u"empty"_s, "");
+  write(u"羽田 1.TXT"_s, "<html>");
+  write(u"large"_s, QByteArray(100'001, 'x'));
+  const struct {
+    QString path;
+    bool ok;
+    QByteArray body = {};
+  } cases[] = {
+      {u"/RJTT.TXT"_s, true, report},
+      {u"/sub/../RJTT.TXT"_s, true, report},
+      {u"/empty"_s, true},
+      {u"/%E7%BE%BD%E7%94%B0%201.TXT"_s, true, "<html>"},
+      {u"/large"_s, false},
+      {u"/missing"_s, false},
+      {u"/sub"_s, false},
+      {u"/sub/..%2FRJTT.TXT"_s, false},
+      {u"/RJTT.TXT%00"_s, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.path.toStdString());
+    const Reply reply = inet.open(QUrl(QUrl::fromLocalFile(folder.path()).toString() + c.path));
+    EXPECT_EQ(reply.ok, c.ok);
+    EXPECT_EQ(reply.body, c.body);
+  }
+}
+
+TEST(Reply, TextIsUtf8WhereValidElseLatin1) {
+  const struct {
+    QByteArray body;
+    QStringView text;
+  } cases[] = {
+      {"", u""},
+      {"RJTT\r\n", u"RJTT\r\n"},
+      {"\xe7\xbe\xbd", u"羽"},
+      {"caf\xe9", u"caf\u00e9"},
+      {"\xe7\xbe", u"\u00e7\u00be"},
+      {"\xef\xbb\xbfRJTT", u"\ufeffRJTT"},
+      {"\xc0\xaf", u"\u00c0\u00af"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Reply({true, c.body}).text(), c.text) << c.body.toHex().toStdString();
+}
