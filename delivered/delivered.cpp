@@ -18,7 +18,7 @@ QList<Row> rowsOf(QStringView table) {
   const QString text = QString::fromUtf8(file(u"tables/"_s + table + u".tsv"));
   for (const QStringView line : QStringView(text).split(u'\n')) {
     const qsizetype tab = line.indexOf(u'\t');
-    if (tab > 0 && !line.startsWith(u'#'))
+    if (tab > 0 && !line.startsWith(u"# "))
       rows.append({line.first(tab).toString(), line.sliced(tab + 1).toString()});
   }
   return rows;

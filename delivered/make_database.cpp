@@ -30,7 +30,7 @@ std::vector<std::pair<QString, QString>> rowsOf(const QString& path) {
   std::vector<std::pair<QString, QString>> rows;
   const QString text = QString::fromUtf8(contents(path));
   for (const QString& line : text.split(u'\n', Qt::SkipEmptyParts)) {
-    if (line.startsWith(u'#'))
+    if (line.startsWith(u"# "))
       continue;
     const QStringList fields = line.split(u'\t');
     if (fields.size() != 2 || fields[0].isEmpty())

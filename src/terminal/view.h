@@ -55,6 +55,13 @@ class View : public QObject {
   /// The local date at the last key press.
   QDate today() const { return today_; }
 
+  /// Starts the automatic decode as ATO does, asking first where it is disabled.
+  void startAutomaticDecode();
+  /// Empties the screen and the staging buffer.
+  void clearScreen();
+  /// Opens the page of AIS Japan.
+  void showAis();
+
   /// "インターネットに接続できません" as a message.
   void noInternetAlert();
 
