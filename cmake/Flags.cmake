@@ -16,8 +16,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(soran-flags INTERFACE -Wno-unknown-warning-option)
 else()
   target_compile_options(soran-flags INTERFACE -fstack-clash-protection)
-  # GCC 12 reports null dereferences and bounds that cannot be reached inside the standard library's and Qt's inlined containers.
-  target_compile_options(soran-flags INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+  # GCC 12 reports null dereferences, bounds and uninitialised members that cannot be reached inside the standard library's and Qt's inlined containers.
+  target_compile_options(soran-flags INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread
+    -Wno-maybe-uninitialized)
 endif()
 target_compile_options(soran-flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 target_link_options(soran-flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)

@@ -35,6 +35,14 @@ void View::startAutomaticDecode() {
   cycle_.startAutomatic();
 }
 
+void View::setMinimised(bool minimised) {
+  program_.minimised = minimised;
+  if (minimised)
+    program_.services.forms.show(u"taskicon"_s);
+  else
+    cycle_.startTrayTimer();
+}
+
 void View::clearScreen() {
   Console& console = program_.console;
   console.screen().setText(u" "_s);

@@ -55,6 +55,8 @@ class View : public QObject {
   /// The local date at the last key press.
   QDate today() const { return today_; }
 
+  /// The main window is minimised to the tray, or restored.
+  void setMinimised(bool minimised);
   /// Starts the automatic decode as ATO does, asking first where it is disabled.
   void startAutomaticDecode();
   /// Empties the screen and the staging buffer.
