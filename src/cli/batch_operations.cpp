@@ -4,6 +4,7 @@
 #include "cli/batch_job.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
+#include "interpret/colouring.h"
 #include "pipeline/layout.h"
 #include "pipeline/sequence.h"
 #include "sun/sun_command.h"
@@ -32,6 +33,14 @@ QJsonValue layout(BatchJob& job) {
   else
     report = layoutReport(response, kind == u"METAR" ? ReportKind::Metar : ReportKind::Taf, job.settings);
   return QJsonObject{{u"stamp"_s, report.stamp}, {u"obsTime"_s, report.obsTime}, {u"body"_s, report.body}};
+}
+
+QJsonValue colour(BatchJob& job) {
+  const QString text = job.fields.text(u"text"_s);
+  const QString codes = job.fields.textOr(u"codes"_s, u" "_s);
+  const QString group = job.fields.textOr(u"group"_s, QString());
+  job.fields.finish();
+  return runsJson(colourRuns(text, job.settings, codes, group));
 }
 
 QJsonValue sequence(BatchJob& job) {
@@ -145,9 +154,11 @@ QJsonValue camera(BatchJob& job) {
 
 BatchOperation batchOperation(const QString& name) {
   static const QHash<QString, BatchOperation> operations = {
-      {u"layout"_s, layout},     {u"sequence"_s, sequence},   {u"sun"_s, sun},
-      {u"suntimes"_s, sunTimes}, {u"suntable"_s, sunTableOf}, {u"sungraph"_s, sunGraphOf},
-      {u"chart"_s, chart},       {u"camera"_s, camera},
+      {u"colour"_s, colour},       {u"layout"_s, layout},
+      {u"sequence"_s, sequence},   {u"sun"_s, sun},
+      {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf},
+      {u"sungraph"_s, sunGraphOf}, {u"chart"_s, chart},
+      {u"camera"_s, camera},
   };
   return operations.value(name, nullptr);
 }

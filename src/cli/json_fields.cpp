@@ -177,6 +177,13 @@ QList<QStringList> textRows(const QJsonArray& rows, const QString& name, int col
   return list;
 }
 
+QJsonArray runsJson(const std::vector<AttributeRun>& runs) {
+  QJsonArray list;
+  for (const AttributeRun& run : runs)
+    list.append(QJsonArray{run.start, run.length, run.colour, run.bold});
+  return list;
+}
+
 QByteArray lineOf(const QJsonObject& object) {
   return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }

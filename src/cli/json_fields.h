@@ -73,6 +73,9 @@ QJsonValue settingJson(SettingIndex index, const QVariant& value);
 /// Rows of texts, each with `columns` of them.
 QList<QStringList> textRows(const QJsonArray& rows, const QString& name, int columns);
 
+/// Runs as a list of [start, length, colour, bold].
+QJsonArray runsJson(const std::vector<AttributeRun>& runs);
+
 /// The object as one line of UTF-8, with its line end.
 QByteArray lineOf(const QJsonObject& object);
 

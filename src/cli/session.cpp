@@ -14,13 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QJsonArray runsJson(const std::vector<AttributeRun>& runs) {
-  QJsonArray list;
-  for (const AttributeRun& run : runs)
-    list.append(QJsonArray{run.start, run.length, run.colour, run.bold});
-  return list;
-}
-
 QChar keyOf(const QString& name) {
   static const QHash<QString, QChar> keys = {
       {u"Enter"_s, u'\r'}, {u"Backspace"_s, u'\b'}, {u"Escape"_s, u'\x1B'}};

@@ -3,6 +3,7 @@
 #include "screen/console.h"
 
 #include "base/text.h"
+#include "interpret/colouring.h"
 
 namespace soran {
 
@@ -35,6 +36,7 @@ void Console::showReady() {
 }
 
 void Console::colourScreenText() {
+  screen_.setRuns(colourRuns(screen_.text(), settings_.record(), recentCodes, groupName, screen_.runs()));
   inputlbl_.clear();
   caretToEnd();
   setPad(QString());
