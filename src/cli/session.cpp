@@ -31,7 +31,8 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
       program_(launch_.services({headless_, headless_, headless_, headless_, headless_, *this})),
       view_(program_) {
   launch_.onRequest([this](const QUrl& url) {
-    requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority));
+    if (!url.path().endsWith(u".sig"))
+      requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority));
   });
   headless_.onForm = [this](const QString& name) {
     if (name == u"pictureform")

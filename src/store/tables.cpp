@@ -34,8 +34,8 @@ void Tables::closeAll() {
   ++revision_;
 }
 
-RowSet* Tables::byName(QStringView table) {
-  for (RowSet& set : sets_) {
+const RowSet* Tables::byName(QStringView table) const {
+  for (const RowSet& set : sets_) {
     if (set.table() == table)
       return &set;
   }

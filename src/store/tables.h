@@ -45,7 +45,8 @@ class Tables {
   const Settings& settings() const { return settings_; }
 
   /// The row set of a table, null where there is no such table.
-  RowSet* byName(QStringView table);
+  RowSet* byName(QStringView table) { return const_cast<RowSet*>(std::as_const(*this).byName(table)); }
+  const RowSet* byName(QStringView table) const;
 
   /// Replaces all rows of a list table in one transaction and loads it anew: after a failure at any moment
   /// the file holds the former rows or the new ones. Each row is 順位 (where the table has it) and the other

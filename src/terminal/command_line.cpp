@@ -44,6 +44,16 @@ struct Row {
   Outcome (*act)(Command&);
 };
 
+Outcome update(Command& c) {
+  // The comparison must see a difference.
+  c.program().settings().storeValue(SettingIndex::SORANバージョン, 0);
+  c.console().appendScreen(crlf + u"AUTO UPDATE READY" + crlf);
+  c.console().showReady();
+  c.view.checkForNewVersion();
+  c.emptyPad();
+  return Outcome::Taken;
+}
+
 Outcome reset(Command& c) {
   c.console().appendScreen(crlf + crlf + u"DATABASE RESET SEQUENCE COMPLETED" + crlf);
   c.log(u"DATABASE RESET SEQUENCE"_s);
@@ -205,12 +215,13 @@ Outcome syntaxError(Command& c) {
 
 // The order of the rows decides: a dictionary word goes before a group, a group before most commands.
 constexpr Row chain[] = {
-    {u"RESET", true, reset},      {u"", false, abbreviation},     {u"", false, phrase},
-    {u"COUNTER", true, counter},  {u"HELP", true, help},          {u"AIS", false, ais},
-    {u"", false, group},          {u"ATO", true, startAutomatic}, {u"PRINT", false, print},
-    {u"/P", false, print},        {u"RL", true, reload},          {u"CLS", false, clearScreen},
-    {u"LOG", false, runningLog},  {u"EXIT", false, exitProgram},  {u"", false, networkGate},
-    {u"", false, sequencePrefix}, {u"", false, codeList},         {u"", false, syntaxError},
+    {u"UPDATE", true, update},    {u"RESET", true, reset},      {u"", false, abbreviation},
+    {u"", false, phrase},         {u"COUNTER", true, counter},  {u"HELP", true, help},
+    {u"AIS", false, ais},         {u"", false, group},          {u"ATO", true, startAutomatic},
+    {u"PRINT", false, print},     {u"/P", false, print},        {u"RL", true, reload},
+    {u"CLS", false, clearScreen}, {u"LOG", false, runningLog},  {u"EXIT", false, exitProgram},
+    {u"", false, networkGate},    {u"", false, sequencePrefix}, {u"", false, codeList},
+    {u"", false, syntaxError},
 };
 
 } // namespace

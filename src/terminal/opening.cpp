@@ -52,6 +52,7 @@ Opening::Result Opening::start() {
   if (!openDatabase())
     return Result::NoDatabase;
   recordVersion();
+  renewFiles();
   takeServerAddress();
   return Result::Started;
 }
@@ -72,21 +73,12 @@ bool Opening::networkIsThere() {
   return probe.isEmpty() ? isAnswer(version) : isAnswer(program_.services.inet.open(QUrl(probe)));
 }
 
-bool Opening::fetchFile(const QString& remote, const QString& local) {
-  const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + remote));
-  if (!isAnswer(reply) || !writeWhole(local, reply.body, true)) {
-    qCWarning(lcTerminal) << "passed over: fetching" << remote;
-    return false;
-  }
-  return true;
-}
-
 void Opening::fetchMissing() {
   const QString database = databasePath();
   firstStart_ = !fileExists(database) && !fileExists(database + u".bak");
   if (firstStart_) {
     const QString fetched = database + u".new";
-    if (fetchFile(u"/data/soran.mdb"_s, fetched) && isWholeDatabase(fetched))
+    if (update_.fetchFile(u"/data/soran.mdb"_s, fetched) && isWholeDatabase(fetched))
       replaceFile(fetched, database);
     QFile::remove(fetched);
   }
@@ -96,7 +88,7 @@ void Opening::fetchMissing() {
   for (const auto& [remote, local] : files) {
     const QString path = program_.services.path(local);
     if (!fileExists(path))
-      fetchFile(remote, path);
+      update_.fetchFile(remote, path);
   }
 }
 
@@ -117,7 +109,7 @@ QString Opening::restorationSource(const QString& target) {
   QFile::remove(target);
   if (isWholeDatabase(backup) && QFile::copy(backup, target))
     return u"BACKUP"_s;
-  if (fetchFile(u"/data/soran.mdb"_s, target) && isWholeDatabase(target))
+  if (update_.fetchFile(u"/data/soran.mdb"_s, target) && isWholeDatabase(target))
     return u"DELIVERED FILE"_s;
   if (writeWhole(target, program_.services.deliveredDatabase(), true) && isWholeDatabase(target))
     return u"DELIVERED FILE"_s;
@@ -156,6 +148,16 @@ void Opening::recordVersion() {
     settings.set(key::SORAN更新日, dateText(program_.services.clock));
     settings.update();
   });
+}
+
+void Opening::renewFiles() {
+  if (versionText_.isEmpty())
+    return;
+  const EndpointVersions versions = readVersions(versionText_);
+  update_.renewModule(versions.module);
+  // A database that lies elsewhere for this run is not the one to renew.
+  if (!spare_)
+    update_.renewDatabase(versions.database);
 }
 
 void Opening::takeServerAddress() {

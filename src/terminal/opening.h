@@ -3,6 +3,7 @@
 #pragma once
 
 #include "pipeline/program.h"
+#include "store/program_update.h"
 
 #include <QLockFile>
 #include <QTemporaryDir>
@@ -13,7 +14,8 @@ namespace soran {
 /// The start of the program: instance lock, network check, directories, missing files, database, versions.
 class Opening {
  public:
-  explicit Opening(Program& program) : program_(program) {}
+  explicit Opening(Program& program)
+      : program_(program), update_(program.services, program.tables, program.services.endpoints.update) {}
 
   enum class Result {
     Started,        ///< the main window may come up
@@ -33,17 +35,18 @@ class Opening {
   bool lockInstance();
   bool networkIsThere();
   void fetchMissing();
-  bool fetchFile(const QString& remote, const QString& local);
   bool openDatabase();
   bool restoreDatabase();
   QString restorationSource(const QString& target);
   void recordVersion();
+  void renewFiles();
   void takeServerAddress();
   QString databasePath() const {
     return spare_ ? spare_->filePath(QStringLiteral("soran.mdb")) : program_.services.path(u"soran.mdb");
   }
 
   Program& program_;
+  ProgramUpdate update_;
   std::unique_ptr<QLockFile> lock_;
   std::unique_ptr<QTemporaryDir> spare_; // holds the database where the directory cannot
   QString versionText_;

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/program_update.h"
 #include "terminal/command_line.h"
 #include "terminal/own_directory.h"
 
@@ -144,9 +145,7 @@ void View::checkVersionAtStart(bool& formsLoaded) {
     return;
   }
   if (settings[key::更新確認メッセージ] == true) {
-    const bool yes = program_.services.dialogs.question(
-        u" 確認"_s, u"SORAN は Version " + number +
-                        u" にアップデートされています　　\r\r最新版をダウンロードしますか？  ");
+    const bool yes = program_.services.dialogs.question(u" 確認"_s, versionQuestion(number));
     program_.services.shutdown.check();
     if (!yes)
       return;
@@ -157,20 +156,27 @@ void View::checkVersionAtStart(bool& formsLoaded) {
 }
 
 void View::passiveNotice(const QString& version) {
-  Console& console = program_.console;
-  console.flags.typedRun = false;
+  // The notice stands behind the first line, whatever was written after that.
+  constexpr qsizetype behindFirstLine = 18;
+  showNewVersionNotice(version, behindFirstLine);
+  program_.console.flags.typedRun = false;
   enterSeen_ = false;
+  program_.services.waiting.until([this] { return enterSeen_; });
+}
+
+void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
+  Console& console = program_.console;
   console.appendScreen(crlf + u"Now you can download a latest version " + version + crlf +
                        u"For download, keep network connection and select menu UPDATE or type 'UPDATE' out." +
                        crlf + crlf + u"To continue, hit ENTER key. " + crlf);
   console.flags.readyGap = true;
   console.showReady();
-  console.screen().paint(18, 162, yellow);
+  constexpr qsizetype noticeLength = 162;
+  console.screen().paint(paintFrom, noticeLength, yellow);
   console.caretToEnd();
-  program_.services.waiting.until([this] { return enterSeen_; });
 }
 
-bool View::updaterMayRun() const {
+bool View::updaterMayRun() {
   return fileExists(program_.services.path(u"update.exe"));
 }
 

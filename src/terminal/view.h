@@ -59,6 +59,8 @@ class View : public QObject {
   void setMinimised(bool minimised);
   /// Starts the automatic decode as ATO does, asking first where it is disabled.
   void startAutomaticDecode();
+  /// Asks the update endpoint for a newer program, tells what it found, and on a yes closes to hand over.
+  void checkForNewVersion();
   /// Empties the screen and the staging buffer.
   void clearScreen();
   /// Opens the page of AIS Japan.
@@ -76,9 +78,12 @@ class View : public QObject {
   void removeLeftovers();
   void readTimeZone();
   void firstActivation();
+  void offerVersion(const QString& version);
+  static QString versionQuestion(const QString& version);
   void checkVersionAtStart(bool& formsLoaded);
   void passiveNotice(const QString& version);
-  bool updaterMayRun() const;
+  void showNewVersionNotice(const QString& version, qsizetype paintFrom);
+  bool updaterMayRun();
   void enter();
   void stop();
   bool countExit();
