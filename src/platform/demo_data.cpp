@@ -122,12 +122,12 @@ std::optional<QByteArray> DemoData::latest(const QHash<QString, Records>& report
   if (found == reports.cend())
     return {};
   // Of two reports of the same minute the one recorded later counts.
-  const Record* last = nullptr;
-  for (const Record& record : *found) {
-    if (!last || lastTime(record.issued, now) >= lastTime(last->issued, now))
-      last = &record;
-  }
-  return entry(last->text, last->issued, lastTime(last->issued, now));
+  const auto last =
+      std::max_element(found->rbegin(), found->rend(), [&](const Record& one, const Record& other) {
+        return lastTime(one.issued, now) < lastTime(other.issued, now);
+      });
+  return last == found->rend() ? std::nullopt
+                               : std::optional(entry(last->text, last->issued, lastTime(last->issued, now)));
 }
 
 std::optional<QByteArray> DemoData::metarFile(const QString& station) const {
@@ -141,7 +141,7 @@ std::optional<QByteArray> DemoData::tafFile(const QString& station) const {
 QByteArray DemoData::cycleFile(int hour) const {
   const QDateTime now = clock_.now().toUTC();
   // The present hour of yesterday gives way to that of today.
-  const QDateTime begin = QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC).addSecs(-23 * 3600);
+  const QDateTime begin = QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC).addSecs(-23LL * 3600);
   QList<QByteArray> entries;
   for (const Records& records : observations_) {
     for (const Record& record : records) {

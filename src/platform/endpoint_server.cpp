@@ -153,19 +153,19 @@ QString EndpointServer::baseAddress() const {
   return u"http://127.0.0.1:"_s + QString::number(port_);
 }
 
-void EndpointServer::setAnswer(const QString& path, Answer answer) {
-  answers_.insert(path, std::move(answer));
+void EndpointServer::setAnswer(const QString& path, const Answer& answer) {
+  answers_.insert(path, answer);
 }
 
 void EndpointServer::removeFile(const QString& path) {
   answers_.remove(path);
 }
 
-void EndpointServer::setHandler(const QString& prefix, Handler handler) {
-  handlers_.insert(prefix, std::move(handler));
+void EndpointServer::setHandler(const QString& prefix, const Handler& handler) {
+  handlers_.insert(prefix, handler);
 }
 
-void EndpointServer::setDelivery(const QString& prefix, Delivery delivery) {
+void EndpointServer::setDelivery(const QString& prefix, const Delivery& delivery) {
   deliveries_.insert(prefix, delivery);
 }
 

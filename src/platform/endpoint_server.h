@@ -59,18 +59,18 @@ class EndpointServer {
   QString baseAddress() const;
 
   /// The answer to one path. It goes before a handler.
-  void setAnswer(const QString& path, Answer answer);
+  void setAnswer(const QString& path, const Answer& answer);
 
   /// A file with status 200 under one path.
   void setFile(const QString& path, const QByteArray& bytes) { setAnswer(path, {.body = bytes}); }
   void removeFile(const QString& path);
 
   /// What answers the paths that begin with `prefix`; of several prefixes the longest counts.
-  void setHandler(const QString& prefix, Handler handler);
+  void setHandler(const QString& prefix, const Handler& handler);
 
   /// How the answers to paths that begin with `prefix` are sent; of several prefixes the longest counts. "/"
   /// stands for all paths. A path that nothing answers gets an HTML page with status 404.
-  void setDelivery(const QString& prefix, Delivery delivery);
+  void setDelivery(const QString& prefix, const Delivery& delivery);
 
   /// The requests served, oldest first, each as path and query in their encoded form.
   QStringList requests() const { return requests_; }

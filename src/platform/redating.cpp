@@ -15,6 +15,7 @@ namespace {
 
 // In a form 'd' stands for a digit, "DD" for a day of the month; anything else stands for itself.
 constexpr QStringView issueTime = u"DDddddZ";
+constexpr QStringView bareTime = u"DDdd";
 constexpr QStringView trendTimes[] = {u"FMdddd", u"TLdddd", u"ATdddd"};
 constexpr QStringView forecastsOnly[] = {u"DDdd/DDdd",  u"FMDDdddd",    u"TXdd/DDddZ",
                                          u"TNdd/DDddZ", u"TXMdd/DDddZ", u"TNMdd/DDddZ"};
@@ -50,6 +51,7 @@ QString moved(QString group, QStringView form, QDate issued, qint64 days) {
 QString redated(const QString& report, QDate issued, qint64 days) {
   QStringList groups = report.split(u' ');
   const bool forecast = report.startsWith(u"TAF");
+  QString before;
   for (QString& group : groups) {
     if (fits(group, issueTime))
       group = moved(group, issueTime, issued, days);
@@ -57,6 +59,9 @@ QString redated(const QString& report, QDate issued, qint64 days) {
       if (forecast && fits(group, form))
         group = moved(group, form, issued, days);
     }
+    if (forecast && (before == u"AFT" || before == u"NEXT") && fits(group, bareTime))
+      group = moved(group, bareTime, issued, days);
+    before = group;
   }
   return groups.join(u' ');
 }

@@ -9,8 +9,9 @@ namespace soran {
 
 /// A report of the day `issued` (UTC) as it would read `days` days later: every group that holds a day of
 /// the month is moved, hours and minutes stay. These are the time of issue (ddhhmmZ) and, in a forecast (a
-/// report that begins with "TAF"), periods (ddhh/ddhh), temperatures (TX31/ddhhZ) and FMddhhmm. The trend of
-/// a METAR holds hours and minutes only (FM0220, TL0300) and stays as it is.
+/// report that begins with "TAF"), periods (ddhh/ddhh), temperatures (TX31/ddhhZ), FMddhhmm and the remarks
+/// on amendments (AFT ddhh, NEXT ddhh). The trend of a METAR holds hours and minutes only (FM0220, TL0300)
+/// and stays as it is.
 QString redated(const QString& report, QDate issued, qint64 days);
 
 /// An observation issued at `issued` as it would read if it were issued at `anew`: its time of issue is the
