@@ -8,13 +8,13 @@ BUILD := build/release
 # The main job on the embedded endpoint: the window where there is a display, else the command line.
 demo: build
 	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
-	  $(BUILD)/src/desktop/soran --demo --home $(BUILD)/demo-home; \
+	  $(BUILD)/bin/soran --demo --home $(BUILD)/demo-home; \
 	else \
-	  $(BUILD)/src/cli/soran-cli --demo --home $(BUILD)/demo-home run "RJTT RJAA"; \
+	  $(BUILD)/bin/soran-cli --demo --home $(BUILD)/demo-home run "RJTT RJAA"; \
 	fi
 
 run: build
-	@$(BUILD)/src/desktop/soran
+	@$(BUILD)/bin/soran
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure --no-tests=error -j 2

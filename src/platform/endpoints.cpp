@@ -12,12 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace soran {
 
-Endpoints Endpoints::builtIn(const QString& installed) {
-  const QString folder = QUrl::fromLocalFile(installed).toString(QUrl::StripTrailingSlash);
+Endpoints Endpoints::builtIn(const QString& delivered) {
   const QString reports = u"https://tgftp.nws.noaa.gov/pub/data/"_s;
   Endpoints e;
-  e.update = folder;
-  e.home = folder;
+  e.update = delivered + u"/update";
+  e.home = delivered;
   e.metar = reports + u"observations/metar/stations/"_s;
   e.taf = reports + u"forecasts/taf/stations/"_s;
   e.cycles = reports + u"observations/metar/cycles/"_s;

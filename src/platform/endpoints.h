@@ -19,8 +19,9 @@ struct Endpoints {
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
   QHash<QString, QString> others; ///< hosts of charts and cameras, by key
 
-  /// The addresses built into the program. `installed` is the folder of the installed update files.
-  static Endpoints builtIn(const QString& installed);
+  /// The addresses built into the program. `delivered` is the address of what comes with it: the update
+  /// endpoint is its folder update, the home page its own folder.
+  static Endpoints builtIn(const QString& delivered);
 
   /// These addresses, with those keys of the section [endpoints] of an INI file that it has. A file that does
   /// not exist or cannot be read changes nothing.

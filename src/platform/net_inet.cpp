@@ -80,7 +80,7 @@ Reply NetInet::open(const QUrl& url) {
   if (hook_)
     hook_(url);
   Reply reply;
-  if (url.isLocalFile())
+  if (url.isLocalFile() || url.scheme() == u"qrc")
     reply = readFile(url);
   else if (url.scheme() == u"http" || url.scheme() == u"https")
     reply = fetch(url);
@@ -99,7 +99,7 @@ Reply NetInet::readFile(const QUrl& url) const {
   const QString path = url.path(QUrl::FullyEncoded);
   if (path.contains(u"%2f", Qt::CaseInsensitive) || path.contains(u"%00"))
     return {};
-  QFile file(url.toLocalFile());
+  QFile file(url.isLocalFile() ? url.toLocalFile() : QString(u':' + url.path()));
   if (!QFileInfo(file).isFile() || file.size() > bodyLimit_ || !file.open(QIODevice::ReadOnly))
     return {};
   QByteArray body = file.readAll();

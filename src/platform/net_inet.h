@@ -18,7 +18,7 @@ namespace soran {
 /// (http_proxy and its kin), never for loopback. Must not outlive the application object.
 std::shared_ptr<QNetworkAccessManager> makeNetwork();
 
-/// The client for http, https and file addresses.
+/// The client for http, https and file addresses, and for files compiled into the program (qrc).
 ///
 /// Redirects are followed, at most ten and never from https to http. An error status whose body begins with
 /// "<" is an answer like any other. A file address is read at once, without the event loop. open() may be

@@ -9,6 +9,9 @@
 #include <string_view>
 #include <type_traits>
 
+// moc reads ASCII identifiers only.
+#ifndef Q_MOC_RUN
+
 namespace soran {
 
 /// The stored form of a column of the table 設定.
@@ -164,3 +167,5 @@ SORAN_SETTINGS(SORAN_SETTING_KEY)
 } // namespace key
 
 } // namespace soran
+
+#endif // Q_MOC_RUN

@@ -86,9 +86,9 @@ TEST_F(NetInetTest, FailsWhereThereIsNothingToReach) {
   EndpointServer closed;
   ASSERT_TRUE(closed.start());
   closed.stop();
-  for (const QString& address :
-       {closed.baseAddress() + u"/x"_s, u"http://no-such-host.invalid/x"_s, u"ftp://127.0.0.1/x"_s,
-        server.baseAddress().replace(u"http:"_s, u"https:"_s), u"data:,x"_s, u""_s, u"nonsense"_s}) {
+  for (const QString& address : QStringList{
+           closed.baseAddress() + u"/x"_s, u"http://no-such-host.invalid/x"_s, u"ftp://127.0.0.1/x"_s,
+           server.baseAddress().replace(u"http:"_s, u"https:"_s), u"data:,x"_s, u""_s, u"nonsense"_s}) {
     SCOPED_TRACE(address.toStdString());
     EXPECT_FALSE(inet.open(QUrl(address)).ok);
   }

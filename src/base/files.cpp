@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/files.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+namespace soran {
+
+bool fileExists(const QString& path) {
+  return QFileInfo::exists(path);
+}
+
+bool makePrivateDirectory(const QString& path) {
+  if (QFileInfo(path).isDir())
+    return true;
+  constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+  const QString parent = QFileInfo(QDir::cleanPath(path)).absolutePath();
+  if (parent != path && !QFileInfo(parent).isDir() && !makePrivateDirectory(parent))
+    return false;
+  return QDir().mkdir(path, ownerOnly) || QFileInfo(path).isDir();
+}
+
+bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly))
+    return false;
+  if (isPrivate && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
+    return false;
+  if (file.write(bytes) != bytes.size()) {
+    file.cancelWriting();
+    return false;
+  }
+  return file.commit();
+}
+
+QString textOfBytes(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  const QString text = decoder(bytes);
+  // An unfinished sequence at the end leaves no error behind, only a shorter text.
+  if (decoder.hasError() || text.toUtf8().size() != bytes.size())
+    return QString::fromLatin1(bytes);
+  return text;
+}
+
+} // namespace soran

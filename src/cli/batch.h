@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/line_input.h"
+
+#include <QIODevice>
+
+namespace soran {
+
+/// Answers jobs, one a line, until the input ends.
+void runBatch(LineInput& input, QIODevice& output);
+
+/// The answer to one line: {"id": ..., "result": ...} or {"id": ..., "error": "..."}.
+QByteArray answerJob(const QByteArray& line);
+
+} // namespace soran

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/forms.h"
+#include "platform/pages.h"
+#include "platform/printers.h"
+#include "platform/sounds.h"
+
+#include <QJsonArray>
+#include <deque>
+#include <functional>
+#include <optional>
+
+namespace soran {
+
+/// The user's desk where there is no window: whatever would be seen or heard is kept as a list, and answers
+/// are those that were laid ready.
+class Headless final : public Dialogs, public Forms, public Sounds, public Printers, public Pages {
+ public:
+  /// What came since the lists were emptied last, in order.
+  struct Seen {
+    QJsonArray dialogs;
+    QJsonArray forms;
+    QJsonArray sounds;
+    QJsonArray prints;
+    QJsonArray pages;
+  };
+  Seen takeSeen() { return std::exchange(seen_, {}); }
+
+  /// Answers to the next questions, oldest first; a question with none ready is answered with no.
+  std::deque<bool> answers;
+  /// Answers to the next file or printer dialogues; nothing cancels, as does an empty queue.
+  std::deque<std::optional<QString>> choices;
+  QStringList printers;
+
+  /// Called for each message and question, with its text; and for each form, with its name.
+  std::function<void(const QString&)> onDialog = [](const QString&) {};
+  std::function<void(const QString&)> onForm = [](const QString&) {};
+
+  bool question(const QString& title, const QString& text) override;
+  void message(const QString& title, const QString& text) override;
+  std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
+  std::optional<QString> choosePrinter(const QStringList& installedPrinters, const QString& current) override;
+
+  void show(const QString& name) override;
+  void showModal(const QString& name) override { show(name); }
+  void hide(const QString&) override {}
+
+  void play(const QString& path) override;
+
+  QStringList installed() const override { return printers; }
+  bool print(const PrintJob& job) override;
+
+  void openExternally(const QString& address) override { seen_.pages.append(address); }
+  void openInPane(const QString& address) override { seen_.pages.append(address); }
+  void closePane() override {}
+
+ private:
+  std::optional<QString> takeChoice();
+  void addDialog(const QString& kind, const QString& title, const QString& text, const QString& answer);
+
+  Seen seen_;
+};
+
+} // namespace soran

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/json_fields.h"
+
+#include <QJsonDocument>
+#include <cmath>
+#include <limits>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+QJsonObject objectOf(const QByteArray& line) {
+  QJsonParseError error{};
+  const QJsonDocument document = QJsonDocument::fromJson(line, &error);
+  if (error.error != QJsonParseError::NoError)
+    throw InputError(u"not JSON: "_s + error.errorString());
+  if (!document.isObject())
+    throw InputError(u"not a JSON object"_s);
+  return document.object();
+}
+
+QJsonValue Fields::take(const QString& name) {
+  const auto found = object_.constFind(name);
+  if (found == object_.constEnd())
+    throw InputError(u"missing field \""_s + name + u'"');
+  taken_.insert(name);
+  return *found;
+}
+
+QJsonValue Fields::any(const QString& name) {
+  return take(name);
+}
+
+QString Fields::text(const QString& name) {
+  const QJsonValue value = take(name);
+  if (!value.isString())
+    throw InputError(u"field \""_s + name + u"\" is not a text");
+  return value.toString();
+}
+
+QString Fields::textOr(const QString& name, const QString& otherwise) {
+  return has(name) ? text(name) : otherwise;
+}
+
+bool Fields::flag(const QString& name) {
+  const QJsonValue value = take(name);
+  if (!value.isBool())
+    throw InputError(u"field \""_s + name + u"\" is not true or false");
+  return value.toBool();
+}
+
+int wholeNumber(const QJsonValue& value, const QString& name) {
+  const double number = value.toDouble(std::numeric_limits<double>::quiet_NaN());
+  if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()) ||
+      number != std::floor(number))
+    throw InputError(u"\""_s + name + u"\" is not a whole number");
+  return static_cast<int>(number);
+}
+
+int Fields::integer(const QString& name) {
+  return wholeNumber(take(name), name);
+}
+
+std::optional<int> Fields::integerIfThere(const QString& name) {
+  if (!has(name))
+    return std::nullopt;
+  return integer(name);
+}
+
+QJsonObject Fields::object(const QString& name) {
+  const QJsonValue value = take(name);
+  if (!value.isObject())
+    throw InputError(u"field \""_s + name + u"\" is not an object");
+  return value.toObject();
+}
+
+QJsonArray Fields::array(const QString& name) {
+  const QJsonValue value = take(name);
+  if (!value.isArray())
+    throw InputError(u"field \""_s + name + u"\" is not a list");
+  return value.toArray();
+}
+
+QStringList Fields::texts(const QString& name) {
+  QStringList list;
+  for (const QJsonValue& value : array(name)) {
+    if (!value.isString())
+      throw InputError(u"field \""_s + name + u"\" is not a list of texts");
+    list.append(value.toString());
+  }
+  return list;
+}
+
+QDate Fields::date(const QString& name) {
+  const QString value = text(name);
+  const QDate date = QDate::fromString(value, u"yyyy-MM-dd"_s);
+  if (!date.isValid())
+    throw InputError(u"field \""_s + name + u"\" is not a date such as 2026-11-24");
+  return date;
+}
+
+QDateTime Fields::localTime(const QString& name) {
+  const QString value = text(name);
+  const QDateTime time = QDateTime::fromString(value, u"yyyy-MM-dd'T'HH:mm:ss"_s);
+  if (!time.isValid())
+    throw InputError(u"field \""_s + name + u"\" is not a local time such as 2026-11-24T14:20:00");
+  return time;
+}
+
+void Fields::finish() const {
+  for (auto i = object_.constBegin(); i != object_.constEnd(); ++i) {
+    if (!taken_.contains(i.key()))
+      throw InputError(u"unknown field \""_s + i.key() + u'"');
+  }
+}
+
+QVariant settingValue(SettingIndex index, const QJsonValue& value) {
+  const SettingSpec& spec = settingSpecs[static_cast<size_t>(index)];
+  const QString name = spec.column.toString();
+  const auto wrong = [&name](QStringView wanted) {
+    return InputError(u"\""_s + name + u"\" is not " + wanted);
+  };
+  switch (spec.type) {
+  case SettingType::YesNo:
+    if (!value.isBool())
+      throw wrong(u"true or false");
+    return value.toBool();
+  case SettingType::Integer:
+  case SettingType::Rgb:
+    return wholeNumber(value, name);
+  case SettingType::Version:
+    if (!value.isDouble() && !value.isString())
+      throw wrong(u"a version");
+    return value.toVariant();
+  case SettingType::Text:
+  case SettingType::Date:
+    break;
+  }
+  if (!value.isString())
+    throw wrong(u"a text");
+  return value.toString();
+}
+
+std::vector<std::pair<SettingIndex, QVariant>> settingValues(const QJsonObject& object) {
+  std::vector<std::pair<SettingIndex, QVariant>> values;
+  for (auto i = object.constBegin(); i != object.constEnd(); ++i) {
+    const std::optional<SettingIndex> index = settingByColumn(i.key());
+    if (!index)
+      throw InputError(u"unknown setting \""_s + i.key() + u'"');
+    values.emplace_back(*index, settingValue(*index, i.value()));
+  }
+  return values;
+}
+
+QJsonValue settingJson(SettingIndex index, const QVariant& value) {
+  if (value.isNull())
+    return QJsonValue::Null;
+  if (settingSpecs[static_cast<size_t>(index)].type == SettingType::YesNo)
+    return value.typeId() == QMetaType::Bool ? value.toBool() : value.toLongLong() != 0;
+  return QJsonValue::fromVariant(value);
+}
+
+QList<QStringList> textRows(const QJsonArray& rows, const QString& name, int columns) {
+  QList<QStringList> list;
+  for (const QJsonValue& row : rows) {
+    QStringList fields;
+    for (const QJsonValue& field : row.toArray()) {
+      if (field.isString())
+        fields.append(field.toString());
+    }
+    if (!row.isArray() || fields.size() != columns || row.toArray().size() != columns)
+      throw InputError(u"a row of \""_s + name + u"\" is not a list of " + QString::number(columns) +
+                       u" texts");
+    list.append(fields);
+  }
+  return list;
+}
+
+QJsonArray runsJson(const std::vector<AttributeRun>& runs) {
+  QJsonArray list;
+  for (const AttributeRun& run : runs)
+    list.append(QJsonArray{run.start, run.length, run.colour, run.bold});
+  return list;
+}
+
+QByteArray lineOf(const QJsonObject& object) {
+  return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+} // namespace soran

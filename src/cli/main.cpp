@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/batch.h"
+#include "cli/run.h"
+#include "cli/session.h"
+#include "delivered.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <unistd.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int badArguments = 2;
+
+QByteArray helpText() {
+  return QString::fromUtf8(
+             "soran-cli: SORAN, the aviation weather terminal, without a window\n\n"
+             "  soran-cli [OPTIONS] run LINE...   starts, types each LINE and Enter, prints the screen, "
+             "stops\n"
+             "  soran-cli [OPTIONS] session       an event a line in, the state a line out, both JSON "
+             "(--runs "
+             "adds colours)\n"
+             "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n\n")
+      .append(optionsHelp())
+      .toUtf8();
+}
+
+int refuse(QFile& errors, const QString& why) {
+  errors.write(QString(u"soran-cli: "_s + why + u"\n").toUtf8());
+  return badArguments;
+}
+
+int runCall(LaunchOptions options, QFile& output, QFile& errors) {
+  const QString call = options.rest.takeFirst();
+  if (call == u"run") {
+    if (options.rest.isEmpty())
+      return refuse(errors, u"run needs a line to type"_s);
+    return runLines(options, delivered::file, options.rest, output, errors);
+  }
+  LineInput input(STDIN_FILENO);
+  if (call == u"session") {
+    const bool runs = options.rest.removeAll(u"--runs"_s) > 0;
+    if (!options.rest.isEmpty())
+      return refuse(errors, u"session takes no further arguments"_s);
+    return Session(options, delivered::file, input, output, runs).run();
+  }
+  if (call == u"batch") {
+    if (!options.rest.isEmpty())
+      return refuse(errors, u"batch takes no further arguments"_s);
+    runBatch(input, output);
+    return 0;
+  }
+  return refuse(errors, u"unknown call " + call);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication app(argc, argv);
+  QCoreApplication::setApplicationName(u"soran"_s);
+  QFile output;
+  QFile errors;
+  if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+      !errors.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
+    return 1;
+  const LaunchOptions options = readOptions(QCoreApplication::arguments().mid(1));
+  if (!options.error.isEmpty())
+    return refuse(errors, options.error);
+  if (options.help) {
+    output.write(helpText());
+    return 0;
+  }
+  if (options.version) {
+    output.write(QString(u"soran-cli "_s + programVersion + u"\n").toUtf8());
+    return 0;
+  }
+  if (options.rest.isEmpty())
+    return refuse(errors, u"no call given; see soran-cli --help"_s);
+  return runCall(options, output, errors);
+}

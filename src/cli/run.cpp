@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/run.h"
+
+#include "cli/headless.h"
+#include "terminal/opening.h"
+#include "terminal/picture_lookup.h"
+#include "terminal/view.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Types the lines; a start that waits for the Enter key gets the first of them.
+class Typist final : public Waiting {
+ public:
+  Typist(const QStringList& lines, Shutdown& shutdown) : lines_(lines), shutdown_(shutdown) {}
+
+  void typeNext(View& target) {
+    const QString line = next_ < lines_.size() ? lines_[next_] : QString();
+    ++next_;
+    for (const QChar c : line)
+      target.handleKey(c);
+    target.handleKey(u'\r');
+  }
+  bool hasMore() const { return next_ < lines_.size(); }
+
+  void until(const std::function<bool()>& done) override {
+    while (!done()) {
+      typeNext(*view);
+      shutdown_.check();
+    }
+  }
+
+  View* view = nullptr;
+
+ private:
+  const QStringList& lines_;
+  Shutdown& shutdown_;
+  qsizetype next_ = 0;
+};
+
+} // namespace
+
+QString startFailure(int result) {
+  switch (static_cast<Opening::Result>(result)) {
+  case Opening::Result::AlreadyRunning:
+    return u"SORAN はすでに起動しています"_s;
+  case Opening::Result::NoNetwork:
+    return u"インターネットに接続できません"_s;
+  case Opening::Result::NoDirectory:
+    return u"プログラムのディレクトリを作成できません"_s;
+  case Opening::Result::NoDatabase:
+    return u"データベースを開けません"_s;
+  case Opening::Result::Started:
+    break;
+  }
+  return {};
+}
+
+int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStringList& lines,
+             QIODevice& output, QIODevice& errors) {
+  SteppedTimers timers;
+  Launch launch(options, timers, std::move(delivered));
+  Headless desk;
+  Typist typist(lines, launch.shutdown());
+  Program program(launch.services({desk, desk, desk, desk, desk, typist}));
+  if (launch.demo())
+    errors.write("DEMONSTRATION DATA\n");
+  Opening opening(program);
+  const Opening::Result result = opening.start();
+  if (result != Opening::Result::Started) {
+    errors.write(u"soran-cli: "_s.append(startFailure(static_cast<int>(result))).append(u'\n').toUtf8());
+    return 1;
+  }
+  desk.onDialog = [&errors](const QString& text) {
+    errors.write(QString(text).replace(u'\r', u'\n').trimmed().append(u'\n').toUtf8());
+  };
+  desk.onForm = [&program](const QString& name) {
+    if (name == u"pictureform")
+      takePicture(program.services);
+  };
+  View view(program);
+  typist.view = &view;
+  view.guarded([&] { view.start(opening.notice()); });
+  while (typist.hasMore() && !view.ended())
+    typist.typeNext(view);
+  QString text = program.console.screen().text();
+  text.replace(u"\r\n"_s, u"\n"_s);
+  if (!text.endsWith(u'\n'))
+    text += u'\n';
+  output.write(text.toUtf8());
+  view.close();
+  return 0;
+}
+
+} // namespace soran

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/headless.h"
+#include "cli/json_fields.h"
+#include "cli/line_input.h"
+#include "terminal/launch.h"
+#include "terminal/view.h"
+
+#include <QIODevice>
+
+namespace soran {
+
+/// The program driven by events, one a line, that tells its state, one a line, both JSON.
+class Session final : private Waiting {
+ public:
+  Session(const LaunchOptions& options, DeliveredFile delivered, LineInput& input, QIODevice& output,
+          bool runs);
+  ~Session() override;
+
+  /// Runs from the start to the end of the input or of the program. The exit status: 1 where the start ended
+  /// at once.
+  int run();
+
+ private:
+  void until(const std::function<bool()>& done) override;
+  bool handleNextLine();
+  void handle(Fields event);
+  void type(const QString& characters);
+  void tick(int seconds);
+  void writeState();
+  void writeError(const QString& fault);
+  QJsonObject state();
+  QJsonArray rowsOf(const QString& table);
+  void rewrite(Fields& event);
+  void setSettings(const QJsonObject& values);
+  void minimise(bool minimised);
+  int endedAtOnce();
+
+  LineInput& input_;
+  QIODevice& output_;
+  bool withRuns_;
+  SteppedTimers timers_;
+  Launch launch_;
+  Headless headless_;
+  Program program_;
+  View view_;
+  int event_ = 0;
+  bool atEnd_ = false;
+  QJsonArray requests_;
+  std::optional<QJsonArray> rows_;
+  std::optional<QString> tip_;
+};
+
+} // namespace soran

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringView>
+
+/// The notice ahead of the weather charts, the form adobeinfo: some charts are PDF files.
+namespace soran {
+
+namespace adobe_notice {
+inline constexpr QStringView title = u" インフォメーション";
+inline constexpr QStringView text =
+    u"一部の天気図は PDF ファイルで提供されており、SORAN のウィンドウ内にそのまま表示されます.\r\n\r\n"
+    u"SORAN を終了して Adobe Reader をダウンロードするには下のバナーをクリックしてください.";
+inline constexpr QStringView checkBox = u"以後このメッセージを表示しない";
+inline constexpr QStringView closeButton = u"閉じる";
+inline constexpr QStringView downloadPage = u"https://get.adobe.com/jp/reader/";
+
+/// Status lines: ahead of the notice, ahead of the charts, and where the user left for the download.
+inline constexpr QStringView statusNotice = u"DISPLAY ADOBE PDF INFORMATION";
+inline constexpr QStringView statusChart = u"DISPLAY WEATHER CHART";
+inline constexpr QStringView statusUnload = u"SYSTEM UNLOAD";
+} // namespace adobe_notice
+
+/// How the user closed the notice.
+struct AdobeNoticeAnswer {
+  bool dontShowAgain = false; ///< the check box is on
+  bool banner = false;        ///< closed by a click on the banner
+};
+
+/// What follows from it.
+struct AdobeNoticeOutcome {
+  bool storeSetting = false; ///< アドビインフォメーション becomes true
+  bool openDownload = false; ///< the download page opens in the system's browser
+  bool showChart = true;     ///< the charts open; else the program ends
+  bool operator==(const AdobeNoticeOutcome&) const = default;
+};
+
+/// The notice is due while the setting アドビインフォメーション is false.
+constexpr bool adobeNoticeDue(bool settingShown) {
+  return !settingShown;
+}
+
+constexpr AdobeNoticeOutcome adobeNoticeOutcome(AdobeNoticeAnswer answer) {
+  return {answer.dontShowAgain, answer.banner, !answer.banner};
+}
+
+} // namespace soran

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pipeline/layout.h"
+#include "pipeline/program.h"
+
+#include <functional>
+#include <optional>
+
+namespace soran {
+
+/// What one fetch of a report left.
+struct FetchResult {
+  QString fetchedText; ///< the body laid out, or the line of a refused file
+  QString obsTime;     ///< time label, empty where the file was refused
+  bool found = true;   ///< the file was there
+};
+
+/// Fetches, lays out and shows a list of stations: the one way in which reports reach the screen.
+class DecodeRun {
+ public:
+  explicit DecodeRun(Program& program) : program_(program) {}
+
+  /// One run over `currentInput` with the flags as they stand. Waits in the event loop; throws Unwind where
+  /// the program was closed meanwhile.
+  void decodeRun();
+
+  /// Rebuilds the station table, in `autoMode` from the automatic list.
+  void loadStationTable();
+
+  /// Called where a sequence run finds an hour whose file has not come yet.
+  std::function<void()> onMissingCycleFile = [] {};
+
+  /// The announcements at the end of a run that the cycle started.
+  std::function<void()> announceChanges = [] {};
+
+ private:
+  void normalRun();
+  void japaneseRun();
+  void sequenceRun();
+  void sequenceFromRecord(const QString& list);
+  void sequenceFromCycles(const QString& list);
+  void commonEnd();
+
+  void decodeStation(const QString& code);
+  FetchResult fetchReport(const QString& code, ReportKind kind);
+  /// The text of a METAR station file, nothing where it was refused or the transfer failed.
+  std::optional<QString> fetchStation(const QString& code, ReportKind kind);
+  void appendTitle(const QString& list);
+  void appendGroupOpening(const QString& list);
+  void logTaf(const QString& code, const QString& fetchedText);
+  QString clockText() const;
+
+  Program& program_;
+};
+
+} // namespace soran

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/settings_record.h"
+
+#include <QString>
+
+namespace soran {
+
+/// The two kinds of station files (WMO No. 306, FM 15/16 and FM 51).
+enum class ReportKind { Metar, Taf };
+
+/// A station file, laid out.
+struct StationReport {
+  QString stamp;   ///< HH:MM of the file's first line, trimmed of blanks, not validated
+  QString obsTime; ///< time label such as 0500Z or 1400I
+  QString body;    ///< the report behind the station code, indented by six blanks
+};
+
+/// The stamp of a station file: its characters 12 to 16 (from 1), trimmed of blanks.
+QString stampOf(QStringView response);
+
+/// Lays a station file out by positions and plain replacements. The response is not parsed: whatever it holds
+/// gives a result.
+StationReport layoutReport(QStringView response, ReportKind kind, const SettingsRecord& settings);
+
+/// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
+/// Observation schedules of the region served set this rule; the text of a report is not asked.
+bool isRoutineMinute(int minute);
+
+/// "  METAR " or "  SPECI ", as it stands behind a station code.
+QString kindWord(bool routine);
+
+/// The hour in the zone that the settings ask for: `hour` plus 時差, wrapped once into the day, where
+/// LOCAL使用 is true; otherwise `hour`.
+int displayedHour(int hour, const SettingsRecord& settings);
+
+/// The letter behind a displayed time.
+QString displayedZone(const SettingsRecord& settings);
+
+/// The heading of a single report line ("RJTT 240500Z ..."): line end, `code`, kind and time label. The label
+/// alone is in `time`.
+struct LineHeading {
+  QString text;
+  QString time;
+};
+LineHeading lineHeading(QStringView code, QStringView line, const SettingsRecord& settings);
+
+} // namespace soran

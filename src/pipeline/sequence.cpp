@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pipeline/sequence.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "base/zone_letter.h"
+#include "pipeline/layout.h"
+
+#include <bitset>
+#include <cstring>
+#include <unordered_map>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int wrappedHour(int hour) {
+  if (hour < 0)
+    return hour + 24;
+  return hour > 23 ? hour - 24 : hour;
+}
+
+quint32 keyAt(const char* p) {
+  quint32 key = 0;
+  std::memcpy(&key, p, 4);
+  return key;
+}
+
+constexpr size_t filterBits = 1 << 14;
+size_t filterSlot(quint32 key) {
+  return (key * 2654435761U) >> 18;
+}
+
+QString blockLine(const QString& code, QStringView line, const SettingsRecord& settings, bool latest) {
+  QString text = lineHeading(code, line, settings).text;
+  if (latest)
+    text += u" (LATEST ISSUED)"_s;
+  return text + crlf + u"      " + mid1(line, 6).toString();
+}
+
+} // namespace
+
+std::vector<int> sequenceHours(QTime now, const SettingsRecord& settings, int systemZoneOffset) {
+  const int offset = settings[key::LOCAL使用] == true ? settings.zoneOffset() : systemZoneOffset;
+  const int span = settings[key::シーケンス時間].value_or(0);
+  const int utcHour = wrappedHour(now.hour() - offset);
+  const int firstHour = wrappedHour(utcHour - span);
+  std::vector<int> hours;
+  for (int i = 0; i <= span; ++i)
+    hours.push_back(wrappedHour(firstHour + i));
+  return hours;
+}
+
+QString sequenceHourLabel(int utcHour, const SettingsRecord& settings) {
+  if (settings[key::LOCAL使用] != true)
+    return twoDigits(utcHour) + u"00Z";
+  int hour = utcHour + settings.zoneOffset();
+  if (hour > 23)
+    hour -= 24;
+  const QString label = QString::number(hour) + u"00" + ZoneLetter(settings.zoneOffset());
+  return hour < 10 ? u'0' + label : label;
+}
+
+CycleFile::CycleFile(QByteArray text, const std::vector<QString>& codes)
+    : text_(std::move(text)), found_(codes.size()) {
+  findFourLetterCodes(codes);
+  for (size_t i = 0; i < codes.size(); ++i) {
+    if (codes[i].toUtf8().size() != 4)
+      findOther(i, codes[i]);
+  }
+}
+
+void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
+  // The text is some hundred kilobytes of the whole world's reports and the codes are few: a small filter of
+  // the four bytes at each place sends nearly all of them on at once.
+  std::bitset<filterBits> filter;
+  std::unordered_map<quint32, std::vector<size_t>> wanted;
+  for (size_t i = 0; i < codes.size(); ++i) {
+    const QByteArray code = codes[i].toUtf8();
+    if (code.size() != 4)
+      continue;
+    const quint32 key = keyAt(code.constData());
+    wanted[key].push_back(i);
+    filter.set(filterSlot(key));
+  }
+  if (wanted.empty() || text_.size() < 4)
+    return;
+  const char* const data = text_.constData();
+  const qsizetype last = text_.size() - 4;
+  for (qsizetype i = 0; i <= last; ++i) {
+    const quint32 key = keyAt(data + i);
+    if (!filter.test(filterSlot(key)))
+      continue;
+    const auto hit = wanted.find(key);
+    if (hit == wanted.end())
+      continue;
+    const qsizetype lf = text_.indexOf('\n', i);
+    const qsizetype end = lf < 0 ? text_.size() : lf;
+    for (const size_t index : hit->second) {
+      // The search goes on behind the line that was taken.
+      if (found_[index].empty() || found_[index].back().end <= i)
+        found_[index].push_back({i, end});
+    }
+  }
+}
+
+void CycleFile::findOther(size_t index, const QString& code) {
+  const QByteArray word = code.toUtf8();
+  if (word.isEmpty())
+    return;
+  for (qsizetype i = text_.indexOf(word); i >= 0;) {
+    const qsizetype lf = text_.indexOf('\n', i);
+    const qsizetype end = lf < 0 ? text_.size() : lf;
+    found_[index].push_back({i, end});
+    i = lf < 0 ? -1 : text_.indexOf(word, lf);
+  }
+}
+
+std::vector<QString> CycleFile::lines(size_t index) const {
+  std::vector<QString> lines;
+  for (const Stretch& stretch : found_[index])
+    lines.push_back(textOfBytes(text_.mid(stretch.begin, stretch.end - stretch.begin)));
+  return lines;
+}
+
+SequenceBlock sequenceBlock(const QString& code, size_t index, const std::optional<QString>& latestText,
+                            const std::vector<int>& hours, const CycleFiles& files,
+                            const SettingsRecord& settings, bool& latestShown) {
+  constexpr qsizetype keyLength = 12;
+  SequenceBlock block;
+  if (!latestText) {
+    block.text = crlf + code + u"  NOT FOUND" + crlf;
+    return block;
+  }
+  QString seenKeys;
+  for (size_t h = 0; h < hours.size(); ++h) {
+    const QString label = sequenceHourLabel(hours[h], settings);
+    const CycleFile* file = files(hours[h]);
+    if (!file) {
+      block.text += crlf + code + u"  LOADING SEQUENCE DATA AT " + label + crlf;
+      block.missingFile = true;
+      continue;
+    }
+    bool gaveSomething = false;
+    for (const QString& line : file->lines(index)) {
+      const QString key = line.left(keyLength);
+      if (seenKeys.contains(key))
+        continue;
+      seenKeys += u' ' + key;
+      block.text += blockLine(code, line, settings, latestShown) + crlf;
+      gaveSomething = true;
+    }
+    if (!gaveSomething && h + 1 < hours.size())
+      block.text += crlf + code + u"  NO DATA AT " + label + crlf;
+  }
+  const QStringView report = mid1(*latestText, 18);
+  if (!report.isEmpty() && !seenKeys.contains(report.left(keyLength))) {
+    latestShown = true;
+    block.text += blockLine(code, report, settings, true);
+  }
+  return block;
+}
+
+} // namespace soran

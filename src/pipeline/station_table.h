@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <vector>
+
+namespace soran {
+
+/// A station of the list that is watched, with the stamps of the files seen last.
+struct Station {
+  QString stationCode;
+  QString metarStamp;
+  QString tafStamp;
+};
+
+/// The stations of the last full load, in the order of its list.
+class StationTable {
+ public:
+  /// Makes a row with empty stamps for each code of the list (codes at positions 1, 6, 11, ...).
+  void rebuild(QStringView codeList);
+
+  int stationCount() const { return int(rows_.size()); }
+
+  /// The row of a code, the first of equal ones; null where it is not in the table.
+  Station* find(QStringView code);
+
+  std::vector<Station>& rows() { return rows_; }
+
+ private:
+  std::vector<Station> rows_;
+};
+
+/// The codes of a list, cut at positions 1, 6, 11, ... whatever stands there.
+std::vector<QString> codesOf(QStringView codeList);
+
+} // namespace soran

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/endpoints.h"
+#include "platform/forms.h"
+#include "platform/inet.h"
+#include "platform/pages.h"
+#include "platform/printers.h"
+#include "platform/shutdown.h"
+#include "platform/sounds.h"
+#include "platform/timers.h"
+#include "platform/waiting.h"
+
+namespace soran {
+
+/// What the core is given of the world. All of it outlives the program run.
+struct Services {
+  Clock& clock;
+  Timers& timers;
+  Inet& inet;  ///< reports, probes and updates
+  Inet& inet2; ///< cycle files, kept apart so that they never stand in the way of a report
+  Dialogs& dialogs;
+  Forms& forms;
+  Sounds& sounds;
+  Printers& printers;
+  Pages& pages;
+  Shutdown& shutdown;
+  Waiting& waiting;
+  Endpoints endpoints;
+  QString directory; ///< the program's directory, without trailing slash
+  /// The delivered database, for a start that finds no other; may be empty.
+  std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
+
+  QString path(QStringView name) const { return directory + u'/' + name; }
+};
+
+} // namespace soran

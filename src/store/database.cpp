@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/database.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <sqlite3.h>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+[[noreturn]] void fail(sqlite3* handle, const char* what) {
+  throw StoreError(std::string(what) + ": " + (handle ? sqlite3_errmsg(handle) : "no connection"));
+}
+
+/// The key is the hash of the password. The password is the same everywhere, so stretching it would cost
+/// every start a tenth of a second and protect nothing.
+QString keyPragma() {
+  const QByteArray key = QCryptographicHash::hash("Qn7ab", QCryptographicHash::Sha256).toHex();
+  return u"\"x'" + QString::fromLatin1(key) + u"'\"";
+}
+
+class Statement {
+ public:
+  Statement(sqlite3* handle, const QString& text, const QVariantList& parameters) : handle_(handle) {
+    const QByteArray utf8 = text.toUtf8();
+    if (!handle ||
+        sqlite3_prepare_v2(handle, utf8.constData(), int(utf8.size()), &statement_, nullptr) != SQLITE_OK)
+      fail(handle, "prepare");
+    for (int i = 0; i < parameters.size(); ++i)
+      bind(i + 1, parameters[i]);
+  }
+  ~Statement() { sqlite3_finalize(statement_); }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  bool step() {
+    const int result = sqlite3_step(statement_);
+    if (result != SQLITE_ROW && result != SQLITE_DONE)
+      fail(handle_, "step");
+    return result == SQLITE_ROW;
+  }
+
+  QVariantList row() const {
+    QVariantList values;
+    const int count = sqlite3_column_count(statement_);
+    values.reserve(count);
+    for (int i = 0; i < count; ++i)
+      values.append(column(i));
+    return values;
+  }
+
+ private:
+  void bind(int index, const QVariant& value) {
+    int result = SQLITE_OK;
+    if (value.isNull()) {
+      result = sqlite3_bind_null(statement_, index);
+    } else if (value.typeId() == QMetaType::QByteArray) {
+      const QByteArray bytes = value.toByteArray();
+      result = sqlite3_bind_blob64(statement_, index, bytes.constData(), sqlite3_uint64(bytes.size()),
+                                   SQLITE_TRANSIENT);
+    } else if (value.typeId() == QMetaType::QString) {
+      const QByteArray utf8 = value.toString().toUtf8();
+      result = sqlite3_bind_text64(statement_, index, utf8.constData(), sqlite3_uint64(utf8.size()),
+                                   SQLITE_TRANSIENT, SQLITE_UTF8);
+    } else if (value.typeId() == QMetaType::Double || value.typeId() == QMetaType::Float) {
+      result = sqlite3_bind_double(statement_, index, value.toDouble());
+    } else if (value.typeId() == QMetaType::Bool) {
+      result = sqlite3_bind_int64(statement_, index, value.toBool() ? -1 : 0);
+    } else {
+      result = sqlite3_bind_int64(statement_, index, value.toLongLong());
+    }
+    if (result != SQLITE_OK)
+      fail(handle_, "bind");
+  }
+
+  QVariant column(int i) const {
+    switch (sqlite3_column_type(statement_, i)) {
+    case SQLITE_INTEGER:
+      return QVariant::fromValue<qlonglong>(sqlite3_column_int64(statement_, i));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement_, i);
+    case SQLITE_TEXT:
+      return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement_, i)),
+                               sqlite3_column_bytes(statement_, i));
+    case SQLITE_BLOB:
+      return QByteArray(static_cast<const char*>(sqlite3_column_blob(statement_, i)),
+                        sqlite3_column_bytes(statement_, i));
+    default:
+      return {};
+    }
+  }
+
+  sqlite3* handle_;
+  sqlite3_stmt* statement_ = nullptr;
+};
+
+} // namespace
+
+void Database::Closer::operator()(sqlite3* handle) const {
+  sqlite3_close_v2(handle);
+}
+
+void Database::open(const QString& path, Mode mode) {
+  sqlite3* raw = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+  const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags, nullptr);
+  handle_.reset(raw);
+  if (result != SQLITE_OK) {
+    handle_.reset();
+    throw StoreError("cannot open the database");
+  }
+  try {
+    sqlite3_busy_timeout(raw, 2000);
+    query(u"PRAGMA key = "_s + keyPragma());
+    query(u"SELECT count(*) FROM sqlite_master"_s);
+  } catch (...) {
+    handle_.reset();
+    throw;
+  }
+}
+
+void Database::execute(const QString& statement, const QVariantList& parameters) {
+  Statement s(handle_.get(), statement, parameters);
+  while (s.step()) {
+  }
+}
+
+std::vector<QVariantList> Database::query(const QString& statement, const QVariantList& parameters) const {
+  Statement s(handle_.get(), statement, parameters);
+  std::vector<QVariantList> rows;
+  while (s.step())
+    rows.push_back(s.row());
+  return rows;
+}
+
+QStringList Database::columns(const QString& table) const {
+  QStringList names;
+  for (const QVariantList& row : query(u"PRAGMA table_info("_s + quotedName(table) + u")"))
+    names.append(row[1].toString());
+  return names;
+}
+
+qint64 Database::lastRowId() const {
+  return sqlite3_last_insert_rowid(handle_.get());
+}
+
+void Database::attach(const QString& path, const QString& name) {
+  execute(u"ATTACH DATABASE ? AS "_s + quotedName(name) + u" KEY " + keyPragma(), {path});
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+  database_.execute(u"BEGIN IMMEDIATE"_s);
+}
+
+Transaction::~Transaction() {
+  if (!open_)
+    return;
+  try {
+    database_.execute(u"ROLLBACK"_s);
+  } catch (const StoreError&) {
+    // The engine has rolled back by itself where this fails.
+  }
+}
+
+void Transaction::commit() {
+  database_.execute(u"COMMIT"_s);
+  open_ = false;
+}
+
+QString quotedName(QStringView name) {
+  return u'"' + name.toString().replace(u'"', u"\"\""_s) + u'"';
+}
+
+} // namespace soran

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/tables.h"
+
+#include "base/files.h"
+
+#include <QFile>
+#include <cstdio>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+Tables::Tables()
+    : sets_{
+          RowSet{table::飛行場情報.toString(), u"順位"_s}, RowSet{table::自動デコード.toString(), u"順位"_s},
+          RowSet{table::カンパニー.toString(), u"順位"_s}, RowSet{table::気象略語.toString(), u"順位"_s},
+          RowSet{table::日本語解析.toString(), u"順位"_s}, RowSet{table::データ.toString(), u"順位"_s},
+          RowSet{table::設定.toString(), QString()}} {}
+
+void Tables::openAllTables(const QString& path) {
+  closeAll();
+  database_.open(path);
+  for (RowSet& set : sets_)
+    set.open(database_);
+  settings_.load();
+  ++revision_;
+}
+
+void Tables::closeAll() {
+  for (RowSet& set : sets_)
+    set.close();
+  database_.close();
+  ++revision_;
+}
+
+RowSet* Tables::byName(QStringView table) {
+  for (RowSet& set : sets_) {
+    if (set.table() == table)
+      return &set;
+  }
+  return nullptr;
+}
+
+void Tables::rewrite(QStringView table, const std::vector<QVariantList>& rows) {
+  RowSet* set = byName(table);
+  if (!set || !set->isOpen())
+    throw StoreError("not open: " + table.toString().toStdString());
+  const QStringList& columns = set->columns();
+  QStringList quoted;
+  for (const QString& column : columns)
+    quoted.append(quotedName(column));
+  const QString insert = u"INSERT INTO "_s + quotedName(table) + u" (" + quoted.join(u", ") + u") VALUES (" +
+                         QStringList(columns.size(), u"?"_s).join(u", ") + u")";
+  {
+    Transaction transaction(database_);
+    database_.execute(u"DELETE FROM "_s + quotedName(table));
+    for (const QVariantList& row : rows)
+      database_.execute(insert, row);
+    transaction.commit();
+  }
+  set->open(database_);
+  ++revision_;
+}
+
+QList<Airport> Tables::airportsOf(const RowSet& rows) {
+  QList<Airport> list;
+  for (int i = 0; i < rows.recordCount(); ++i)
+    list.append({rows.valueAt(i, u"ICAOコード").toString(), rows.valueAt(i, u"飛行場名").toString()});
+  return list;
+}
+
+QList<DictionaryEntry> Tables::dictionaryOf(const RowSet& rows) {
+  QList<DictionaryEntry> list;
+  for (int i = 0; i < rows.recordCount(); ++i)
+    list.append({rows.valueAt(i, u"略語").toString(), rows.valueAt(i, u"意味").toString()});
+  return list;
+}
+
+QList<Group> Tables::groupRows() const {
+  QList<Group> list;
+  for (int i = 0; i < sets_[2].recordCount(); ++i)
+    list.append({sets_[2].valueAt(i, u"id").toString(), sets_[2].valueAt(i, u"route").toString()});
+  return list;
+}
+
+QByteArray Tables::picture(QStringView name) const {
+  const RowSet& pictures = sets_[5];
+  for (int i = 0; i < pictures.recordCount(); ++i) {
+    if (pictures.valueAt(i, u"名称").toString() == name)
+      return pictures.valueAt(i, u"データ").toByteArray();
+  }
+  return {};
+}
+
+bool isWholeDatabase(const QString& path) {
+  try {
+    Database database;
+    database.open(path);
+    for (const QStringView name : allTables) {
+      if (database.columns(name.toString()).isEmpty())
+        return false;
+      database.query(u"SELECT * FROM "_s + quotedName(name));
+    }
+    return database.query(u"SELECT 1 FROM "_s + quotedName(table::設定)).size() == 1;
+  } catch (const StoreError&) {
+    return false;
+  }
+}
+
+void compactDatabase(const QString& path, const QString& temporary) {
+  if (!fileExists(path))
+    throw StoreError("no database to compact");
+  if (fileExists(temporary) && !QFile::remove(temporary))
+    throw StoreError("cannot delete the stale compacted copy");
+  {
+    Database database;
+    // An attached file is made only where the connection itself may make files.
+    database.open(path, Database::Mode::Create);
+    database.attach(temporary, u"compacted"_s);
+    database.query(u"SELECT sqlcipher_export('compacted')"_s);
+    database.execute(u"DETACH DATABASE compacted"_s);
+  }
+  if (!isWholeDatabase(temporary)) {
+    QFile::remove(temporary);
+    throw StoreError("the compacted copy is not whole");
+  }
+  QFile::setPermissions(temporary, QFile::ReadOwner | QFile::WriteOwner);
+  // Qt's rename does not replace an existing file; this one does, in one step.
+  if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) != 0)
+    throw StoreError("cannot replace the database by its compacted copy");
+}
+
+} // namespace soran

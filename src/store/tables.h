@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "store/rows.h"
+#include "store/settings.h"
+
+namespace soran {
+
+/// The names of the seven tables.
+namespace table {
+inline constexpr QStringView 飛行場情報 = u"飛行場情報";
+inline constexpr QStringView 自動デコード = u"自動デコード";
+inline constexpr QStringView カンパニー = u"カンパニー";
+inline constexpr QStringView 気象略語 = u"気象略語";
+inline constexpr QStringView 日本語解析 = u"日本語解析";
+inline constexpr QStringView データ = u"データ";
+inline constexpr QStringView 設定 = u"設定";
+} // namespace table
+
+/// The tables in the order in which they are opened and closed.
+inline constexpr std::array allTables = {table::飛行場情報, table::自動デコード, table::カンパニー,
+                                         table::気象略語,   table::日本語解析,   table::データ,
+                                         table::設定};
+
+/// The program's database: one connection and its seven row sets, open from the start to the exit.
+class Tables {
+ public:
+  Tables();
+
+  /// Opens the connection and the row sets in order. The first failure abandons the rest and throws
+  /// StoreError; what was reached stays open.
+  void openAllTables(const QString& path);
+
+  /// Closes the row sets and the connection.
+  void closeAll();
+
+  RowSet& airports() { return sets_[0]; }
+  RowSet& autoList() { return sets_[1]; }
+  RowSet& groups() { return sets_[2]; }
+  RowSet& abbreviations() { return sets_[3]; }
+  RowSet& phrases() { return sets_[4]; }
+  RowSet& pictures() { return sets_[5]; }
+  Settings& settings() { return settings_; }
+  const Settings& settings() const { return settings_; }
+
+  /// The row set of a table, null where there is no such table.
+  RowSet* byName(QStringView table);
+
+  /// Replaces all rows of a list table in one transaction and loads it anew: after a failure at any moment
+  /// the file holds the former rows or the new ones. Each row is 順位 (where the table has it) and the other
+  /// columns in their order. Throws StoreError.
+  void rewrite(QStringView table, const std::vector<QVariantList>& rows);
+
+  QList<Airport> airportRows() const { return airportsOf(sets_[0]); }
+  QList<Airport> autoRows() const { return airportsOf(sets_[1]); }
+  QList<Group> groupRows() const;
+  QList<DictionaryEntry> abbreviationRows() const { return dictionaryOf(sets_[3]); }
+  QList<DictionaryEntry> phraseRows() const { return dictionaryOf(sets_[4]); }
+
+  /// The picture stored under the name, empty where there is none.
+  QByteArray picture(QStringView name) const;
+
+  /// Counts the reloads of the list tables, so that those who keep a copy know when it is old.
+  int revision() const { return revision_; }
+
+  Database& database() { return database_; }
+
+ private:
+  static QList<Airport> airportsOf(const RowSet& rows);
+  static QList<DictionaryEntry> dictionaryOf(const RowSet& rows);
+
+  Database database_;
+  std::array<RowSet, 7> sets_;
+  Settings settings_{sets_[6]};
+  int revision_ = 0;
+};
+
+/// True where the file opens with the program's password and holds the seven tables and exactly one settings
+/// row.
+bool isWholeDatabase(const QString& path);
+
+/// Writes a compacted copy of the closed database file beside it, checks the copy and renames it over. Throws
+/// StoreError; the file is then untouched.
+void compactDatabase(const QString& path, const QString& temporary);
+
+} // namespace soran

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/browser_pane.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+void BrowserPane::openPage(const QString& address) {
+  if (program_.settings()[key::ブラウザー] != true) {
+    program_.services.pages.openExternally(address);
+    return;
+  }
+  StatusBar& status = program_.console.status();
+  if (!visible_)
+    status.setPanel2(status.panel2());
+  visible_ = true;
+  status.setPaneVisible(true);
+  program_.services.pages.openInPane(address);
+  emit visibleChanged();
+}
+
+void BrowserPane::close() {
+  if (!visible_)
+    return;
+  visible_ = false;
+  program_.services.pages.closePane();
+  StatusBar& status = program_.console.status();
+  status.setPaneVisible(false);
+  status.setPaneText(status.statusText());
+  emit visibleChanged();
+}
+
+void BrowserPane::pageState(Loading state) {
+  if (!visible_)
+    return;
+  const QString texts[] = {u"取得中"_s, u"ページが表示されました"_s, u"ページを表示できません"_s};
+  StatusBar& status = program_.console.status();
+  const QString& text = texts[static_cast<int>(state)];
+  if (status.panel2() != text)
+    status.setPaneText(text);
+}
+
+QString BrowserPane::expandedAddress(const QString& typed) {
+  return typed == u"h" ? u"https://www."_s : typed;
+}
+
+} // namespace soran

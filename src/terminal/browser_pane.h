@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pipeline/program.h"
+
+namespace soran {
+
+/// The browser pane of the main window: a sub-state in which a web page stands in place of the screen.
+class BrowserPane : public QObject {
+  Q_OBJECT
+ public:
+  explicit BrowserPane(Program& program) : program_(program) {}
+
+  bool visible() const { return visible_; }
+
+  /// Opens the address in the pane where ブラウザー is true, else by the system's browser.
+  void openPage(const QString& address);
+
+  /// Takes the pane away and gives panel 2 back its text.
+  void close();
+
+  /// What became of the page in the pane.
+  enum class Loading { Started, Completed, Failed };
+  void pageState(Loading state);
+
+  /// What the address line makes of a typed text: "h" alone becomes the beginning of a web address.
+  static QString expandedAddress(const QString& typed);
+
+ signals:
+  void visibleChanged();
+
+ private:
+  Program& program_;
+  bool visible_ = false;
+};
+
+} // namespace soran

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/opening.h"
+
+#include "base/files.h"
+#include "base/skip.h"
+#include "base/text.h"
+#include "terminal/own_directory.h"
+
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcTerminal, "soran.terminal")
+
+/// True where the answer is text of the endpoint and no error page.
+bool isAnswer(const Reply& reply) {
+  return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
+}
+
+bool replaceFile(const QString& from, const QString& to) {
+  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+} // namespace
+
+Opening::Result Opening::start() {
+  const QString& directory = program_.services.directory;
+  if (!claimDirectory(directory))
+    return Result::NoDirectory;
+  if (!lockInstance()) {
+    program_.services.dialogs.message(u" 確認"_s, u"SORAN はすでに起動しています  "_s);
+    return Result::AlreadyRunning;
+  }
+  program_.services.inet.setRequestTimeout(60);
+  program_.networkAvailable = networkIsThere();
+  if (!program_.networkAvailable && program_.services.endpoints.probe.isEmpty()) {
+    program_.services.forms.showModal(u"noconnectmsg"_s);
+    return Result::NoNetwork;
+  }
+  for (const QString& folder : {u"sound"_s, u"data"_s}) {
+    if (!makePrivateDirectory(directory + u'/' + folder))
+      qCWarning(lcTerminal) << "passed over: making the folder" << folder;
+  }
+  fetchMissing();
+  if (!openDatabase())
+    return Result::NoDatabase;
+  recordVersion();
+  takeServerAddress();
+  return Result::Started;
+}
+
+bool Opening::lockInstance() {
+  lock_ = std::make_unique<QLockFile>(program_.services.path(u"soran.lock"));
+  // Only the end of the process that holds it makes a lock stale.
+  lock_->setStaleLockTime(0);
+  // Where the directory cannot be written there is nothing that two instances could spoil.
+  return lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError;
+}
+
+bool Opening::networkIsThere() {
+  const Reply version = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/version.dat"));
+  if (isAnswer(version))
+    versionText_ = version.text();
+  const QString& probe = program_.services.endpoints.probe;
+  return probe.isEmpty() ? isAnswer(version) : isAnswer(program_.services.inet.open(QUrl(probe)));
+}
+
+bool Opening::fetchFile(const QString& remote, const QString& local) {
+  const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + remote));
+  if (!isAnswer(reply) || !writeWhole(local, reply.body, true)) {
+    qCWarning(lcTerminal) << "passed over: fetching" << remote;
+    return false;
+  }
+  return true;
+}
+
+void Opening::fetchMissing() {
+  const QString database = databasePath();
+  firstStart_ = !fileExists(database) && !fileExists(database + u".bak");
+  if (firstStart_) {
+    const QString fetched = database + u".new";
+    if (fetchFile(u"/data/soran.mdb"_s, fetched) && isWholeDatabase(fetched))
+      replaceFile(fetched, database);
+    QFile::remove(fetched);
+  }
+  const std::pair<QString, QString> files[] = {{u"/data/update.exe"_s, u"update.exe"_s},
+                                               {u"/data/error.wav"_s, u"sound/error.wav"_s},
+                                               {u"/data/ring.wav"_s, u"sound/ring.wav"_s}};
+  for (const auto& [remote, local] : files) {
+    const QString path = program_.services.path(local);
+    if (!fileExists(path))
+      fetchFile(remote, path);
+  }
+}
+
+bool Opening::openDatabase() {
+  const auto open = [this] {
+    return passOver(lcTerminal(), "opening the database",
+                    [this] { program_.tables.openAllTables(databasePath()); }) &&
+           program_.tables.byName(table::設定)->recordCount() == 1;
+  };
+  if (open())
+    return true;
+  program_.tables.closeAll();
+  return restoreDatabase() && open();
+}
+
+QString Opening::restorationSource(const QString& target) {
+  const QString backup = program_.services.path(u"soran.mdb.bak");
+  QFile::remove(target);
+  if (isWholeDatabase(backup) && QFile::copy(backup, target))
+    return u"BACKUP"_s;
+  if (fetchFile(u"/data/soran.mdb"_s, target) && isWholeDatabase(target))
+    return u"DELIVERED FILE"_s;
+  if (writeWhole(target, program_.services.deliveredDatabase(), true) && isWholeDatabase(target))
+    return u"DELIVERED FILE"_s;
+  QFile::remove(target);
+  return {};
+}
+
+bool Opening::restoreDatabase() {
+  QString source = restorationSource(databasePath() + u".new");
+  if (source.isEmpty()) {
+    // The directory cannot be written: the weather can be read all the same, from a database that goes at
+    // exit.
+    spare_ = std::make_unique<QTemporaryDir>();
+    source = restorationSource(databasePath());
+    notice_ = u"DATABASE CANNOT BE WRITTEN / NOTHING WILL BE STORED"_s;
+    return !source.isEmpty();
+  }
+  const QString database = databasePath();
+  // What cannot be read today may be mended by hand tomorrow.
+  if (fileExists(database))
+    replaceFile(database, database + u".damaged");
+  if (!replaceFile(database + u".new", database))
+    return false;
+  QFile::setPermissions(database, QFile::ReadOwner | QFile::WriteOwner);
+  if (!firstStart_)
+    notice_ = u"DATABASE RESTORED FROM " + source;
+  return true;
+}
+
+void Opening::recordVersion() {
+  Settings& settings = program_.settings();
+  if (settings[key::SORANバージョン].value_or(0) != 0)
+    return;
+  passOver(lcTerminal(), "recording the version", [&] {
+    settings.setValue(SettingIndex::SORANバージョン, programVersion.toString());
+    settings.set(key::SORAN更新日, dateText(program_.services.clock));
+    settings.update();
+  });
+}
+
+void Opening::takeServerAddress() {
+  const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/server.dat"));
+  if (isAnswer(reply)) {
+    const QString address = reply.text().trimmed();
+    const QUrl url(address, QUrl::StrictMode);
+    const bool known = url.scheme() == u"http" || url.scheme() == u"https" || url.scheme() == u"file";
+    if (known && url.isValid() && !address.contains(u'\n') && !address.endsWith(u'/'))
+      program_.baseUrl = address;
+  }
+  if (program_.settings()[key::BASEurl] != program_.baseUrl)
+    program_.settings().store(key::BASEurl, program_.baseUrl);
+}
+
+} // namespace soran

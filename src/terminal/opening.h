@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pipeline/program.h"
+
+#include <QLockFile>
+#include <QTemporaryDir>
+#include <memory>
+
+namespace soran {
+
+/// The start of the program: instance lock, network check, directories, missing files, database, versions.
+class Opening {
+ public:
+  explicit Opening(Program& program) : program_(program) {}
+
+  enum class Result {
+    Started,        ///< the main window may come up
+    AlreadyRunning, ///< another instance has the directory; the user was told
+    NoNetwork,      ///< no answer of the update endpoint; the user was told
+    NoDirectory,    ///< the program's directory cannot be made
+    NoDatabase,     ///< no database could be opened, not even the delivered one
+  };
+
+  /// Runs the start to its end. Waits in the event loop; throws Unwind where it was closed meanwhile.
+  Result start();
+
+  /// What the start has to tell on the screen, empty where there is nothing.
+  const QString& notice() const { return notice_; }
+
+ private:
+  bool lockInstance();
+  bool networkIsThere();
+  void fetchMissing();
+  bool fetchFile(const QString& remote, const QString& local);
+  bool openDatabase();
+  bool restoreDatabase();
+  QString restorationSource(const QString& target);
+  void recordVersion();
+  void takeServerAddress();
+  QString databasePath() const {
+    return spare_ ? spare_->filePath(QStringLiteral("soran.mdb")) : program_.services.path(u"soran.mdb");
+  }
+
+  Program& program_;
+  std::unique_ptr<QLockFile> lock_;
+  std::unique_ptr<QTemporaryDir> spare_; // holds the database where the directory cannot
+  QString versionText_;
+  QString notice_;
+  bool firstStart_ = false;
+};
+
+} // namespace soran

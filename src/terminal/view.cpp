@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/view.h"
+
+#include "base/files.h"
+#include "base/skip.h"
+#include "base/text.h"
+#include "terminal/command_line.h"
+#include "terminal/own_directory.h"
+
+#include <QDir>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcView, "soran.terminal")
+
+constexpr QStringView rule = u"_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/_/";
+constexpr QChar backspace = u'\b';
+constexpr QChar enterKey = u'\r';
+constexpr QChar escape = u'\x1B';
+
+} // namespace
+
+View::View(Program& program)
+    : program_(program), printing_(program), decode_(program),
+      cycle_(program, decode_, printing_, [this](const std::function<void()>& tick) { guarded(tick); }),
+      pane_(program) {}
+
+void View::guarded(const std::function<void()>& event) {
+  if (ended_)
+    return;
+  try {
+    event();
+  } catch (const Unwind&) {
+    // The program was closed during a wait of this event; there is nothing left to do.
+  }
+}
+
+void View::start(const QString& notice) {
+  load(notice);
+  firstActivation();
+}
+
+QString View::banner() const {
+  return rule + u"\r\r   SORAN / AVIATION WEATHER AUTOMATIC DECODER   \r\r       Version " +
+         program_.record().value(SettingIndex::SORANバージョン).toString() + u"\r\r" + rule;
+}
+
+void View::removeLeftovers() {
+  QStringList names = {u"sequence.dat"_s, u"figure.dat"_s};
+  for (int hour = 0; hour < 24; ++hour)
+    names.append(twoDigits(hour) + u".dat");
+  for (const QString& name : names)
+    QFile::remove(program_.services.path(u"data/") + name);
+}
+
+void View::load(const QString& notice) {
+  Console& console = program_.console;
+  Settings& settings = program_.settings();
+  console.flags.autoMode = true;
+  console.flags.fullLoad = true;
+  removeLeftovers();
+  program_.services.inet.setRequestTimeout(60);
+  // The text is written in the colours of the settings from the first character on.
+  console.applyDisplaySettings();
+  if (program_.networkAvailable) {
+    console.screen().setText(u"SYSTEM INITIALIZED"_s);
+    console.caretToEnd();
+    console.setPanel(1, u"ネットワーク接続待機"_s);
+    console.setPanel(2, u"システム初期化中"_s);
+  } else {
+    console.appendScreen(crlf + u"NO NETWORK CONNECTION" + crlf);
+    console.caretToEnd();
+  }
+  if (program_.tables.autoList().recordCount() == 0)
+    settings.store(key::自動デコード有効, false);
+  if (settings[key::自動デコード有効] == false) {
+    console.screen().setText(u"DATABASE CONNECTION COMPLETED" + crlf + u"AUTO DECODE SEQUENCE DISABLED" +
+                             crlf);
+    console.showReady();
+    console.flags.fullLoad = false;
+  }
+  console.applyDisplaySettings();
+  console.appendScreen(crlf.toString());
+  if (!notice.isEmpty()) {
+    console.appendScreen(notice + crlf);
+    console.addLogEntry(notice);
+  }
+  console.caretToEnd();
+  readTimeZone();
+}
+
+void View::readTimeZone() {
+  const Clock& clock = program_.services.clock;
+  program_.systemZoneOffset = clock.offsetHours();
+  const QString name = clock.zoneName();
+  const qsizetype bracket = name.indexOf(u'(');
+  program_.systemZoneName = bracket < 0 ? name : name.left(bracket).trimmed();
+}
+
+void View::firstActivation() {
+  Console& console = program_.console;
+  program_.cycleDecade = 25;
+  console.flags.groupMode = false;
+  console.groupName.clear();
+  console.flags.sequenceRequested = false;
+  console.flags.japaneseRequested = false;
+  console.flags.typedRun = false;
+  updaterRequested_ = false;
+  program_.inputHistory = u" "_s;
+  console.setOverlay(program_.networkAvailable);
+  bool formsLoaded = true;
+  if (program_.networkAvailable)
+    checkVersionAtStart(formsLoaded);
+  if (formsLoaded)
+    console.log().load();
+  if (console.flags.fullLoad) {
+    console.appendScreen(u"DATABASE CONNECTION COMPLETED" + crlf);
+    console.caretToEnd();
+  }
+  cycle_.start();
+}
+
+void View::checkVersionAtStart(bool& formsLoaded) {
+  Settings& settings = program_.settings();
+  const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/version.dat"));
+  if (!reply.ok)
+    return;
+  if (reply.body.startsWith('<')) {
+    formsLoaded = false;
+    return;
+  }
+  const double version = leadingNumber(reply.text());
+  if (version == settings[key::SORANバージョン].value_or(0))
+    return;
+  const QString number = plainNumber(version);
+  // Without a module that may be run there is nothing to hand over to.
+  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun()) {
+    passiveNotice(number);
+    return;
+  }
+  if (settings[key::更新確認メッセージ] == true) {
+    const bool yes = program_.services.dialogs.question(
+        u" 確認"_s, u"SORAN は Version " + number +
+                        u" にアップデートされています　　\r\r最新版をダウンロードしますか？  ");
+    program_.services.shutdown.check();
+    if (!yes)
+      return;
+  }
+  updaterRequested_ = true;
+  close();
+  throw Unwind{};
+}
+
+void View::passiveNotice(const QString& version) {
+  Console& console = program_.console;
+  console.flags.typedRun = false;
+  enterSeen_ = false;
+  console.appendScreen(crlf + u"Now you can download a latest version " + version + crlf +
+                       u"For download, keep network connection and select menu UPDATE or type 'UPDATE' out." +
+                       crlf + crlf + u"To continue, hit ENTER key. " + crlf);
+  console.flags.readyGap = true;
+  console.showReady();
+  console.screen().paint(18, 162, yellow);
+  console.caretToEnd();
+  program_.services.waiting.until([this] { return enterSeen_; });
+}
+
+bool View::updaterMayRun() const {
+  return fileExists(program_.services.path(u"update.exe"));
+}
+
+void View::noInternetAlert() {
+  program_.services.dialogs.message(u" 確認"_s, u"インターネットに接続できません　　"_s);
+  program_.services.shutdown.check();
+}
+
+void View::handleKey(QChar key) {
+  if (ended_)
+    return;
+  Console& console = program_.console;
+  console.flags.groupMode = false;
+  console.flags.japaneseRequested = false;
+  console.flags.changeRun = false;
+  today_ = program_.services.clock.now().date();
+  program_.watchTicks = 0;
+  if (key == escape) {
+    close();
+  } else if (key == backspace) {
+    if (!console.inputlbl().isEmpty())
+      console.setInput(console.inputlbl().chopped(1));
+  } else if (key != enterKey) {
+    console.setInput(console.inputlbl() + key);
+  } else {
+    guarded([this] { enter(); });
+    enterSeen_ = true;
+  }
+}
+
+void View::enter() {
+  program_.console.flags.typedRun = true;
+  const QString text = asciiUpper(trimBlanks(program_.console.inputlbl()));
+  if (text.isEmpty())
+    return;
+  rememberWord(program_.inputHistory, text);
+  runCommand(*this, text);
+}
+
+void View::closeBox() {
+  if (pane_.visible())
+    pane_.close();
+  else
+    close();
+}
+
+void View::close() {
+  if (ended_)
+    return;
+  ended_ = true;
+  program_.services.shutdown.request();
+  stop();
+  emit stopped();
+}
+
+bool View::countExit() {
+  constexpr int exitsBetweenCompactions = 50;
+  Settings& settings = program_.settings();
+  const int exits = settings[key::起動回数].value_or(0);
+  const bool compact = exits > exitsBetweenCompactions;
+  settings.store(key::起動回数, compact ? 0 : exits + 1);
+  return compact;
+}
+
+void View::stop() {
+  Services& services = program_.services;
+  cycle_.stop();
+  services.inet.cancel();
+  services.inet2.cancel();
+  services.pages.closePane();
+  const bool compact = countExit();
+  removeScratchFolder(services.directory, u"data"_s);
+  removeScratchFolder(services.directory, u"help"_s);
+  program_.tables.closeAll();
+  if (compact)
+    passOver(lcView(), "compacting the database",
+             [&] { compactDatabase(services.path(u"soran.mdb"), services.path(u"soran_temp.mdb")); });
+}
+
+} // namespace soran

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pipeline/decode_run.h"
+#include "pipeline/printing.h"
+#include "pipeline/program.h"
+#include "pipeline/watch_cycle.h"
+#include "terminal/browser_pane.h"
+
+#include <QDate>
+#include <functional>
+
+namespace soran {
+
+/// The terminal: load, first activation, keys, and the stop. Everything that a user or a timer does enters
+/// here.
+class View : public QObject {
+  Q_OBJECT
+ public:
+  explicit View(Program& program);
+
+  /// Load and first activation, up to the moment at which the terminal takes input. `notice` is a line that
+  /// the start has to tell. Throws Unwind where the program was closed meanwhile.
+  void start(const QString& notice);
+
+  /// A key on the screen: 8 (back space), 13 (Enter), 27 (Escape) or a character.
+  void handleKey(QChar key);
+
+  /// The window's close box. While the browser pane is up it closes the pane only.
+  void closeBox();
+
+  /// Ends the program: stores, cleans up, closes everything. What waits unwinds behind it.
+  void close();
+
+  bool ended() const { return ended_; }
+  /// The update module is to be started.
+  bool updaterRequested() const { return updaterRequested_; }
+  void requestUpdater() { updaterRequested_ = true; }
+
+  /// Carries out what a user or a timer started; a run that unwinds ends here.
+  void guarded(const std::function<void()>& event);
+
+  /// The text of the start-up banner; lines end with CR.
+  QString banner() const;
+
+  Program& program() { return program_; }
+  DecodeRun& decode() { return decode_; }
+  WatchCycle& cycle() { return cycle_; }
+  Printing& printing() { return printing_; }
+  BrowserPane& pane() { return pane_; }
+  const BrowserPane& pane() const { return pane_; }
+  const WatchCycle& cycle() const { return cycle_; }
+
+  /// The local date at the last key press.
+  QDate today() const { return today_; }
+
+  /// The main window is minimised to the tray, or restored.
+  void setMinimised(bool minimised);
+  /// Starts the automatic decode as ATO does, asking first where it is disabled.
+  void startAutomaticDecode();
+  /// Empties the screen and the staging buffer.
+  void clearScreen();
+  /// Opens the page of AIS Japan.
+  void showAis();
+
+  /// "インターネットに接続できません" as a message.
+  void noInternetAlert();
+
+ signals:
+  /// The program has stopped; the event loop may end.
+  void stopped();
+
+ private:
+  void load(const QString& notice);
+  void removeLeftovers();
+  void readTimeZone();
+  void firstActivation();
+  void checkVersionAtStart(bool& formsLoaded);
+  void passiveNotice(const QString& version);
+  bool updaterMayRun() const;
+  void enter();
+  void stop();
+  bool countExit();
+
+  Program& program_;
+  Printing printing_;
+  DecodeRun decode_;
+  WatchCycle cycle_;
+  BrowserPane pane_;
+  QDate today_;
+  bool enterSeen_ = false;
+  bool ended_ = false;
+  bool updaterRequested_ = false;
+};
+
+} // namespace soran
