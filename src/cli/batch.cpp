@@ -12,9 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The tables that a job brings stand for the delivered ones.
+/// The rows that jobs read, and the look-up tables made from them.
 struct JobTables {
+  JobTables(QList<Airport> airportRows, const QList<DictionaryEntry>& abbreviations,
+            const QList<DictionaryEntry>& phrases)
+      : airports(std::move(airportRows)), dictionaries(airports, abbreviations, phrases) {}
   QList<Airport> airports;
+  Dictionaries dictionaries;
 };
 
 template <class Row>
@@ -27,9 +31,27 @@ QList<Row> rowsOf(const QJsonValue& value, const QString& name) {
   return rows;
 }
 
-const QList<Airport>& deliveredAirports() {
-  static const QList<Airport> rows = delivered::airports();
-  return rows;
+const JobTables& deliveredTables() {
+  static const JobTables tables(delivered::airports(), delivered::abbreviations(), delivered::phrases());
+  return tables;
+}
+
+/// A table given stands for the whole table; one not given holds the delivered rows.
+JobTables tablesOf(const QJsonObject& given) {
+  QList<Airport> airports = delivered::airports();
+  QList<DictionaryEntry> abbreviations = delivered::abbreviations();
+  QList<DictionaryEntry> phrases = delivered::phrases();
+  for (auto i = given.constBegin(); i != given.constEnd(); ++i) {
+    if (i.key() == table::飛行場情報)
+      airports = rowsOf<Airport>(i.value(), i.key());
+    else if (i.key() == table::気象略語)
+      abbreviations = rowsOf<DictionaryEntry>(i.value(), i.key());
+    else if (i.key() == table::日本語解析)
+      phrases = rowsOf<DictionaryEntry>(i.value(), i.key());
+    else
+      throw InputError(u"unknown table \""_s + i.key() + u'"');
+  }
+  return {std::move(airports), abbreviations, phrases};
 }
 
 QJsonValue resultOf(const QJsonObject& object) {
@@ -42,20 +64,14 @@ QJsonValue resultOf(const QJsonObject& object) {
     throw InputError(u"unknown op \""_s + name + u'"');
 
   static const SettingsRecord standard = SettingsRecord::standard(u"+9"_s);
-  BatchJob job{std::move(fields), standard, &deliveredAirports()};
+  std::optional<JobTables> ownTables;
+  if (fields.has(u"tables"_s))
+    ownTables.emplace(tablesOf(fields.object(u"tables"_s)));
+  const JobTables& tables = ownTables ? *ownTables : deliveredTables();
+  BatchJob job{std::move(fields), standard, &tables.airports, &tables.dictionaries};
   if (job.fields.has(u"settings"_s)) {
     for (const auto& [index, value] : settingValues(job.fields.object(u"settings"_s)))
       job.settings.setValue(index, value);
-  }
-  JobTables tables;
-  if (job.fields.has(u"tables"_s)) {
-    const QJsonObject given = job.fields.object(u"tables"_s);
-    for (auto i = given.constBegin(); i != given.constEnd(); ++i) {
-      if (i.key() != table::飛行場情報)
-        throw InputError(u"unknown table \""_s + i.key() + u'"');
-      tables.airports = rowsOf<Airport>(i.value(), i.key());
-      job.airports = &tables.airports;
-    }
   }
   return operation(job);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cli/json_fields.h"
+#include "interpret/dictionaries.h"
 #include "store/rows.h"
 
 namespace soran {
@@ -12,6 +13,7 @@ struct BatchJob {
   Fields fields;
   SettingsRecord settings;
   const QList<Airport>* airports;
+  const Dictionaries* dictionaries;
 };
 
 /// An operation reads its fields, all of them, and gives its result. Throws InputError.

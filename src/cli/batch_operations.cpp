@@ -5,6 +5,8 @@
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
 #include "interpret/colouring.h"
+#include "interpret/explain_selection.h"
+#include "interpret/translate_report.h"
 #include "pipeline/layout.h"
 #include "pipeline/sequence.h"
 #include "sun/sun_command.h"
@@ -33,6 +35,25 @@ QJsonValue layout(BatchJob& job) {
   else
     report = layoutReport(response, kind == u"METAR" ? ReportKind::Metar : ReportKind::Taf, job.settings);
   return QJsonObject{{u"stamp"_s, report.stamp}, {u"obsTime"_s, report.obsTime}, {u"body"_s, report.body}};
+}
+
+QJsonValue translate(BatchJob& job) {
+  const QString code = job.fields.text(u"code"_s);
+  const QString time = job.fields.text(u"time"_s);
+  const QString body = job.fields.text(u"body"_s);
+  job.fields.finish();
+  return TranslateReport(code, time, body, job.settings, *job.dictionaries);
+}
+
+QJsonValue explain(BatchJob& job) {
+  const QString text = job.fields.text(u"text"_s);
+  const int start = job.fields.integer(u"selStart"_s);
+  const int length = job.fields.integer(u"selLength"_s);
+  const QDate today = job.fields.date(u"today"_s);
+  job.fields.finish();
+  const std::optional<Explanation> tip =
+      ExplainSelection(text, start, length, today, job.settings, *job.dictionaries);
+  return tip ? QJsonValue(tip->text) : QJsonValue();
 }
 
 QJsonValue colour(BatchJob& job) {
@@ -154,11 +175,10 @@ QJsonValue camera(BatchJob& job) {
 
 BatchOperation batchOperation(const QString& name) {
   static const QHash<QString, BatchOperation> operations = {
-      {u"colour"_s, colour},       {u"layout"_s, layout},
-      {u"sequence"_s, sequence},   {u"sun"_s, sun},
-      {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf},
-      {u"sungraph"_s, sunGraphOf}, {u"chart"_s, chart},
-      {u"camera"_s, camera},
+      {u"translate"_s, translate}, {u"explain"_s, explain},     {u"colour"_s, colour},
+      {u"layout"_s, layout},       {u"sequence"_s, sequence},   {u"sun"_s, sun},
+      {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf}, {u"sungraph"_s, sunGraphOf},
+      {u"chart"_s, chart},         {u"camera"_s, camera},
   };
   return operations.value(name, nullptr);
 }

@@ -202,7 +202,7 @@ QString DecodeRun::clockText() const {
       hour -= 24;
     else if (hour < 0)
       hour += 24;
-    zone = ZoneLetter(settings.zoneOffset());
+    zone = ZoneLetter(settings.zoneOffset()).toString();
   }
   return twoDigits(std::abs(hour)) + u':' + twoDigits(now.minute()) + u'(' + zone + u')';
 }

@@ -45,7 +45,7 @@ int displayedHour(int hour, const SettingsRecord& settings) {
 }
 
 QString displayedZone(const SettingsRecord& settings) {
-  return settings[key::LOCAL使用] == true ? ZoneLetter(settings.zoneOffset()) : u"Z"_s;
+  return settings[key::LOCAL使用] == true ? ZoneLetter(settings.zoneOffset()).toString() : u"Z"_s;
 }
 
 StationReport layoutReport(QStringView response, ReportKind kind, const SettingsRecord& settings) {

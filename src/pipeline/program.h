@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "interpret/dictionaries.h"
 #include "pipeline/station_table.h"
 #include "platform/services.h"
 #include "screen/console.h"
 #include "store/tables.h"
+
+#include <memory>
 
 namespace soran {
 
@@ -43,8 +46,22 @@ struct Program {
   Settings& settings() { return tables.settings(); }
   const SettingsRecord& record() { return tables.settings().record(); }
 
+  /// The look-up tables of the dictionaries, made anew after an edit.
+  const Dictionaries& dictionaries() {
+    if (!dictionaries_ || dictionaryRevision_ != tables.revision()) {
+      dictionaries_ = std::make_unique<Dictionaries>(tables.airportRows(), tables.abbreviationRows(),
+                                                     tables.phraseRows());
+      dictionaryRevision_ = tables.revision();
+    }
+    return *dictionaries_;
+  }
+
   /// The text on panel 2 that tells that the cycle stands still.
   void showAutoDecodeStopped() { console.setPanel(2, QStringLiteral("自動デコード停止")); }
+
+ private:
+  std::unique_ptr<Dictionaries> dictionaries_;
+  int dictionaryRevision_ = 0;
 };
 
 } // namespace soran

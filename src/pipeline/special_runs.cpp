@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 #include "base/text.h"
+#include "interpret/translate_report.h"
 #include "pipeline/cycle_files.h"
 #include "pipeline/decode_run.h"
 #include "pipeline/sequence.h"
@@ -92,6 +93,36 @@ void DecodeRun::sequenceFromRecord(const QString& list) {
   program_.currentInput = u"SQ " + list;
 }
 
-void DecodeRun::japaneseRun() {}
+void DecodeRun::japaneseRun() {
+  constexpr qsizetype reportStart = 18;
+  constexpr qsizetype behindTimeGroup = 14;
+  Console& console = program_.console;
+  console.setBusy(true);
+  console.setPanel(2, u"日本語デコード中"_s);
+  const QString list = program_.currentInput;
+  const std::vector<QString> codes = codesOf(list);
+  for (size_t i = 0; i < codes.size(); ++i) {
+    emit console.progress(int(i), int(codes.size()));
+    const QString& code = codes[i];
+    rememberWord(console.recentCodes, code);
+    console.staging += (i > 0 ? crlf.toString() : QString()) + u"*** " + code +
+                       u" - JAPANESE TRANSLATION WEATHER OBSERVATION ***" + crlf;
+    const std::optional<QString> response = fetchStation(code, ReportKind::Metar);
+    if (!response) {
+      console.staging += crlf + code + u"  NOT FOUND" + crlf;
+      continue;
+    }
+    const QStringView report = mid1(*response, reportStart);
+    const LineHeading heading = lineHeading(code, report, program_.record());
+    console.staging += heading.text;
+    if (report.size() >= behindTimeGroup)
+      console.staging += crlf + TranslateReport(code, heading.time, mid1(report, behindTimeGroup),
+                                                program_.record(), program_.dictionaries());
+  }
+  emit console.progress(int(codes.size()), int(codes.size()));
+  console.addLogEntry(u"CALL JAPANESE DECODE " + list);
+  console.setPanel(2, console.status().panelSavedText());
+  program_.currentInput = u"JP " + list;
+}
 
 } // namespace soran

@@ -190,6 +190,15 @@ Outcome sequencePrefix(Command& c) {
   return Outcome::Passed;
 }
 
+Outcome japanesePrefix(Command& c) {
+  if (c.text.startsWith(u"JP ")) {
+    c.text.remove(0, 3);
+    c.flags().japaneseRequested = true;
+    c.console().status().savePanel2();
+  }
+  return Outcome::Passed;
+}
+
 Outcome codeList(Command& c) {
   if (!isCodeList(c.text))
     return Outcome::Passed;
@@ -220,8 +229,8 @@ constexpr Row chain[] = {
     {u"AIS", false, ais},         {u"", false, group},          {u"ATO", true, startAutomatic},
     {u"PRINT", false, print},     {u"/P", false, print},        {u"RL", true, reload},
     {u"CLS", false, clearScreen}, {u"LOG", false, runningLog},  {u"EXIT", false, exitProgram},
-    {u"", false, networkGate},    {u"", false, sequencePrefix}, {u"", false, codeList},
-    {u"", false, syntaxError},
+    {u"", false, networkGate},    {u"", false, sequencePrefix}, {u"", false, japanesePrefix},
+    {u"", false, codeList},       {u"", false, syntaxError},
 };
 
 } // namespace

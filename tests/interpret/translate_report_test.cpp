@@ -41,9 +41,9 @@ void expectTold(std::span<const Told> cases) {
 /// Like expectTold, for what stands behind the temperature of a calm and clear report.
 void expectToldBehindTemperature(std::span<const Told> cases) {
   const QString before = QStringLiteral("CALM CAVOK 18/12 ");
-  const QString start = told(before + QStringLiteral("Q1013"));
+  const QString start = told(QString(before + QStringLiteral("Q1013")));
   for (const Told& c : cases) {
-    const QString all = told(before + c.report.toString());
+    const QString all = told(QString(before + c.report.toString()));
     EXPECT_EQ(all, c.lines == untranslatable ? c.lines.toString() : start + c.lines.toString())
         << c.report.toUtf8().toStdString();
   }
@@ -125,7 +125,8 @@ TEST(TranslateReport, UnforeseenFormsGiveTheFailureTextAlone) {
   };
   for (const QString& report : reports) {
     EXPECT_EQ(translate(report), untranslatable) << report.left(60).toStdString();
-    EXPECT_EQ(translate(report + u'\n'), report.endsWith(u"1000U") ? untranslatable : translate(report));
+    EXPECT_EQ(translate(QString(report + u'\n')),
+              report.endsWith(u"1000U") ? untranslatable : translate(report));
   }
 }
 
@@ -268,6 +269,7 @@ TEST(TranslateReport, ReportsOfJapaneseStationsAreTranslated) {
   for (const QStringView report : reports) {
     EXPECT_NE(translate(report), untranslatable) << report.toUtf8().toStdString();
     EXPECT_FALSE(translate(report).contains(u"解析不能"));
-    EXPECT_EQ(translate(report), translate(report.toString() + u'\n')) << report.toUtf8().toStdString();
+    EXPECT_EQ(translate(report), translate(QString(report.toString() + u'\n')))
+        << report.toUtf8().toStdString();
   }
 }
