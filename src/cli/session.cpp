@@ -148,6 +148,20 @@ void Session::handle(Fields event) {
          for (const QString& word : words)
            s.headless_.answers.push_back(word == u"yes");
        }},
+      {u"select",
+       [](Session& s, Fields& f) {
+         const QJsonArray range = f.array(u"select"_s);
+         f.finish();
+         if (range.size() != 2)
+           throw InputError(u"\"select\" is not a start and a length"_s);
+         const int start = wholeNumber(range[0], u"select"_s);
+         const int length = wholeNumber(range[1], u"select"_s);
+         if (start < 0 || length < 0)
+           throw InputError(u"\"select\" is below zero"_s);
+         s.view_.guarded([&] { s.view_.explainSelection(start, length); });
+         if (!s.view_.tipText().isEmpty())
+           s.tip_ = s.view_.tipText();
+       }},
       {u"set",
        [](Session& s, Fields& f) {
          const QJsonObject values = f.object(u"set"_s);

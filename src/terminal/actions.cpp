@@ -3,6 +3,8 @@
 // What several entries share: the typed commands, the toolbar and the menus.
 
 #include "base/text.h"
+#include "interpret/explain_selection.h"
+#include "terminal/picture_lookup.h"
 #include "terminal/view.h"
 
 namespace soran {
@@ -49,6 +51,17 @@ void View::clearScreen() {
   console.staging.clear();
   console.showReady();
   console.addLogEntry(u"CLS COMMAND"_s);
+}
+
+void View::explainSelection(qsizetype start, qsizetype length) {
+  const std::optional<Explanation> tip =
+      ExplainSelection(program_.console.screen().text(), start, length, program_.services.clock.now().date(),
+                       program_.record(), program_.dictionaries());
+  tipText_ = tip ? tip->text : QString();
+  if (tipText_.isEmpty())
+    return;
+  program_.services.forms.show(u"tooltips"_s);
+  showPictureOf(program_, tip->picture);
 }
 
 void View::showAis() {

@@ -63,6 +63,11 @@ class View : public QObject {
   void checkForNewVersion();
   /// Empties the screen and the staging buffer.
   void clearScreen();
+  /// Explains the group that is selected on the screen (from `start`, in UTF-16 units from 0): its tip is
+  /// shown by the form `tooltips`, its picture, where one is stored, by `pictureform`.
+  void explainSelection(qsizetype start, qsizetype length);
+  /// The tip of the last selection, empty where it had none.
+  const QString& tipText() const { return tipText_; }
   /// Opens the page of AIS Japan.
   void showAis();
 
@@ -94,6 +99,7 @@ class View : public QObject {
   WatchCycle cycle_;
   BrowserPane pane_;
   QDate today_;
+  QString tipText_;
   bool enterSeen_ = false;
   bool ended_ = false;
   bool updaterRequested_ = false;
