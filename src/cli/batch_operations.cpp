@@ -97,8 +97,8 @@ QJsonValue sun(BatchJob& job) {
   const QString latitude = job.fields.text(u"latitude"_s);
   const QString longitude = job.fields.text(u"longitude"_s);
   job.fields.finish();
-  return QJsonObject{{u"sunrise"_s, sunriseTime(date.year(), date.month(), date.day(), latitude, longitude)},
-                     {u"sunset"_s, sunsetTime(date.year(), date.month(), date.day(), latitude, longitude)}};
+  return QJsonObject{{u"sunrise"_s, SunriseTime(date.year(), date.month(), date.day(), latitude, longitude)},
+                     {u"sunset"_s, SunsetTime(date.year(), date.month(), date.day(), latitude, longitude)}};
 }
 
 QJsonValue sunTimes(BatchJob& job) {

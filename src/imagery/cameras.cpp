@@ -64,18 +64,18 @@ std::optional<CameraView> CameraModel::choose(QStringView menu) {
   std::optional<CameraView> view = cameraView(menu);
   if (!view)
     return view;
-  m_refresh = view->refresh;
-  if (m_refresh)
-    m_seconds = 0;
+  refresh_ = view->refresh;
+  if (refresh_)
+    seconds_ = 0;
   return view;
 }
 
 bool CameraModel::tick() {
   constexpr int refreshSeconds = 60;
-  if (++m_seconds < refreshSeconds)
+  if (++seconds_ < refreshSeconds)
     return false;
-  m_seconds = 0;
-  return m_refresh;
+  seconds_ = 0;
+  return refresh_;
 }
 
 } // namespace soran

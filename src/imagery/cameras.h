@@ -46,8 +46,8 @@ class CameraModel {
   bool tick();
 
  private:
-  bool m_refresh = false;
-  int m_seconds = 0;
+  bool refresh_ = false;
+  int seconds_ = 0;
 };
 
 } // namespace soran

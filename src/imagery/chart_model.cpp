@@ -7,10 +7,10 @@
 namespace soran {
 
 ChartModel::ChartModel(TwipSize mainWindow, QString timeOffset)
-    : m_mainWindow(mainWindow), m_timeOffset(std::move(timeOffset)), m_view(mainWindow) {}
+    : mainWindow_(mainWindow), timeOffset_(std::move(timeOffset)), view_(mainWindow) {}
 
 ChartShow ChartModel::open(const QDateTime& now) {
-  m_seconds = 0;
+  seconds_ = 0;
   return choose(u"menu_chart_today", firstChartIndex(now), now).value_or(ChartShow{});
 }
 
@@ -19,7 +19,7 @@ std::optional<ChartShow> ChartModel::choose(QStringView menu, std::optional<int>
   const std::optional<ChartItem> item = findChartItem(menu, index);
   if (!item)
     return std::nullopt;
-  const ChartView view = chartView(*item, now, m_timeOffset);
+  const ChartView view = chartView(*item, now, timeOffset_);
   ChartShow show;
   show.source = item->source;
   show.address = view.address;
@@ -29,20 +29,20 @@ std::optional<ChartShow> ChartModel::choose(QStringView menu, std::optional<int>
 
   constexpr int pdfMargin = 700;
   if (!show.printable)
-    m_view = {m_mainWindow.width - pdfMargin, m_mainWindow.height - pdfMargin};
+    view_ = {mainWindow_.width - pdfMargin, mainWindow_.height - pdfMargin};
   else if (!view.maximised)
-    m_view = {view.width, view.height};
+    view_ = {view.width, view.height};
   constexpr TwipSize frame{115, 695};
-  show.view = m_view;
-  show.window = {m_view.width + frame.width, m_view.height + frame.height};
+  show.view = view_;
+  show.window = {view_.width + frame.width, view_.height + frame.height};
   return show;
 }
 
 bool ChartModel::tick() {
   constexpr int refreshSeconds = 300;
-  if (++m_seconds < refreshSeconds)
+  if (++seconds_ < refreshSeconds)
     return false;
-  m_seconds = 0;
+  seconds_ = 0;
   return true;
 }
 

@@ -52,10 +52,10 @@ class ChartModel {
   static bool printEnabled(const ChartShow& shown, bool anyPrinter) { return shown.printable && anyPrinter; }
 
  private:
-  TwipSize m_mainWindow;
-  QString m_timeOffset;
-  TwipSize m_view; // an item without a size keeps that of the item before
-  int m_seconds = 0;
+  TwipSize mainWindow_;
+  QString timeOffset_;
+  TwipSize view_; // an item without a size keeps that of the item before
+  int seconds_ = 0;
 };
 
 } // namespace soran

@@ -40,7 +40,7 @@ const FieldPosition* findNamed(QStringView name) noexcept {
   return find(named, name);
 }
 
-QString airfieldPosition(QStringView code) {
+QString AirfieldPosition(QStringView code) {
   const FieldPosition* row = findCoded(code);
   return row ? QString(row->latitude % row->longitude % row->elevation) : QString();
 }

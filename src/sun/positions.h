@@ -29,6 +29,6 @@ const FieldPosition* findNamed(QStringView name) noexcept;
 
 /// Latitude (characters 1 to 6), longitude (7 to 13) and elevation (from 14) of an upper-case ICAO code in
 /// one text without separators; empty for a code without a row.
-QString airfieldPosition(QStringView code);
+QString AirfieldPosition(QStringView code);
 
 } // namespace soran

@@ -21,8 +21,8 @@ QString line(QStringView code, QDate date) {
   const FieldPosition* field = findCoded(code);
   if (!field)
     return code % u"  NOT FOUND POSITION DATA";
-  const QString rise = sunriseTime(date.year(), date.month(), date.day(), field->latitude, field->longitude);
-  const QString set = sunsetTime(date.year(), date.month(), date.day(), field->latitude, field->longitude);
+  const QString rise = SunriseTime(date.year(), date.month(), date.day(), field->latitude, field->longitude);
+  const QString set = SunsetTime(date.year(), date.month(), date.day(), field->latitude, field->longitude);
   return code % u"  SUNRISE " % clock(rise) % u"  SUNSET " % clock(set) % u"   ELV " % field->elevation %
          u"  ⊿H " % eyeHeightDifference(field->elevation);
 }

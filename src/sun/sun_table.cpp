@@ -130,8 +130,8 @@ SunTable sunTable(QStringView entry, int year, const QList<Airport>& airports) {
   table.days.reserve(366);
   for (int month = 1; month <= 12; ++month) {
     for (int day = 1; day <= sunDaysInMonth(year, month); ++day)
-      table.days.append({sunriseTime(year, month, day, field.latitude, field.longitude),
-                         sunsetTime(year, month, day, field.latitude, field.longitude)});
+      table.days.append({SunriseTime(year, month, day, field.latitude, field.longitude),
+                         SunsetTime(year, month, day, field.latitude, field.longitude)});
   }
   return table;
 }

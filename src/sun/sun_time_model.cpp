@@ -7,26 +7,26 @@
 namespace soran {
 
 SunTimeModel::SunTimeModel(QList<Airport> airports, QDate today)
-    : m_airports(std::move(airports)), m_today(today), m_fields(sunFieldList(m_airports)),
-      m_years(sunYearList(today.year())) {}
+    : airports_(std::move(airports)), today_(today), fields_(sunFieldList(airports_)),
+      years_(sunYearList(today.year())) {}
 
 SunTimeModel::Outcome SunTimeModel::select(const QString& field, int year) {
-  m_field = field;
-  m_table = sunTable(field, year, m_airports);
-  m_graph = sunGraph(m_table);
-  m_graphStale = true;
-  if (m_table.valid)
+  field_ = field;
+  table_ = sunTable(field, year, airports_);
+  graph_ = sunGraph(table_);
+  graphStale_ = true;
+  if (table_.valid)
     return Outcome::Shown;
   return field == sunListSeparator ? Outcome::Cleared : Outcome::NoPosition;
 }
 
 bool SunTimeModel::showTab(Tab tab) {
-  m_tab = tab;
+  tab_ = tab;
   if (tab == Tab::Table) {
-    m_graphStale = true;
+    graphStale_ = true;
     return false;
   }
-  return std::exchange(m_graphStale, false);
+  return std::exchange(graphStale_, false);
 }
 
 } // namespace soran

@@ -39,41 +39,41 @@ class SunTimeModel {
   /// `airports` are the rows of 飛行場情報 in table order, `today` the computer's date.
   SunTimeModel(QList<Airport> airports, QDate today);
 
-  const QStringList& fields() const { return m_fields; }
-  const QList<int>& years() const { return m_years; }
+  const QStringList& fields() const { return fields_; }
+  const QList<int>& years() const { return years_; }
 
   /// Either list has changed: computes table and graph anew.
   Outcome select(const QString& field, int year);
 
-  const SunTable& table() const { return m_table; }
-  const SunGraph& graph() const { return m_graph; }
-  bool printEnabled() const { return m_table.valid; }
+  const SunTable& table() const { return table_; }
+  const SunGraph& graph() const { return graph_; }
+  bool printEnabled() const { return table_.valid; }
 
   /// The line on the table that marks today is shown for the current year only.
-  bool todayLineShown() const { return m_table.valid && m_table.year == m_today.year(); }
+  bool todayLineShown() const { return table_.valid && table_.year == today_.year(); }
 
   /// The cell that the table tab brings into view: sunrise of today's day and month.
-  Cell todayCell() const { return {m_today.day(), (m_today.month() - 1) * 3 + 1}; }
+  Cell todayCell() const { return {today_.day(), (today_.month() - 1) * 3 + 1}; }
 
   /// Brings a tab to the front; true where the graph is to be drawn anew.
   bool showTab(Tab tab);
 
   /// The frames around the months belong to the table.
-  bool monthFramesShown() const { return m_tab == Tab::Table; }
+  bool monthFramesShown() const { return tab_ == Tab::Table; }
 
   /// The table's printed page.
-  QList<SunPrintText> printPage() const { return sunPrintPage(m_table, m_field); }
+  QList<SunPrintText> printPage() const { return sunPrintPage(table_, field_); }
 
  private:
-  QList<Airport> m_airports;
-  QDate m_today;
-  QStringList m_fields;
-  QList<int> m_years;
-  QString m_field;
-  SunTable m_table;
-  SunGraph m_graph;
-  Tab m_tab = Tab::Table;
-  bool m_graphStale = false;
+  QList<Airport> airports_;
+  QDate today_;
+  QStringList fields_;
+  QList<int> years_;
+  QString field_;
+  SunTable table_;
+  SunGraph graph_;
+  Tab tab_ = Tab::Table;
+  bool graphStale_ = false;
 };
 
 } // namespace soran

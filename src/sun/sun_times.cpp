@@ -44,31 +44,31 @@ double dayNumber(int year, int month, int day) {
 class DaySun {
  public:
   DaySun(int year, int month, int day, QStringView latitude, QStringView longitude)
-      : m_latitude(degreesOf(latitude, 2)), m_longitude(degreesOf(longitude, 3)), m_year(year),
-        m_dayNumber(dayNumber(year, month, day)) {}
+      : latitude_(degreesOf(latitude, 2)), longitude_(degreesOf(longitude, 3)), year_(year),
+        dayNumber_(dayNumber(year, month, day)) {}
 
-  double longitudeHours() const { return m_longitude / 15; }
+  double longitudeHours() const { return longitude_ / 15; }
 
   /// Moves the sun to `t` hours UTC and gives the equation term at it.
   double moveTo(double t) {
     position(t);
-    const double e = m_greenwichAngle / 15 - t - 12;
+    const double e = greenwichAngle_ / 15 - t - 12;
     return e <= -23 ? e + 24 : e;
   }
 
-  double tangentProduct() const { return std::tan(m_declination * rad) * std::tan(m_latitude * rad); }
+  double tangentProduct() const { return std::tan(declination_ * rad) * std::tan(latitude_ * rad); }
 
   double hourAngle(double product) {
-    const double x = -(horizonSine / std::cos(m_latitude * rad) / std::cos(m_declination * rad) + product);
+    const double x = -(horizonSine / std::cos(latitude_ * rad) / std::cos(declination_ * rad) + product);
     if (std::fabs(x) < 1)
-      m_hourAngle = (rightAngle - std::atan(x / std::sqrt(1 - x * x))) / rad;
-    return m_hourAngle;
+      hourAngle_ = (rightAngle - std::atan(x / std::sqrt(1 - x * x))) / rad;
+    return hourAngle_;
   }
 
  private:
   void position(double t) {
-    const double years = m_dayNumber / 365.25 + t / 8766;
-    const double t2 = years + 100 * ((0.8 * m_year - 1534.2) * 3.169e-10);
+    const double years = dayNumber_ / 365.25 + t / 8766;
+    const double t2 = years + 100 * ((0.8 * year_ - 1534.2) * 3.169e-10);
     const double obliquity = 23.44253 - 0.00013 * t2 + 0.00256 * std::cos((249 - 19.3 * t2) * rad) -
                              0.00015 * std::cos((720 * t2 + 198) * rad);
     const double sidereal = withinCircle(360.00769 * years + 99.0359 + 360 * (t / 24) +
@@ -81,13 +81,13 @@ class DaySun {
       ascension += 360;
     else if (longitude > 90)
       ascension += 180;
-    m_greenwichAngle = sidereal - ascension;
-    while (m_greenwichAngle < 0)
-      m_greenwichAngle += 360;
-    m_hourAngle = m_longitude + m_greenwichAngle;
+    greenwichAngle_ = sidereal - ascension;
+    while (greenwichAngle_ < 0)
+      greenwichAngle_ += 360;
+    hourAngle_ = longitude_ + greenwichAngle_;
 
     const double q = std::sin(obliquity * rad) * std::sin(longitude * rad);
-    m_declination = std::atan(q / std::sqrt(1 - q * q)) / rad;
+    declination_ = std::atan(q / std::sqrt(1 - q * q)) / rad;
   }
 
   static double eclipticLongitude(double t2) {
@@ -98,13 +98,13 @@ class DaySun {
     return withinCircle(longitude);
   }
 
-  double m_latitude;
-  double m_longitude;
-  int m_year;
-  double m_dayNumber;
-  double m_greenwichAngle = 0;
-  double m_hourAngle = 0;
-  double m_declination = 0;
+  double latitude_;
+  double longitude_;
+  int year_;
+  double dayNumber_;
+  double greenwichAngle_ = 0;
+  double hourAngle_ = 0;
+  double declination_ = 0;
 };
 
 QString clockText(double hours) {
@@ -125,13 +125,13 @@ QString transitText(const DaySun& sun, double hourAngle, double equation) {
 
 } // namespace
 
-QString sunriseTime(int year, int month, int day, QStringView latitude, QStringView longitude) {
+QString SunriseTime(int year, int month, int day, QStringView latitude, QStringView longitude) {
   DaySun sun(year, month, day, latitude, longitude);
   const double equation = sun.moveTo(6 - sun.longitudeHours());
   return transitText(sun, sun.hourAngle(sun.tangentProduct()), equation);
 }
 
-QString sunsetTime(int year, int month, int day, QStringView latitude, QStringView longitude) {
+QString SunsetTime(int year, int month, int day, QStringView latitude, QStringView longitude) {
   DaySun sun(year, month, day, latitude, longitude);
   // The almanac's sunset keeps the tangent product of 0 UTC; only the cosine follows the sun to the evening.
   sun.moveTo(0);

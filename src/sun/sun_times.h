@@ -45,9 +45,9 @@ inline constexpr std::array<SunTerm, 18> sunSeries{{
 /// `latitude` as ddmmss, `longitude` as dddmmss. Each of degrees, minutes and seconds is read as the leading
 /// number of its digits, so a malformed text counts as zero. The hour is not wrapped at 24, and a day
 /// without a sunrise still gives digits.
-QString sunriseTime(int year, int month, int day, QStringView latitude, QStringView longitude);
+QString SunriseTime(int year, int month, int day, QStringView latitude, QStringView longitude);
 
-/// Sunset, with the same fields and the same limits as sunriseTime.
-QString sunsetTime(int year, int month, int day, QStringView latitude, QStringView longitude);
+/// Sunset, with the same fields and the same limits as SunriseTime.
+QString SunsetTime(int year, int month, int day, QStringView latitude, QStringView longitude);
 
 } // namespace soran

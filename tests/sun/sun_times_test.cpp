@@ -42,8 +42,8 @@ TEST(SunTimes, GiveTheAgreedDigits) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.year << '-' << c.month << '-' << c.day);
-    EXPECT_EQ(sunriseTime(c.year, c.month, c.day, c.latitude, c.longitude), c.sunrise);
-    EXPECT_EQ(sunsetTime(c.year, c.month, c.day, c.latitude, c.longitude), c.sunset);
+    EXPECT_EQ(SunriseTime(c.year, c.month, c.day, c.latitude, c.longitude), c.sunrise);
+    EXPECT_EQ(SunsetTime(c.year, c.month, c.day, c.latitude, c.longitude), c.sunset);
   }
 }
 
@@ -59,8 +59,8 @@ TEST(SunTimes, AgreeWithTheAlmanac) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.latitude.toUtf8().toStdString());
-    const QString rise = sunriseTime(2024, c.month, c.day, c.latitude, c.longitude);
-    const QString set = sunsetTime(2024, c.month, c.day, c.latitude, c.longitude);
+    const QString rise = SunriseTime(2024, c.month, c.day, c.latitude, c.longitude);
+    const QString set = SunsetTime(2024, c.month, c.day, c.latitude, c.longitude);
     EXPECT_LE(std::abs(minutesOf(rise) - minutesOf(c.sunrise)), 2);
     EXPECT_LE(std::abs(minutesOf(set) - minutesOf(c.sunset)), 2);
   }
@@ -89,10 +89,10 @@ TEST(Positions, EveryRowIsAPointInJapan) {
 }
 
 TEST(Positions, OneTextHoldsLatitudeLongitudeElevation) {
-  EXPECT_EQ(airfieldPosition(u"RJTT"), u"353312139465221");
-  EXPECT_EQ(airfieldPosition(u"RJCH"), u"4146121404919111.9");
-  EXPECT_EQ(airfieldPosition(u"RJBK"), u"34352913356000");
-  EXPECT_EQ(airfieldPosition(u"RJKI"), u"281917129554115.26");
+  EXPECT_EQ(AirfieldPosition(u"RJTT"), u"353312139465221");
+  EXPECT_EQ(AirfieldPosition(u"RJCH"), u"4146121404919111.9");
+  EXPECT_EQ(AirfieldPosition(u"RJBK"), u"34352913356000");
+  EXPECT_EQ(AirfieldPosition(u"RJKI"), u"281917129554115.26");
   for (const QStringView unknown : {u"rjtt", u"KJFK", u"", u"RJT"})
-    EXPECT_EQ(airfieldPosition(unknown), u"");
+    EXPECT_EQ(AirfieldPosition(unknown), u"");
 }
