@@ -3,6 +3,7 @@
 
 BUILD := build/release
 
+.DEFAULT_GOAL := build
 .PHONY: demo test run bench format build setup clean
 
 # The main job on the embedded endpoint: the window where there is a display, else the command line.

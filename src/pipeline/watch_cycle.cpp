@@ -18,7 +18,7 @@ constexpr int minutesOfDay = 24 * 60;
 } // namespace
 
 WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
-                       std::function<void(const std::function<void()>&)> guarded)
+                       const std::function<void(const std::function<void()>&)>& guarded)
     : program_(program), decode_(decode), printing_(printing) {
   Timers& timers = program.services.timers;
   // The order is that in which they tick where several fall due.

@@ -17,7 +17,7 @@ class WatchCycle {
  public:
   /// `guarded` wraps every tick, so that a tick that unwinds ends there.
   WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
-             std::function<void(const std::function<void()>&)> guarded);
+             const std::function<void(const std::function<void()>&)>& guarded);
 
   /// Sets the timers as they are when the first activation has ended.
   void start();

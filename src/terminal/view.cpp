@@ -31,7 +31,7 @@ View::View(Program& program)
       cycle_(program, decode_, printing_, [this](const std::function<void()>& tick) { guarded(tick); }),
       pane_(program) {}
 
-void View::guarded(const std::function<void()>& event) {
+void View::guarded(const std::function<void()>& event) const {
   if (ended_)
     return;
   try {
@@ -51,7 +51,7 @@ QString View::banner() const {
          program_.record().value(SettingIndex::SORANバージョン).toString() + u"\r\r" + rule;
 }
 
-void View::removeLeftovers() {
+void View::removeLeftovers() const {
   QStringList names = {u"sequence.dat"_s, u"figure.dat"_s};
   for (int hour = 0; hour < 24; ++hour)
     names.append(twoDigits(hour) + u".dat");
@@ -176,7 +176,7 @@ void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
   console.caretToEnd();
 }
 
-bool View::updaterMayRun() {
+bool View::updaterMayRun() const {
   return fileExists(program_.services.path(u"update.exe"));
 }
 

@@ -39,7 +39,7 @@ class View : public QObject {
   void requestUpdater() { updaterRequested_ = true; }
 
   /// Carries out what a user or a timer started; a run that unwinds ends here.
-  void guarded(const std::function<void()>& event);
+  void guarded(const std::function<void()>& event) const;
 
   /// The text of the start-up banner; lines end with CR.
   QString banner() const;
@@ -80,7 +80,7 @@ class View : public QObject {
 
  private:
   void load(const QString& notice);
-  void removeLeftovers();
+  void removeLeftovers() const;
   void readTimeZone();
   void firstActivation();
   void offerVersion(const QString& version);
@@ -88,7 +88,7 @@ class View : public QObject {
   void checkVersionAtStart(bool& formsLoaded);
   void passiveNotice(const QString& version);
   void showNewVersionNotice(const QString& version, qsizetype paintFrom);
-  bool updaterMayRun();
+  bool updaterMayRun() const;
   void enter();
   void stop();
   bool countExit();
