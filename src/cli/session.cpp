@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/session.h"
 
+#include "imagery/cameras.h"
+#include "imagery/chart_catalogue.h"
 #include "store/list_rules.h"
 #include "terminal/opening.h"
 #include "terminal/picture_lookup.h"
 
 #include <QHash>
+#include <algorithm>
 
 namespace soran {
 
@@ -137,6 +140,20 @@ void Session::handle(Fields event) {
            throw InputError(u"\"tick\" is below zero"_s);
          s.tick(seconds);
        }},
+      {u"menu",
+       [](Session& s, Fields& f) {
+         const QString name = f.text(u"menu"_s);
+         const std::optional<int> index = f.integerIfThere(u"index"_s);
+         f.finish();
+         s.choose(name, index);
+       }},
+      {u"button",
+       [](Session& s, Fields& f) {
+         const int index = f.integer(u"button"_s);
+         f.finish();
+         if (!s.view_.menus().button(index))
+           throw InputError(u"unknown button "_s + QString::number(index));
+       }},
       {u"answer",
        [](Session& s, Fields& f) {
          const QStringList words = f.texts(u"answer"_s);
@@ -179,7 +196,7 @@ void Session::handle(Fields event) {
        [](Session& s, Fields& f) {
          const bool minimised = f.flag(u"minimise"_s);
          f.finish();
-         s.minimise(minimised);
+         s.view_.setMinimised(minimised);
        }},
       {u"printer",
        [](Session& s, Fields& f) {
@@ -273,10 +290,18 @@ QJsonArray Session::rowsOf(const QString& table) {
   return rows;
 }
 
-void Session::minimise(bool minimised) {
-  if (program_.minimised == minimised)
+/// The main window's menus go before those of an open chart or camera. What these show is no part of the
+/// state, so an item of theirs only has to exist.
+void Session::choose(const QString& name, std::optional<int> index) {
+  const auto open = [this](const QString& form) { return view_.openForms().contains(form); };
+  if (view_.menus().choose(name, index))
     return;
-  view_.setMinimised(minimised);
+  const bool heading = std::ranges::count(chartSubmenus(), name, &ChartSubmenu::name) > 0;
+  if (open(u"chart"_s) && (findChartItem(name, index) || (heading && !index)))
+    return;
+  if (open(u"camera"_s) && !index && cameraView(name))
+    return;
+  throw InputError(u"unknown menu \""_s + name + u'"');
 }
 
 void Session::writeState() {

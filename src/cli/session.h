@@ -35,7 +35,7 @@ class Session final : private Waiting {
   QJsonArray rowsOf(const QString& table);
   void rewrite(Fields& event);
   void setSettings(const QJsonObject& values);
-  void minimise(bool minimised);
+  void choose(const QString& name, std::optional<int> index);
   int endedAtOnce();
 
   LineInput& input_;

@@ -17,6 +17,9 @@ class Pages {
   /// Brings the browser pane up with the address.
   virtual void openInPane(const QString& address) = 0;
 
+  /// Goes back to the page that was in the pane before, where there was one.
+  virtual void goBack() {}
+
   /// Stops what loads and takes the pane away.
   virtual void closePane() = 0;
 };

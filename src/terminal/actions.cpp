@@ -11,9 +11,10 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-void View::startAutomaticDecode() {
+void View::startAutomaticDecode(Start start) {
   Console& console = program_.console;
   Settings& settings = program_.settings();
+  console.flags.readyGap = start == Start::ByButton;
   if (program_.tables.autoList().recordCount() == 0) {
     console.appendScreen(crlf + u"NO AIRPORT FOUND IN AUTO DECODE LIST" + crlf);
     console.showReady();
@@ -33,16 +34,67 @@ void View::startAutomaticDecode() {
     console.caretToEnd();
     console.setPanel(2, u"システム初期化中"_s);
     settings.store(key::自動デコード有効, true);
+    console.flags.readyGap = start == Start::ByButton;
   }
   cycle_.startAutomatic();
 }
 
 void View::setMinimised(bool minimised) {
+  if (program_.minimised == minimised)
+    return;
+  Forms& forms = program_.services.forms;
   program_.minimised = minimised;
+  for (const QString& form : openForms_)
+    minimised ? forms.hide(form) : forms.show(form);
   if (minimised)
-    program_.services.forms.show(u"taskicon"_s);
+    forms.show(u"taskicon"_s);
   else
     cycle_.startTrayTimer();
+}
+
+void View::showForm(const QString& name) {
+  static const QStringList withWindow = {u"chart"_s, u"camera"_s, u"log"_s, u"command"_s};
+  if (withWindow.contains(name) && !openForms_.contains(name))
+    openForms_.append(name);
+  program_.services.forms.show(name);
+}
+
+void View::showFormModal(const QString& name) {
+  program_.watchTicks = 0;
+  program_.services.forms.showModal(name);
+  program_.services.shutdown.check();
+  emit menus_.changed();
+}
+
+void View::editDictionary(DictionaryMode mode) {
+  dictionaryMode_ = mode;
+  showFormModal(u"weather"_s);
+  dictionaryMode_ = DictionaryMode::Abbreviations;
+}
+
+bool View::showAdobeNotice() {
+  leftForDownload_ = false;
+  showFormModal(u"adobeinfo"_s);
+  return !leftForDownload_;
+}
+
+void View::answerAdobeNotice(AdobeNoticeAnswer answer) {
+  const AdobeNoticeOutcome outcome = adobeNoticeOutcome(answer);
+  if (outcome.storeSetting)
+    program_.settings().store(key::アドビインフォメーション, true);
+  leftForDownload_ = !outcome.showChart;
+  if (outcome.openDownload)
+    program_.services.pages.openExternally(adobe_notice::downloadPage.toString());
+}
+
+QString View::homePage() const {
+  const QString& home = program_.services.endpoints.home;
+  // A server knows its start page; a folder does not.
+  return home + (home.startsWith(u"http") ? u"/"_s : u"/index.html"_s);
+}
+
+QString View::helpPage() const {
+  return program_.services.endpoints.home + u"/help/help.html";
 }
 
 void View::clearScreen() {

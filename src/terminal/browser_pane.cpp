@@ -6,7 +6,7 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-void BrowserPane::openPage(const QString& address) {
+void BrowserPane::openPage(const QString& address, MenuRule menus) {
   if (program_.settings()[key::ブラウザー] != true) {
     program_.services.pages.openExternally(address);
     return;
@@ -15,6 +15,7 @@ void BrowserPane::openPage(const QString& address) {
   if (!visible_)
     status.setPanel2(status.panel2());
   visible_ = true;
+  menusTaken_ = menusTaken_ || menus == MenuRule::MakeWay;
   status.setPaneVisible(true);
   program_.services.pages.openInPane(address);
   emit visibleChanged();
@@ -24,6 +25,7 @@ void BrowserPane::close() {
   if (!visible_)
     return;
   visible_ = false;
+  menusTaken_ = false;
   program_.services.pages.closePane();
   StatusBar& status = program_.console.status();
   status.setPaneVisible(false);

@@ -13,9 +13,13 @@ class BrowserPane : public QObject {
   explicit BrowserPane(Program& program) : program_(program) {}
 
   bool visible() const { return visible_; }
+  /// A page is up that the menus make way for.
+  bool menusTaken() const { return menusTaken_; }
 
-  /// Opens the address in the pane where ブラウザー is true, else by the system's browser.
-  void openPage(const QString& address);
+  /// Opens the address in the pane where ブラウザー is true, else by the system's browser. The menus make way
+  /// for the page unless they are to be left alone.
+  enum class MenuRule { MakeWay, LeftAlone };
+  void openPage(const QString& address, MenuRule menus = MenuRule::MakeWay);
 
   /// Takes the pane away and gives panel 2 back its text.
   void close();
@@ -33,6 +37,7 @@ class BrowserPane : public QObject {
  private:
   Program& program_;
   bool visible_ = false;
+  bool menusTaken_ = false;
 };
 
 } // namespace soran

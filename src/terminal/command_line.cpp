@@ -3,7 +3,9 @@
 #include "terminal/command_line.h"
 
 #include "base/text.h"
+#include "sun/sun_command.h"
 #include "terminal/picture_lookup.h"
+#include "terminal/shared_actions.h"
 #include "terminal/view.h"
 
 #include <algorithm>
@@ -32,7 +34,6 @@ struct Command {
     console().showReady();
     console().colourScreenText();
   }
-  void echoPrompt() const { prompt(crlf.toString()); }
 };
 
 /// A row takes a line or passes it on.
@@ -51,6 +52,30 @@ Outcome update(Command& c) {
   c.console().showReady();
   c.view.checkForNewVersion();
   c.emptyPad();
+  return Outcome::Taken;
+}
+
+/// A command that a menu has too.
+template <void (*action)(View&)>
+Outcome run(Command& c) {
+  action(c.view);
+  return Outcome::Taken;
+}
+
+template <DictionaryMode mode>
+Outcome dictionary(Command& c) {
+  c.emptyPad();
+  c.view.editDictionary(mode);
+  return Outcome::Taken;
+}
+
+Outcome syntaxError(Command& c) {
+  c.console().appendScreen(crlf + u"SYNTAX ERROR" + crlf);
+  c.log(u"SYNTAX ERROR"_s);
+  c.console().showReady();
+  c.console().colourScreenText();
+  c.emptyPad();
+  c.console().caretToEnd();
   return Outcome::Taken;
 }
 
@@ -89,18 +114,27 @@ Outcome phrase(Command& c) {
   return searchWord(c, c.program().tables.phrases());
 }
 
-Outcome counter(Command& c) {
-  c.echoPrompt();
-  c.log(u"DISPLAY ACCESS COUNTER"_s);
-  c.view.pane().openPage(c.program().baseUrl + u"/index2.htm");
+Outcome sunTimes(Command& c) {
+  if (!c.text.startsWith(u"SS "))
+    return Outcome::Passed;
   c.emptyPad();
+  c.log(u"SUNRISE/SUNSET CALCULATION COMMAND"_s);
+  const QStringView list = QStringView(c.text).mid(3);
+  const std::optional<QStringList> lines = sunCommandLines(list, c.view.today());
+  if (!lines)
+    return syntaxError(c);
+  for (const QStringView code : list.split(u' ')) {
+    rememberWord(c.program().inputHistory, code);
+    rememberWord(c.console().recentCodes, code);
+  }
+  c.prompt(sunCommandScreenText(*lines));
   return Outcome::Taken;
 }
 
-Outcome help(Command& c) {
-  c.echoPrompt();
-  c.log(u"DISPLAY ONLINE HELP"_s);
-  c.view.pane().openPage(c.program().services.endpoints.home + u"/help/help.html");
+Outcome counter(Command& c) {
+  echoPrompt(c.view);
+  c.log(u"DISPLAY ACCESS COUNTER"_s);
+  c.view.pane().openPage(c.program().baseUrl + u"/index2.htm", BrowserPane::MenuRule::LeftAlone);
   c.emptyPad();
   return Outcome::Taken;
 }
@@ -160,14 +194,6 @@ Outcome clearScreen(Command& c) {
   return Outcome::Taken;
 }
 
-Outcome runningLog(Command& c) {
-  c.echoPrompt();
-  c.log(u"DISPLAY RUNNING LOG"_s);
-  c.emptyPad();
-  c.program().services.forms.show(u"log"_s);
-  return Outcome::Taken;
-}
-
 Outcome exitProgram(Command& c) {
   c.view.close();
   return Outcome::Taken;
@@ -212,26 +238,39 @@ Outcome codeList(Command& c) {
   return Outcome::Taken;
 }
 
-Outcome syntaxError(Command& c) {
-  c.console().appendScreen(crlf + u"SYNTAX ERROR" + crlf);
-  c.log(u"SYNTAX ERROR"_s);
-  c.console().showReady();
-  c.console().colourScreenText();
-  c.emptyPad();
-  c.console().caretToEnd();
-  return Outcome::Taken;
-}
-
 // The order of the rows decides: a dictionary word goes before a group, a group before most commands.
+// clang-format off
 constexpr Row chain[] = {
-    {u"UPDATE", true, update},    {u"RESET", true, reset},      {u"", false, abbreviation},
-    {u"", false, phrase},         {u"COUNTER", true, counter},  {u"HELP", true, help},
-    {u"AIS", false, ais},         {u"", false, group},          {u"ATO", true, startAutomatic},
-    {u"PRINT", false, print},     {u"/P", false, print},        {u"RL", true, reload},
-    {u"CLS", false, clearScreen}, {u"LOG", false, runningLog},  {u"EXIT", false, exitProgram},
-    {u"", false, networkGate},    {u"", false, sequencePrefix}, {u"", false, japanesePrefix},
-    {u"", false, codeList},       {u"", false, syntaxError},
+    {u"UPDATE", true, update},
+    {u"JAPANESE", false, dictionary<DictionaryMode::Phrases>},
+    {u"PICTURE", false, dictionary<DictionaryMode::Pictures>},
+    {u"RESET", true, reset},
+    {u"", false, abbreviation},
+    {u"", false, phrase},
+    {u"", false, sunTimes},
+    {u"COUNTER", true, counter},
+    {u"HELP", true, run<openHelp>},
+    {u"AIS", false, ais},
+    {u"", false, group},
+    {u"ATO", true, startAutomatic},
+    {u"PRINT", false, print},
+    {u"/P", false, print},
+    {u"RL", true, reload},
+    {u"CLS", false, clearScreen},
+    {u"DE", true, run<openDecodeList>},
+    {u"GP", true, run<openGroupList>},
+    {u"AP", false, run<openAirportList>},
+    {u"WX", true, run<openCharts>},
+    {u"CAM", true, run<openCameras>},
+    {u"LOG", false, run<openRunningLog>},
+    {u"EXIT", false, exitProgram},
+    {u"", false, networkGate},
+    {u"", false, sequencePrefix},
+    {u"", false, japanesePrefix},
+    {u"", false, codeList},
+    {u"", false, syntaxError},
 };
+// clang-format on
 
 } // namespace
 

@@ -29,7 +29,7 @@ constexpr QChar escape = u'\x1B';
 View::View(Program& program)
     : program_(program), printing_(program), decode_(program),
       cycle_(program, decode_, printing_, [this](const std::function<void()>& tick) { guarded(tick); }),
-      pane_(program) {}
+      pane_(program), menus_(*this) {}
 
 void View::guarded(const std::function<void()>& event) const {
   if (ended_)
@@ -114,6 +114,7 @@ void View::firstActivation() {
   updaterRequested_ = false;
   program_.inputHistory = u" "_s;
   console.setOverlay(program_.networkAvailable);
+  menus_.takeAirports();
   bool formsLoaded = true;
   if (program_.networkAvailable)
     checkVersionAtStart(formsLoaded);

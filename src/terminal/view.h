@@ -2,16 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "imagery/adobe_notice.h"
 #include "pipeline/decode_run.h"
 #include "pipeline/printing.h"
 #include "pipeline/program.h"
 #include "pipeline/watch_cycle.h"
 #include "terminal/browser_pane.h"
+#include "terminal/menus.h"
 
 #include <QDate>
+#include <QStringList>
 #include <functional>
 
 namespace soran {
+
+/// The table that the form `weather` edits.
+enum class DictionaryMode { Abbreviations, Phrases, Pictures };
 
 /// The terminal: load, first activation, keys, and the stop. Everything that a user or a timer does enters
 /// here.
@@ -51,14 +57,38 @@ class View : public QObject {
   BrowserPane& pane() { return pane_; }
   const BrowserPane& pane() const { return pane_; }
   const WatchCycle& cycle() const { return cycle_; }
+  Menus& menus() { return menus_; }
 
   /// The local date at the last key press.
   QDate today() const { return today_; }
 
+  /// Shows a form beside the main window. `chart`, `camera`, `log` and `command` count as open until
+  /// `formClosed`: they go and come with the main window.
+  void showForm(const QString& name);
+  /// Shows a form and returns when the user has closed it.
+  void showFormModal(const QString& name);
+  /// The user has closed a form that was shown beside the main window.
+  void formClosed(const QString& name) { openForms_.removeAll(name); }
+  const QStringList& openForms() const { return openForms_; }
+
   /// The main window is minimised to the tray, or restored.
   void setMinimised(bool minimised);
+
+  /// Shows the form `weather` for one table until the user has closed it.
+  void editDictionary(DictionaryMode mode);
+  /// What `weather` edits while it is up.
+  DictionaryMode dictionaryMode() const { return dictionaryMode_; }
+
+  /// Shows the notice about PDF files until the user has closed it. False where the user left for the
+  /// download.
+  bool showAdobeNotice();
+  /// How the user closes that notice.
+  void answerAdobeNotice(AdobeNoticeAnswer answer);
+
+  /// What starts the automatic decode: its prompts differ.
+  enum class Start { ByCommand, ByButton };
   /// Starts the automatic decode as ATO does, asking first where it is disabled.
-  void startAutomaticDecode();
+  void startAutomaticDecode(Start start = Start::ByCommand);
   /// Asks the update endpoint for a newer program, tells what it found, and on a yes closes to hand over.
   void checkForNewVersion();
   /// Empties the screen and the staging buffer.
@@ -70,6 +100,9 @@ class View : public QObject {
   const QString& tipText() const { return tipText_; }
   /// Opens the page of AIS Japan.
   void showAis();
+  /// The addresses of the start page and of the help of the home page endpoint.
+  QString homePage() const;
+  QString helpPage() const;
 
   /// "インターネットに接続できません" as a message.
   void noInternetAlert();
@@ -98,6 +131,10 @@ class View : public QObject {
   DecodeRun decode_;
   WatchCycle cycle_;
   BrowserPane pane_;
+  Menus menus_;
+  QStringList openForms_;
+  DictionaryMode dictionaryMode_ = DictionaryMode::Abbreviations;
+  bool leftForDownload_ = false;
   QDate today_;
   QString tipText_;
   bool enterSeen_ = false;
