@@ -76,12 +76,4 @@ void BrowserFrame::back() {
     page_->back();
 }
 
-bool isAllowedPage(const QUrl& url) {
-  if (!url.isValid())
-    return false;
-  if (url.scheme() == u"qrc")
-    return url.path().startsWith(u"/delivered/help/");
-  return (url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty();
-}
-
 } // namespace soran

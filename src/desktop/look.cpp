@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFrame>
 #include <QLabel>
 #include <QPalette>
 #include <QStyleFactory>
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int formPoints = 10;
+constexpr QRgb frameColour = 0xFF4A5660;
 
 /// Grounds and inks of everything around the screen. Dim enough for the night, 4.5 to 1 or better on each
 /// other.
@@ -28,6 +30,11 @@ constexpr std::pair<QPalette::ColorRole, QRgb> roles[] = {
     {QPalette::Button, 0xFF20262B},
     {QPalette::ButtonText, 0xFFC8D0D6},
     {QPalette::BrightText, 0xFFFFFFFF},
+    {QPalette::Light, 0xFF39424A},
+    {QPalette::Midlight, 0xFF2C343A},
+    {QPalette::Mid, 0xFF39424A},
+    {QPalette::Dark, 0xFF39424A},
+    {QPalette::Shadow, 0xFF000000},
     {QPalette::Highlight, 0xFF1F4E66},
     {QPalette::HighlightedText, 0xFFFFFFFF},
     {QPalette::ToolTipBase, 0xFF20262B},
@@ -93,6 +100,12 @@ void showProgramName(QLabel& icon, QLabel& name) {
   constexpr int namePoints = 22;
   icon.setPixmap(programIcon(true).pixmap(iconSize));
   name.setFont(terminalFont(u"ＭＳ ゴシック"_s, namePoints));
+}
+
+void drawFrameOf(QFrame& frame) {
+  QPalette palette = frame.palette();
+  palette.setColor(QPalette::WindowText, QColor::fromRgba(frameColour));
+  frame.setPalette(palette);
 }
 
 void paintLikeScreen(QWidget& widget, Colour ground, Colour text) {

@@ -10,6 +10,7 @@
 #include <QString>
 
 class QApplication;
+class QFrame;
 class QLabel;
 class QWidget;
 
@@ -39,6 +40,9 @@ void dressApplication(QApplication& application);
 
 /// Shows the program's icon and, large, its name.
 void showProgramName(QLabel& icon, QLabel& name);
+
+/// Gives a frame or a line the dim colour of all frames; what stands in it keeps its own.
+void drawFrameOf(QFrame& frame);
 
 /// Gives a widget the ground and text colour of the terminal.
 void paintLikeScreen(QWidget& widget, Colour ground, Colour text);

@@ -53,6 +53,7 @@ MainWindow::MainWindow(View& view, bool demonstration)
   if (demonstration_)
     setWindowTitle(windowTitle() + u" - " + demonstrationMark);
   ui_->imgGo->setIcon(facedIcon(u"imgGo0"_s, u"imgGo1"_s));
+  drawFrameOf(*ui_->Line);
   makeStatusBar();
   connectTerminal();
   connectPane();
@@ -148,8 +149,10 @@ void MainWindow::applyDisplaySettings() {
   QFont plainFont = font;
   plainFont.setBold(false);
   for (QWidget* widget : {static_cast<QWidget*>(ui_->TextBox0), static_cast<QWidget*>(ui_->TextBox1),
-                          scrollBarCover_, static_cast<QWidget*>(ui_->padShape)})
+                          scrollBarCover_, static_cast<QWidget*>(ui_->padShape),
+                          static_cast<QWidget*>(ui_->padlbl), static_cast<QWidget*>(ui_->inputURL)})
     paintLikeScreen(*widget, ground, text);
+  drawFrameOf(*ui_->padShape);
   ui_->TextBox0->setFont(font);
   ui_->padlbl->setFont(plainFont);
   ui_->inputURL->setFont(plainFont);

@@ -40,6 +40,8 @@ void StartBanner::setContent(const QString& text, const QString& mark) {
 
 void StartBanner::setColours(Colour ground, Colour text) {
   paintLikeScreen(*this, ground, text);
+  paintLikeScreen(*label_, ground, text);
+  drawFrameOf(*this);
   paintLikeScreen(*mark_, ground, yellow);
 }
 

@@ -38,7 +38,14 @@ class WebPageFactory {
 };
 
 /// Which addresses a page may go to: http, https and the program's own help.
-bool isAllowedPage(const QUrl& url);
+inline bool isAllowedPage(const QUrl& url) {
+  if (!url.isValid())
+    return false;
+  if (url.scheme() == QLatin1String("qrc"))
+    return url.path().startsWith(QLatin1String("/delivered/help/"));
+  return (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https")) &&
+         !url.host().isEmpty();
+}
 
 } // namespace soran
 
