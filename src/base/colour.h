@@ -13,6 +13,7 @@ inline constexpr Colour black = 0;
 inline constexpr Colour red = 255;
 inline constexpr Colour yellow = 65535;
 inline constexpr Colour grey = 8421504;
+inline constexpr Colour white = 16777215;
 
 constexpr int redOf(Colour c) {
   return c & 0xFF;

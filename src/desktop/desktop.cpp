@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/desktop.h"
+
+#include "desktop/opening_form.h"
+#include "terminal/opening.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A start that is quicker shows no form that would only flash up.
+constexpr int splashDelay = 200;
+
+QString failureText(Opening::Result result) {
+  switch (result) {
+  case Opening::Result::NoDirectory:
+    return u"プログラムのディレクトリを作成できません　　"_s;
+  case Opening::Result::NoDatabase:
+    return u"データベースを開けません　　"_s;
+  case Opening::Result::AlreadyRunning:
+  case Opening::Result::NoNetwork:
+  case Opening::Result::Started:
+    break;
+  }
+  return {};
+}
+
+} // namespace
+
+Desktop::Desktop(Launch& launch)
+    : launch_(launch), dialogs_(launch.shutdown()), sounds_(launch.shutdown()),
+      pages_(launch.directory() + u"/help"), waiting_(launch.shutdown()),
+      program_(launch.services({dialogs_, forms_, sounds_, printers_, pages_, waiting_})), view_(program_),
+      opening_(std::make_unique<Opening>(program_)) {
+  forms_.attach(program_);
+  connect(&view_, &View::stopped, this, &Desktop::onStopped);
+}
+
+Desktop::~Desktop() {
+  view_.disconnect(this);
+  forms_.closeAll();
+}
+
+bool Desktop::open(QString& notice) {
+  OpeningForm splash;
+  QTimer::singleShot(splashDelay, &splash, &QWidget::show);
+  connect(&splash, &QDialog::rejected, this, [this] {
+    launch_.shutdown().request();
+    program_.services.inet.cancel();
+  });
+  try {
+    const Opening::Result result = opening_->start();
+    splash.hide();
+    if (result == Opening::Result::Started) {
+      notice = opening_->notice();
+      return true;
+    }
+    if (const QString text = failureText(result); !text.isEmpty())
+      dialogs_.message(u" 確認"_s, text);
+  } catch (const Unwind&) {
+    // The user closed the form.
+  }
+  return false;
+}
+
+bool Desktop::start() {
+  QString notice;
+  if (!open(notice))
+    return false;
+  showWindow();
+  view_.guarded([&] { view_.start(notice); });
+  return true;
+}
+
+void Desktop::showWindow() {
+  window_ = std::make_unique<MainWindow>(view_, launch_.demo());
+  dialogs_.setWindow(window_.get());
+  forms_.setWindow(window_.get());
+  pages_.setPane(&window_->browser());
+  connect(window_.get(), &MainWindow::minimisedChanged, this, &Desktop::setMinimised);
+  connect(window_.get(), &MainWindow::screenPressed, &forms_, &FormService::hideTip);
+  connect(&forms_, &FormService::restoreRequested, window_.get(), &MainWindow::restore);
+  window_->appear();
+}
+
+void Desktop::setMinimised(bool minimised) {
+  forms_.followWindow(minimised);
+  view_.guarded([&] { view_.setMinimised(minimised); });
+  // With an icon in the tray the window needs no place among the others.
+  if (minimised && TaskIcon::isAvailable())
+    QTimer::singleShot(0, window_.get(), &QWidget::hide);
+}
+
+void Desktop::onStopped() {
+  forms_.hideAll();
+  if (window_)
+    window_->release();
+}
+
+int Desktop::run() {
+  if (!start())
+    return 1;
+  if (view_.ended())
+    return 0;
+  connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+  return QApplication::exec();
+}
+
+} // namespace soran

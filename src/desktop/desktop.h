@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/dialog_service.h"
+#include "desktop/form_service.h"
+#include "desktop/main_window.h"
+#include "desktop/page_service.h"
+#include "desktop/printer_service.h"
+#include "desktop/sound_service.h"
+#include "platform/waiting.h"
+#include "terminal/launch.h"
+#include "terminal/view.h"
+
+namespace soran {
+
+/// One run of the program with its window.
+class Desktop : public QObject {
+  Q_OBJECT
+ public:
+  explicit Desktop(Launch& launch);
+  ~Desktop() override;
+
+  /// Runs the start to the point at which the window takes input. False where the program ended at once; the
+  /// user was told why.
+  bool start();
+
+  /// Starts and runs until the program has stopped; the exit status.
+  int run();
+
+  View& view() { return view_; }
+  MainWindow& window() { return *window_; }
+  FormService& forms() { return forms_; }
+
+ private:
+  bool open(QString& notice);
+  void showWindow();
+  void onStopped();
+  void setMinimised(bool minimised);
+
+  Launch& launch_;
+  DialogService dialogs_;
+  FormService forms_;
+  SoundService sounds_;
+  PrinterService printers_;
+  PageService pages_;
+  LoopWaiting waiting_;
+  Program program_;
+  View view_;
+  std::unique_ptr<class Opening> opening_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+} // namespace soran

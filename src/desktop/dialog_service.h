@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/shutdown.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QDialog;
+
+namespace soran {
+
+/// Messages and questions as boxes over the main window. Each ends as cancelled when the program closes.
+class DialogService final : public Dialogs {
+ public:
+  explicit DialogService(const Shutdown& shutdown) : shutdown_(shutdown) {}
+
+  /// The window over which boxes stand.
+  void setWindow(QWidget* window) { window_ = window; }
+
+  bool question(const QString& title, const QString& text) override;
+  void message(const QString& title, const QString& text) override;
+  std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
+  std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
+
+ private:
+  int run(QDialog& dialog) const;
+
+  const Shutdown& shutdown_;
+  QPointer<QWidget> window_;
+};
+
+} // namespace soran

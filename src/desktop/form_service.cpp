@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/form_service.h"
+
+#include "base/files.h"
+#include "desktop/command_form.h"
+#include "desktop/component_form.h"
+#include "desktop/data_change_form.h"
+#include "desktop/log_form.h"
+#include "desktop/message_form.h"
+#include "desktop/no_connect_form.h"
+#include "desktop/picture_form.h"
+#include "desktop/version_form.h"
+#include "terminal/picture_lookup.h"
+
+#include <QLoggingCategory>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcForms, "soran.desktop")
+
+} // namespace
+
+struct FormService::Kind {
+  QStringView name;
+  Form (FormService::*make)();
+  bool kept;          ///< the same form is shown again, with what it held
+  bool followsWindow; ///< it is minimised with the main window
+  void (FormService::*shown)() = nullptr;
+};
+
+const FormService::Kind* FormService::kindOf(const QString& name) {
+  static constexpr Kind kinds[] = {
+      {u"noconnectmsg", &FormService::makeNoConnect, false, false},
+      {u"version", &FormService::makeVersion, false, false},
+      {u"compornent", &FormService::makeComponents, false, false},
+      {u"command", &FormService::makeCommands, true, true},
+      {u"message", &FormService::makeMessage, false, false, &FormService::soundAlarm},
+      {u"datachange", &FormService::makeDataChange, false, false},
+      {u"log", &FormService::makeLog, true, true},
+      {u"pictureform", &FormService::makePicture, false, false},
+  };
+  for (const Kind& kind : kinds) {
+    if (kind.name == name)
+      return &kind;
+  }
+  return nullptr;
+}
+
+FormService::~FormService() = default;
+
+QDialog* FormService::form(const QString& name) const {
+  const auto found = forms_.find(name);
+  return found == forms_.end() ? nullptr : found->second.get();
+}
+
+void FormService::show(const QString& name) {
+  if (name == u"taskicon") {
+    showTaskIcon();
+    return;
+  }
+  const Kind* kind = kindOf(name);
+  if (!kind) {
+    qCWarning(lcForms) << "passed over: showing the form" << name;
+    return;
+  }
+  Form& form = forms_[name];
+  if (!form || !kind->kept)
+    form = (this->*kind->make)();
+  if (!form)
+    return;
+  form->show();
+  form->raise();
+  if (kind->shown)
+    (this->*kind->shown)();
+}
+
+void FormService::showModal(const QString& name) {
+  const Kind* kind = kindOf(name);
+  const Form form = kind ? (this->*kind->make)() : nullptr;
+  if (!form) {
+    qCWarning(lcForms) << "passed over: showing the form" << name;
+    return;
+  }
+  if (program_->services.shutdown.requested())
+    return;
+  connect(&program_->services.shutdown, &Shutdown::closing, form.get(), &QDialog::reject);
+  form->exec();
+}
+
+void FormService::hide(const QString& name) {
+  if (name == u"taskicon")
+    taskIcon_.reset();
+  else if (QDialog* shown = form(name))
+    shown->hide();
+}
+
+void FormService::showTip(const QString& text, QPoint mouse) {
+  tip_ = std::make_unique<TipForm>(window_);
+  pictureCorner_ = mouse;
+  tip_->showTip(text, mouse);
+}
+
+void FormService::hideTip() {
+  tip_.reset();
+  pictureCorner_.reset();
+  hide(u"pictureform"_s);
+}
+
+void FormService::followWindow(bool minimised) {
+  if (!minimised) {
+    for (const QString& name : std::exchange(hiddenWithWindow_, {}))
+      forms_[name]->show();
+    return;
+  }
+  for (const auto& [name, form] : forms_) {
+    if (form && form->isVisible() && kindOf(name)->followsWindow) {
+      hiddenWithWindow_.append(name);
+      form->hide();
+    }
+  }
+}
+
+void FormService::hideAll() {
+  for (const auto& [name, form] : forms_) {
+    if (form)
+      form->hide();
+  }
+  tip_.reset();
+  taskIcon_.reset();
+}
+
+void FormService::closeAll() {
+  hideAll();
+  forms_.clear();
+}
+
+void FormService::showTaskIcon() {
+  if (!TaskIcon::isAvailable())
+    return;
+  taskIcon_ = std::make_unique<TaskIcon>(program_->networkAvailable);
+  connect(taskIcon_.get(), &TaskIcon::restoreRequested, this, &FormService::restoreRequested);
+}
+
+void FormService::soundAlarm() {
+  const QString wave = program_->services.path(u"sound/error.wav");
+  if (program_->settings()[key::切断時アラーム] == true && fileExists(wave))
+    program_->services.sounds.play(wave);
+}
+
+FormService::Form FormService::makeNoConnect() {
+  return std::make_unique<NoConnectForm>(window_);
+}
+FormService::Form FormService::makeVersion() {
+  return std::make_unique<VersionForm>(window_, program_->record());
+}
+FormService::Form FormService::makeComponents() {
+  return std::make_unique<ComponentForm>(window_, program_->record());
+}
+FormService::Form FormService::makeCommands() {
+  return std::make_unique<CommandForm>(window_);
+}
+FormService::Form FormService::makeMessage() {
+  return std::make_unique<MessageForm>(window_);
+}
+
+FormService::Form FormService::makeDataChange() {
+  if (program_->minimised)
+    return nullptr;
+  const SettingsRecord& settings = program_->record();
+  return std::make_unique<DataChangeForm>(window_, settings[key::表示領域の色].value_or(black),
+                                          settings[key::表示文字の色].value_or(white));
+}
+
+FormService::Form FormService::makeLog() {
+  const auto speciColour = [this] { return program_->record()[key::SPECIの色].value_or(red); };
+  return std::make_unique<LogForm>(window_, program_->console.log(), speciColour);
+}
+
+FormService::Form FormService::makePicture() {
+  QPixmap picture;
+  if (!picture.loadFromData(takePicture(program_->services)))
+    return nullptr;
+  return std::make_unique<PictureForm>(window_, picture, std::exchange(pictureCorner_, std::nullopt));
+}
+
+} // namespace soran

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "delivered.h"
+#include "desktop/desktop.h"
+#include "desktop/look.h"
+
+#include <QApplication>
+#include <cstdio>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int badArguments = 2;
+
+void print(std::FILE* stream, const QString& text) {
+  std::fputs(text.toUtf8().constData(), stream);
+}
+
+/// The exit status where the arguments ask for no window.
+std::optional<int> answerWithoutWindow(const LaunchOptions& options) {
+  if (!options.error.isEmpty() || !options.rest.isEmpty()) {
+    const QString why =
+        options.error.isEmpty() ? u"unknown argument "_s + options.rest.first() : options.error;
+    print(stderr, u"soran: "_s + why + u'\n');
+    return badArguments;
+  }
+  if (options.help) {
+    print(stdout, u"soran: SORAN, the aviation weather terminal\n\n  soran [OPTIONS]\n\n"_s + optionsHelp());
+    return 0;
+  }
+  if (options.version) {
+    print(stdout, u"soran "_s + programVersion + u'\n');
+    return 0;
+  }
+  return std::nullopt;
+}
+
+LaunchOptions optionsOf(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i)
+    arguments.append(QString::fromLocal8Bit(argv[i]));
+  return readOptions(arguments);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  // A display is not needed to tell what is wrong.
+  const LaunchOptions options = optionsOf(argc, argv);
+  if (const std::optional<int> status = answerWithoutWindow(options))
+    return *status;
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(u"soran"_s);
+  QApplication::setQuitOnLastWindowClosed(false);
+  dressApplication(app);
+  LoopTimers timers;
+  Launch launch(options, timers, delivered::file);
+  return Desktop(launch).run();
+}

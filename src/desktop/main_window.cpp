@@ -1,0 +1,294 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/main_window.h"
+
+#include "desktop/browser_frame.h"
+#include "desktop/look.h"
+#include "desktop/screen_view.h"
+#include "desktop/start_banner.h"
+#include "desktop/toolbar_frame.h"
+#include "ui_main_window.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QMenu>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QSettings>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView demonstrationMark = u"DEMONSTRATION DATA";
+constexpr int fewStations = 5;
+
+/// A field of the status bar.
+QLabel* makePanel(const QString& name, const QString& spokenName, QWidget* parent) {
+  auto* panel = new QLabel(parent);
+  panel->setObjectName(name);
+  panel->setAccessibleName(spokenName);
+  panel->setTextFormat(Qt::PlainText);
+  panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+  panel->setContentsMargins(6, 1, 6, 1);
+  return panel;
+}
+
+} // namespace
+
+MainWindow::MainWindow(View& view, bool demonstration)
+    : view_(view), console_(view.program().console), demonstration_(demonstration),
+      ui_(std::make_unique<Ui::MainWindow>()) {
+  ui_->setupUi(this);
+  banner_ = new StartBanner(ui_->Form);
+  banner_->hide();
+  scrollBarCover_ = new QWidget(ui_->TextBox1);
+  scrollBarCover_->setObjectName(u"TextBox2"_s);
+  scrollBarCover_->setAccessibleName(u"スクロールバーの覆い"_s);
+  popup_ = new QMenu(u"ポップアップ"_s, this);
+  popup_->setObjectName(u"menu_popup"_s);
+  popup_->setAccessibleName(u"ポップアップ"_s);
+  if (demonstration_)
+    setWindowTitle(windowTitle() + u" - " + demonstrationMark);
+  ui_->imgGo->setIcon(facedIcon(u"imgGo0"_s, u"imgGo1"_s));
+  drawFrameOf(*ui_->Line);
+  makeStatusBar();
+  connectTerminal();
+  connectPane();
+  applyDisplaySettings();
+  showPanels();
+  showPane();
+}
+
+MainWindow::~MainWindow() = default;
+
+ScreenView& MainWindow::screen() {
+  return *ui_->TextBox0;
+}
+BrowserFrame& MainWindow::browser() {
+  return *ui_->WebBrowser;
+}
+ToolbarFrame& MainWindow::toolbar() {
+  return *ui_->Frame;
+}
+
+void MainWindow::makeStatusBar() {
+  constexpr int progressWidth = 160;
+  panel1_ = makePanel(u"Panel1"_s, u"ネットワークの状態"_s, this);
+  panel2_ = makePanel(u"Panel2"_s, u"動作の状態"_s, this);
+  panel1_->setMinimumWidth(panel1_->fontMetrics().horizontalAdvance(u"ネットワーク接続待機"_s) + 24);
+  panel2_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  progress_ = new QProgressBar(this);
+  progress_->setObjectName(u"progress"_s);
+  progress_->setAccessibleName(u"受信の進み"_s);
+  progress_->setFixedWidth(progressWidth);
+  progress_->setFormat(u"%v / %m"_s);
+  progress_->hide();
+  ui_->StatusBar->addWidget(panel1_);
+  ui_->StatusBar->addWidget(panel2_, 1);
+  ui_->StatusBar->addPermanentWidget(progress_);
+  if (demonstration_) {
+    QLabel* mark = makePanel(u"demonstrationMark"_s, u"試験データの表示"_s, this);
+    mark->setText(demonstrationMark.toString());
+    paintLikeScreen(*mark, black, yellow);
+    ui_->StatusBar->addPermanentWidget(mark);
+  }
+}
+
+void MainWindow::connectTerminal() {
+  ScreenView& screen = *ui_->TextBox0;
+  screen.show(console_.screen());
+  connect(&console_, &Console::inputChanged, this, &MainWindow::showInput);
+  connect(&console_, &Console::busyChanged, this, &MainWindow::showBusy);
+  connect(&console_, &Console::progress, this, &MainWindow::showProgress);
+  connect(&console_, &Console::overlayChanged, this, &MainWindow::showBanner);
+  connect(&console_, &Console::displaySettingsApplied, this, &MainWindow::applyDisplaySettings);
+  connect(&console_.status(), &StatusBar::changed, this, &MainWindow::showPanels);
+  connect(&screen, &ScreenView::keyTyped, this,
+          [this](QChar key) { view_.guarded([&] { view_.handleKey(key); }); });
+  connect(&screen, &ScreenView::selectionReleased, this, [this](QPoint mouse) {
+    const auto [start, length] = ui_->TextBox0->selectedStretch();
+    emit stretchSelected(start, length, mouse);
+  });
+  connect(&screen, &ScreenView::mousePressed, this, [this](Qt::MouseButton button, QPoint mouse) {
+    emit screenPressed();
+    if (button == Qt::RightButton)
+      openPopup(mouse);
+  });
+}
+
+void MainWindow::connectPane() {
+  BrowserPane& pane = view_.pane();
+  BrowserFrame& browser = *ui_->WebBrowser;
+  connect(&pane, &BrowserPane::visibleChanged, this, &MainWindow::showPane);
+  connect(&browser, &BrowserFrame::pageState, this, [&pane](WebPage::State state) {
+    pane.pageState(static_cast<BrowserPane::Loading>(static_cast<int>(state)));
+  });
+  connect(&browser, &BrowserFrame::addressChanged, ui_->inputURL, &QLineEdit::setText);
+  connect(ui_->inputURL, &QLineEdit::textEdited, this, [this](const QString& typed) {
+    if (const QString text = BrowserPane::expandedAddress(typed); text != typed)
+      ui_->inputURL->setText(text);
+  });
+  const auto go = [this] {
+    if (!ui_->inputURL->text().isEmpty())
+      ui_->WebBrowser->open(ui_->inputURL->text());
+  };
+  connect(ui_->inputURL, &QLineEdit::returnPressed, this, go);
+  connect(ui_->imgGo, &QToolButton::clicked, this, go);
+}
+
+void MainWindow::applyDisplaySettings() {
+  const SettingsRecord& settings = view_.program().record();
+  const Colour ground = settings[key::表示領域の色].value_or(black);
+  const Colour text = settings[key::表示文字の色].value_or(white);
+  const QFont font =
+      terminalFont(settings[key::表示文字のフォント].value_or(QString()),
+                   settings[key::表示文字のサイズ].value_or(11), settings[key::表示文字のボールド] == true);
+  QFont plainFont = font;
+  plainFont.setBold(false);
+  for (QWidget* widget : {static_cast<QWidget*>(ui_->TextBox0), static_cast<QWidget*>(ui_->TextBox1),
+                          scrollBarCover_, static_cast<QWidget*>(ui_->padShape),
+                          static_cast<QWidget*>(ui_->padlbl), static_cast<QWidget*>(ui_->inputURL)})
+    paintLikeScreen(*widget, ground, text);
+  drawFrameOf(*ui_->padShape);
+  ui_->TextBox0->setFont(font);
+  ui_->padlbl->setFont(plainFont);
+  ui_->inputURL->setFont(plainFont);
+  banner_->setFont(plainFont);
+  banner_->setColours(ground, text);
+  scrollBarCover_->setVisible(settings[key::スクロールバーを表示] != true);
+  const bool framed = settings[key::PAD表示] == true || view_.pane().visible();
+  ui_->padShape->setFrameShape(framed ? QFrame::Box : QFrame::NoFrame);
+  placeOverlays();
+}
+
+void MainWindow::showPanels() {
+  panel1_->setText(console_.status().panel1());
+  panel2_->setText(console_.status().panel2());
+}
+
+void MainWindow::showInput() {
+  ui_->padlbl->setText(console_.padlbl());
+}
+
+void MainWindow::showBusy() {
+  ui_->TextBox0->viewport()->setCursor(console_.busy() ? Qt::WaitCursor : Qt::IBeamCursor);
+  if (console_.busy())
+    setCursor(Qt::WaitCursor);
+  else
+    unsetCursor();
+}
+
+void MainWindow::showProgress(int done, int total) {
+  progress_->setMaximum(total);
+  progress_->setValue(done);
+  progress_->setVisible(total > fewStations && done < total);
+}
+
+void MainWindow::showBanner() {
+  if (console_.overlay())
+    banner_->setContent(view_.banner(), demonstration_ ? demonstrationMark.toString() : QString());
+  banner_->setVisible(console_.overlay());
+  banner_->raise();
+}
+
+void MainWindow::showPane() {
+  const bool up = view_.pane().visible();
+  ui_->WebBrowser->setVisible(up);
+  ui_->TextBox0->setVisible(!up);
+  ui_->padlbl->setVisible(!up);
+  ui_->inputURL->setVisible(up);
+  ui_->imgGo->setVisible(up);
+  applyDisplaySettings();
+  if (up)
+    ui_->inputURL->setFocus();
+  else
+    ui_->TextBox0->setFocus();
+}
+
+void MainWindow::placeOverlays() {
+  const QScrollBar* bar = ui_->TextBox0->verticalScrollBar();
+  scrollBarCover_->setGeometry(QRect(bar->mapTo(ui_->TextBox1, QPoint()), bar->size()));
+  scrollBarCover_->raise();
+  if (view_.pane().visible())
+    scrollBarCover_->hide();
+  banner_->centre();
+}
+
+void MainWindow::openPopup(QPoint place) {
+  if (!popup_->isEmpty() && view_.program().settings()[key::ポップアップ] == true)
+    popup_->popup(place);
+}
+
+QString MainWindow::geometryFile() const {
+  return view_.program().services.path(u"window.ini");
+}
+
+void MainWindow::appear() {
+  const QSettings stored(geometryFile(), QSettings::IniFormat);
+  if (restoreGeometry(stored.value(u"view/geometry"_s).toByteArray()))
+    show();
+  else
+    showMaximized();
+  ui_->TextBox0->setFocus();
+}
+
+void MainWindow::rememberGeometry() const {
+  QSettings stored(geometryFile(), QSettings::IniFormat);
+  stored.setValue(u"view/geometry"_s, saveGeometry());
+  stored.sync();
+  QFile::setPermissions(geometryFile(), QFile::ReadOwner | QFile::WriteOwner);
+}
+
+void MainWindow::release() {
+  if (released_)
+    return;
+  released_ = true;
+  rememberGeometry();
+  ui_->TextBox0->release();
+  console_.disconnect(this);
+  console_.status().disconnect(this);
+  view_.pane().disconnect(this);
+  ui_->WebBrowser->disconnect(this);
+  hide();
+}
+
+void MainWindow::restore() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  view_.guarded([this] { view_.closeBox(); });
+  event->setAccepted(view_.ended());
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || released_)
+    return;
+  const auto* change = static_cast<QWindowStateChangeEvent*>(event);
+  const bool was = change->oldState() & Qt::WindowMinimized;
+  if (isMinimized() != was)
+    emit minimisedChanged(isMinimized());
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  placeOverlays();
+}
+
+bool MainWindow::event(QEvent* event) {
+  const bool handled = QMainWindow::event(event);
+  // The inner layout stands only behind this event.
+  if (event->type() == QEvent::LayoutRequest && ui_)
+    placeOverlays();
+  return handled;
+}
+
+} // namespace soran

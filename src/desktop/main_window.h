@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/view.h"
+
+#include <QMainWindow>
+#include <memory>
+
+class QLabel;
+class QMenu;
+class QProgressBar;
+
+namespace Ui {
+class MainWindow;
+}
+
+namespace soran {
+
+class BrowserFrame;
+class ScreenView;
+class StartBanner;
+class ToolbarFrame;
+
+/// The window `view`: shows what the terminal holds and passes on what the user does.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  /// With `demonstration` the window says on title, banner and status bar that its data are no weather.
+  MainWindow(View& view, bool demonstration);
+  ~MainWindow() override;
+
+  ScreenView& screen();
+  BrowserFrame& browser();
+  /// The strip of image buttons.
+  ToolbarFrame& toolbar();
+  /// The menu that the right mouse button opens on the screen where the settings want it.
+  QMenu& popup() { return *popup_; }
+
+  /// Shows itself where it stood last, the first time over the whole screen.
+  void appear();
+
+  /// Looks at the terminal no more and leaves the screen.
+  void release();
+
+  /// Comes back from the tray.
+  void restore();
+
+ signals:
+  /// The user minimised the window, or restored it.
+  void minimisedChanged(bool minimised);
+  /// The mouse marked a stretch of the screen's text.
+  void stretchSelected(qsizetype start, qsizetype length, QPoint mouse);
+  /// A mouse button went down on the screen.
+  void screenPressed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void makeStatusBar();
+  void connectTerminal();
+  void connectPane();
+  void applyDisplaySettings();
+  void showPanels();
+  void showInput();
+  void showBusy();
+  void showProgress(int done, int total);
+  void showBanner();
+  void showPane();
+  void placeOverlays();
+  void openPopup(QPoint place);
+  QString geometryFile() const;
+  void rememberGeometry() const;
+
+  View& view_;
+  Console& console_;
+  bool demonstration_;
+  std::unique_ptr<Ui::MainWindow> ui_;
+  StartBanner* banner_;
+  QWidget* scrollBarCover_;
+  QMenu* popup_;
+  QLabel* panel1_ = nullptr;
+  QLabel* panel2_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+  bool released_ = false;
+};
+
+} // namespace soran

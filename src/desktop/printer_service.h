@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/printers.h"
+
+#include <QFont>
+#include <QSizeF>
+#include <QStringList>
+#include <vector>
+
+class QPaintDevice;
+
+namespace soran {
+
+/// The printers of the system. A system without any offers one named PDF, which writes a file into the
+/// user's documents.
+class PrinterService final : public Printers {
+ public:
+  QStringList installed() const override;
+  bool print(const PrintJob& job) override;
+};
+
+/// The text broken into lines that fit `width` and pages that hold `height`, in the units of `device`. A page
+/// ends between lines only.
+std::vector<QStringList> printedPages(const QString& text, const QFont& font, const QSizeF& area,
+                                      QPaintDevice* device);
+
+} // namespace soran

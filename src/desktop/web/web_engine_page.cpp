@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/web/web_engine_page.h"
+
+#include <QQuickWindow>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineSettings>
+
+namespace soran {
+
+namespace {
+
+// Pages of text need no graphics device, and without one none has to be set up before the program's window.
+void renderInSoftware() {
+  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
+  if (!flags.contains("--disable-gpu"))
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", flags.append(" --disable-gpu").trimmed());
+}
+
+void closeDoors(QWebEngineSettings& settings) {
+  using Settings = QWebEngineSettings;
+  for (const Settings::WebAttribute attribute :
+       {Settings::LocalContentCanAccessRemoteUrls, Settings::LocalContentCanAccessFileUrls,
+        Settings::JavascriptCanOpenWindows, Settings::JavascriptCanAccessClipboard, Settings::PluginsEnabled,
+        Settings::ScreenCaptureEnabled, Settings::FullScreenSupportEnabled})
+    settings.setAttribute(attribute, false);
+}
+
+} // namespace
+
+bool GuardedPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame) {
+  return isAllowedPage(url) || (!isMainFrame && url.scheme() == QLatin1String("about"));
+}
+
+// A page that wants a window of its own is shown in this one.
+QWebEnginePage* GuardedPage::createWindow(WebWindowType) {
+  return this;
+}
+
+WebEnginePage::WebEnginePage(QWidget* parent) : page_(&profile_), view_(new QWebEngineView(parent)) {
+  closeDoors(*profile_.settings());
+  connect(&profile_, &QWebEngineProfile::downloadRequested, this,
+          [](QWebEngineDownloadRequest* download) { download->cancel(); });
+  view_->setPage(&page_);
+  view_->setContextMenuPolicy(Qt::NoContextMenu);
+  view_->setObjectName(QStringLiteral("webView"));
+  view_->setAccessibleName(QStringLiteral("ウェブページ"));
+  connect(&page_, &QWebEnginePage::loadStarted, this, [this] { onState(State::Started); });
+  connect(&page_, &QWebEnginePage::loadFinished, this,
+          [this](bool ok) { onState(ok ? State::Completed : State::Failed); });
+  connect(&page_, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) { onAddress(url); });
+  // A page whose process died is no page any more.
+  connect(&page_, &QWebEnginePage::renderProcessTerminated, this, [this] { onState(State::Failed); });
+}
+
+WebEnginePage::~WebEnginePage() {
+  if (view_)
+    view_->setPage(nullptr);
+}
+
+void WebEnginePage::stop() {
+  // The end of a page that is taken away is no news.
+  const QSignalBlocker quiet(page_);
+  view_->stop();
+}
+
+std::unique_ptr<WebPage> WebEngineFactory::make(QWidget* parent) {
+  renderInSoftware();
+  return std::make_unique<WebEnginePage>(parent);
+}
+
+} // namespace soran

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/look.h"
+#include "printing.h"
+#include "window_fixture.h"
+
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QTextBlock>
+#include <QTimer>
+
+namespace soran {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST_F(WindowTest, TypedCodeShowsItsReportsInColour) {
+  start();
+  QTest::keyClicks(&screen(), u"rjtx"_s);
+  EXPECT_EQ(textOf(u"padlbl"), u"RJTX");
+  QTest::keyClick(&screen(), Qt::Key_Backspace);
+  type(u"t"_s);
+  EXPECT_TRUE(shown().contains(u"RJTT  METAR 1400I\n")) << shown().toStdString();
+  EXPECT_TRUE(shown().contains(u"RJTT  TAF   1405I\n")) << shown().toStdString();
+  EXPECT_TRUE(shown().endsWith(u"READY / PRESS ESC TO EXIT")) << shown().toStdString();
+  EXPECT_TRUE(textOf(u"padlbl").isEmpty());
+  EXPECT_TRUE(textOf(u"Panel2").startsWith(u"自動デコード"));
+
+  const QTextBlock line = screen().document()->find(u"-SHRA"_s).block();
+  QStringList coloured;
+  for (const QTextLayout::FormatRange& range : line.layout()->formats())
+    coloured.append(line.text().mid(range.start, range.length));
+  EXPECT_TRUE(coloured.contains(u"-SHRA")) << coloured.join(u'|').toStdString();
+  EXPECT_EQ(screen().textCursor().position(), shown().size());
+}
+
+TEST_F(WindowTest, StartShowsBannerAndSettingsAndControlsAreNamed) {
+  start();
+  EXPECT_EQ(desktop_->window().windowTitle(), u"SORAN");
+  EXPECT_TRUE(child(u"Frame1")->isVisible());
+  EXPECT_TRUE(textOf(u"Label1").contains(u"\n       Version 4.31\n"));
+  type(u"RJTT"_s);
+  EXPECT_FALSE(child(u"Frame1")->isVisible());
+  EXPECT_TRUE(child(u"TextBox2")->isVisible());
+
+  Settings& settings = desktop_->view().program().settings();
+  settings.store(key::スクロールバーを表示, true);
+  settings.store(key::表示領域の色, colourOf(10, 20, 30));
+  settings.store(key::表示文字のサイズ, 20);
+  desktop_->view().program().console.applyDisplaySettings();
+  EXPECT_FALSE(child(u"TextBox2")->isVisible());
+  EXPECT_EQ(screen().palette().color(QPalette::Base), QColor(10, 20, 30));
+  EXPECT_EQ(screen().font().pointSize(), 20);
+
+  for (const QString& name : {u"TextBox0"_s, u"TextBox1"_s, u"padlbl"_s, u"Frame"_s, u"StatusBar"_s,
+                              u"Panel1"_s, u"inputURL"_s, u"WebBrowser"_s, u"Line"_s}) {
+    ASSERT_NE(child(name), nullptr) << name.toStdString();
+    EXPECT_FALSE(child(name)->accessibleName().isEmpty()) << name.toStdString();
+  }
+}
+
+TEST_F(WindowTest, DemonstrationIsMarked) {
+  options_.demo = true;
+  start();
+  EXPECT_EQ(desktop_->window().windowTitle(), u"SORAN - DEMONSTRATION DATA");
+  EXPECT_EQ(textOf(u"demonstrationMark"), u"DEMONSTRATION DATA");
+  EXPECT_EQ(textOf(u"bannerMark"), u"DEMONSTRATION DATA");
+}
+
+TEST_F(WindowTest, ProgressShowsForLongListsOnly) {
+  start();
+  server_.setDelivery(u"/metar/"_s, {.delay = 20});
+  auto* bar = child<QProgressBar>(u"progress");
+  bool seen = false;
+  QObject::connect(bar, &QProgressBar::valueChanged, bar, [&] { seen = seen || !bar->isHidden(); });
+  type(u"RJTT RJTT RJTT RJTT RJTT"_s);
+  EXPECT_FALSE(seen);
+  type(u"RJTT RJTT RJTT RJTT RJTT RJTT RJTT"_s);
+  EXPECT_TRUE(seen);
+  EXPECT_TRUE(bar->isHidden());
+}
+
+TEST_F(WindowTest, EndsCleanlyInTheMiddleOfASlowFetch) {
+  struct Case {
+    const char* name;
+    std::function<void()> end;
+  };
+  const Case cases[] = {
+      {"Escape", [this] { QTest::keyClick(&screen(), Qt::Key_Escape); }},
+      {"close box", [this] { desktop_->window().close(); }},
+  };
+  server_.setDelivery(u"/metar/"_s, {.delay = 20000});
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    start();
+    screen().setFocus();
+    QTimer::singleShot(100, &desktop_->window(), [&c] { c.end(); });
+    const QString before = shown();
+    QElapsedTimer clock;
+    clock.start();
+    type(u"RJTT"_s);
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_TRUE(desktop_->view().ended());
+    EXPECT_FALSE(desktop_->window().isVisible());
+    EXPECT_FALSE(shown().contains(u"NOT FOUND")) << shown().toStdString();
+    EXPECT_FALSE(QFileInfo::exists(home_.filePath(u"data"_s)));
+    desktop_.reset();
+  }
+}
+
+TEST_F(WindowTest, CloseDuringTheStartEndsIt) {
+  server_.setDelivery(u"/data/version.dat"_s, {.delay = 20000});
+  makeDesktop();
+  QTimer::singleShot(400, desktop_.get(), [] {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == u"opening")
+        widget->close();
+    }
+  });
+  EXPECT_FALSE(desktop_->start());
+}
+
+TEST_F(WindowTest, WithoutNetworkTheStartTellsAndEnds) {
+  server_.stop();
+  makeDesktop();
+  bool told = false;
+  QTimer::singleShot(500, desktop_.get(), [&told] {
+    QWidget* form = QApplication::activeModalWidget();
+    ASSERT_NE(form, nullptr);
+    told = form->objectName() == u"noconnectmsg";
+    QTest::mouseClick(form->findChild<QWidget*>(u"cmdOK"_s), Qt::LeftButton);
+  });
+  EXPECT_FALSE(desktop_->start());
+  EXPECT_TRUE(told);
+}
+
+TEST_F(WindowTest, SecondInstanceIsToldAndLeavesTheFirst) {
+  start();
+  Launch secondLaunch(options_, timers_, delivered::file);
+  Desktop second(secondLaunch);
+  QString text;
+  QTimer::singleShot(200, &second, [&text] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    text = box->text();
+    box->accept();
+  });
+  EXPECT_FALSE(second.start());
+  EXPECT_EQ(text, u"SORAN はすでに起動しています  ");
+  type(u"RJTT"_s);
+  EXPECT_TRUE(shown().contains(u"RJTT  METAR"));
+}
+
+TEST_F(WindowTest, ClosingEndsAnOpenQuestion) {
+  start();
+  desktop_->view().program().settings().store(key::自動デコード有効, false);
+  QTimer::singleShot(100, desktop_.get(), [this] {
+    EXPECT_NE(QApplication::activeModalWidget(), nullptr);
+    desktop_->view().close();
+  });
+  type(u"ATO"_s);
+  EXPECT_TRUE(desktop_->view().ended());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(Look, ReplacesAMissingFamilyByAnInstalledOne) {
+  EXPECT_EQ(installedFamily(u"No Such Family"_s), installedFamily(u"ＭＳ ゴシック"_s));
+  const QFontMetrics metrics(terminalFont(u"ＭＳ ゴシック"_s, 11));
+  EXPECT_EQ(metrics.horizontalAdvance(u"iiii"_s), metrics.horizontalAdvance(u"WWWW"_s));
+  EXPECT_EQ(metrics.horizontalAdvance(u"気象"_s), metrics.horizontalAdvance(u"WWWW"_s));
+}
+
+} // namespace
+} // namespace soran
