@@ -8,6 +8,8 @@
 #include "pipeline/group_titles.h"
 #include "pipeline/sequence_record.h"
 
+#include <QScopeGuard>
+
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,8 @@ Q_LOGGING_CATEGORY(lcPipeline, "soran.pipeline")
 
 void DecodeRun::decodeRun() {
   Console& console = program_.console;
+  ++running_;
+  const auto ended = qScopeGuard([this] { --running_; });
   if (program_.settings()[key::前画面クリアー] == true)
     console.staging.clear();
   if (program_.currentInput.startsWith(u"SQ ")) {

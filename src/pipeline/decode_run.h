@@ -26,6 +26,9 @@ class DecodeRun {
   /// the program was closed meanwhile.
   void decodeRun();
 
+  /// True while a run is under way.
+  bool running() const { return running_ > 0; }
+
   /// Rebuilds the station table, in `autoMode` from the automatic list.
   void loadStationTable();
 
@@ -53,6 +56,7 @@ class DecodeRun {
   QString clockText() const;
 
   Program& program_;
+  int running_ = 0; // runs started inside a run count too
 };
 
 } // namespace soran

@@ -76,7 +76,9 @@ void WatchCycle::startAutomatic() {
 }
 
 void WatchCycle::onWatchTick() {
-  if (++program_.watchTicks >= watchLimit_)
+  // A pass begins by cancelling what is open. In the middle of a run that would turn a station that is there
+  // into one that is not found, so the pass waits for the run's end.
+  if (++program_.watchTicks >= watchLimit_ && !decode_.running())
     pass();
 }
 
