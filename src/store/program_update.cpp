@@ -56,8 +56,13 @@ QString versionText(double version) {
 
 bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
   const Reply reply = services_.inet.open(QUrl(baseUrl_ + remote));
-  if (!isAnswer(reply) || !writeWhole(local, reply.body, true)) {
-    qCWarning(lcUpdate) << "passed over: fetching" << remote;
+  if (!isAnswer(reply)) {
+    // An endpoint need not serve everything.
+    qCDebug(lcUpdate) << "passed over: fetching" << remote;
+    return false;
+  }
+  if (!writeWhole(local, reply.body, true)) {
+    qCWarning(lcUpdate) << "passed over: writing" << local;
     return false;
   }
   if (remote == moduleAddress) {
