@@ -38,7 +38,7 @@ Desktop::Desktop(Launch& launch)
       pages_(launch.directory() + u"/help"), waiting_(launch.shutdown()),
       program_(launch.services({dialogs_, forms_, sounds_, printers_, pages_, waiting_})), view_(program_),
       opening_(std::make_unique<Opening>(program_)) {
-  forms_.attach(program_);
+  forms_.attach(view_);
   connect(&view_, &View::stopped, this, &Desktop::onStopped);
 }
 
@@ -84,6 +84,7 @@ void Desktop::showWindow() {
   forms_.setWindow(window_.get());
   pages_.setPane(&window_->browser());
   connect(window_.get(), &MainWindow::minimisedChanged, this, &Desktop::setMinimised);
+  connect(window_.get(), &MainWindow::stretchSelected, this, &Desktop::explain);
   connect(window_.get(), &MainWindow::screenPressed, &forms_, &FormService::hideTip);
   connect(&forms_, &FormService::restoreRequested, window_.get(), &MainWindow::restore);
   window_->appear();
@@ -95,6 +96,11 @@ void Desktop::setMinimised(bool minimised) {
   // With an icon in the tray the window needs no place among the others.
   if (minimised && TaskIcon::isAvailable())
     QTimer::singleShot(0, window_.get(), &QWidget::hide);
+}
+
+void Desktop::explain(qsizetype start, qsizetype length, QPoint mouse) {
+  forms_.setMouse(mouse);
+  view_.guarded([&] { view_.explainSelection(start, length); });
 }
 
 void Desktop::onStopped() {

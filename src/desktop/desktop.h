@@ -36,6 +36,7 @@ class Desktop : public QObject {
   bool open(QString& notice);
   void showWindow();
   void onStopped();
+  void explain(qsizetype start, qsizetype length, QPoint mouse);
   void setMinimised(bool minimised);
 
   Launch& launch_;

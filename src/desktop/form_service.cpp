@@ -53,16 +53,23 @@ const FormService::Kind* FormService::kindOf(const QString& name) {
 
 FormService::~FormService() = default;
 
+void FormService::attach(View& view) {
+  view_ = &view;
+  program_ = &view.program();
+}
+
 QDialog* FormService::form(const QString& name) const {
+  if (name == u"tooltips")
+    return tip_.get();
   const auto found = forms_.find(name);
   return found == forms_.end() ? nullptr : found->second.get();
 }
 
 void FormService::show(const QString& name) {
-  if (name == u"taskicon") {
-    showTaskIcon();
-    return;
-  }
+  if (name == u"taskicon")
+    return showTaskIcon();
+  if (name == u"tooltips")
+    return showTip();
   const Kind* kind = kindOf(name);
   if (!kind) {
     qCWarning(lcForms) << "passed over: showing the form" << name;
@@ -99,10 +106,10 @@ void FormService::hide(const QString& name) {
     shown->hide();
 }
 
-void FormService::showTip(const QString& text, QPoint mouse) {
+void FormService::showTip() {
   tip_ = std::make_unique<TipForm>(window_);
-  pictureCorner_ = mouse;
-  tip_->showTip(text, mouse);
+  pictureCorner_ = mouse_;
+  tip_->showTip(view_->tipText(), mouse_);
 }
 
 void FormService::hideTip() {

@@ -4,7 +4,7 @@
 
 #include "desktop/task_icon.h"
 #include "desktop/tip_form.h"
-#include "pipeline/program.h"
+#include "terminal/view.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -21,8 +21,8 @@ class FormService final : public QObject, public Forms {
   FormService() = default;
   ~FormService() override;
 
-  /// What the forms show. The program outlives the service or its last closeAll().
-  void attach(Program& program) { program_ = &program; }
+  /// What the forms show. The program and the view outlive the service or its last closeAll().
+  void attach(View& view);
   /// The window beside which they stand; it outlives the service or its last closeAll().
   void setWindow(QWidget* window) { window_ = window; }
 
@@ -33,8 +33,8 @@ class FormService final : public QObject, public Forms {
   /// The form where it has been shown before, else null.
   QDialog* form(const QString& name) const;
 
-  /// Shows the explanation of a selection beside the mouse. A picture that follows stands there too.
-  void showTip(const QString& text, QPoint mouse);
+  /// Where the mouse marked something: the explanation that may follow stands beside it, and its picture.
+  void setMouse(QPoint mouse) { mouse_ = mouse; }
   /// Takes the explanation and its picture away.
   void hideTip();
 
@@ -64,14 +64,17 @@ class FormService final : public QObject, public Forms {
   Form makeLog();
   Form makePicture();
   void showTaskIcon();
+  void showTip();
   void soundAlarm();
 
+  View* view_ = nullptr;
   Program* program_ = nullptr;
   QPointer<QWidget> window_;
   std::map<QString, Form> forms_;
   std::unique_ptr<TipForm> tip_;
   std::unique_ptr<TaskIcon> taskIcon_;
   std::optional<QPoint> pictureCorner_;
+  QPoint mouse_;
   QStringList hiddenWithWindow_;
 };
 

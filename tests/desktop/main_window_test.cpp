@@ -67,6 +67,22 @@ TEST_F(WindowTest, DemonstrationIsMarked) {
   EXPECT_EQ(textOf(u"bannerMark"), u"DEMONSTRATION DATA");
 }
 
+TEST_F(WindowTest, DoubleClickExplainsTheGroupUntilTheNextPress) {
+  start();
+  type(u"RJTT"_s);
+  QTextCursor cursor = screen().document()->find(u"FEW008"_s);
+  cursor.setPosition(cursor.selectionStart() + 2);
+  const QPoint place = screen().cursorRect(cursor).center();
+  QWidget* area = screen().viewport();
+  QTest::mouseDClick(area, Qt::LeftButton, {}, place);
+  QDialog* tip = desktop_->forms().form(u"tooltips"_s);
+  ASSERT_NE(tip, nullptr);
+  EXPECT_TRUE(tip->isVisible());
+  EXPECT_TRUE(tip->findChild<QLabel*>(u"lbl"_s)->text().startsWith(u"FEW008 ： 800フィートに小量"));
+  QTest::mousePress(area, Qt::LeftButton, {}, place + QPoint(0, 40));
+  EXPECT_EQ(desktop_->forms().form(u"tooltips"_s), nullptr);
+}
+
 TEST_F(WindowTest, ProgressShowsForLongListsOnly) {
   start();
   server_.setDelivery(u"/metar/"_s, {.delay = 20});
