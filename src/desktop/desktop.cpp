@@ -91,7 +91,6 @@ void Desktop::showWindow() {
 }
 
 void Desktop::setMinimised(bool minimised) {
-  forms_.followWindow(minimised);
   view_.guarded([&] { view_.setMinimised(minimised); });
   // With an icon in the tray the window needs no place among the others.
   if (minimised && TaskIcon::isAvailable())

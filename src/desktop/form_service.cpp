@@ -28,21 +28,20 @@ Q_LOGGING_CATEGORY(lcForms, "soran.desktop")
 struct FormService::Kind {
   QStringView name;
   Form (FormService::*make)();
-  bool kept;          ///< the same form is shown again, with what it held
-  bool followsWindow; ///< it is minimised with the main window
+  bool kept; ///< the same form is shown again, with what it held
   void (FormService::*shown)() = nullptr;
 };
 
 const FormService::Kind* FormService::kindOf(const QString& name) {
   static constexpr Kind kinds[] = {
-      {u"noconnectmsg", &FormService::makeNoConnect, false, false},
-      {u"version", &FormService::makeVersion, false, false},
-      {u"compornent", &FormService::makeComponents, false, false},
-      {u"command", &FormService::makeCommands, true, true},
-      {u"message", &FormService::makeMessage, false, false, &FormService::soundAlarm},
-      {u"datachange", &FormService::makeDataChange, false, false},
-      {u"log", &FormService::makeLog, true, true},
-      {u"pictureform", &FormService::makePicture, false, false},
+      {u"noconnectmsg", &FormService::makeNoConnect, false},
+      {u"version", &FormService::makeVersion, false},
+      {u"compornent", &FormService::makeComponents, false},
+      {u"command", &FormService::makeCommands, true},
+      {u"message", &FormService::makeMessage, false, &FormService::soundAlarm},
+      {u"datachange", &FormService::makeDataChange, false},
+      {u"log", &FormService::makeLog, true},
+      {u"pictureform", &FormService::makePicture, false},
   };
   for (const Kind& kind : kinds) {
     if (kind.name == name)
@@ -76,10 +75,12 @@ void FormService::show(const QString& name) {
     return;
   }
   Form& form = forms_[name];
-  if (!form || !kind->kept)
+  if (!form || !kind->kept) {
     form = (this->*kind->make)();
-  if (!form)
-    return;
+    if (!form)
+      return;
+    connect(form.get(), &QDialog::finished, this, [this, name] { view_->formClosed(name); });
+  }
   form->show();
   form->raise();
   if (kind->shown)
@@ -116,20 +117,6 @@ void FormService::hideTip() {
   tip_.reset();
   pictureCorner_.reset();
   hide(u"pictureform"_s);
-}
-
-void FormService::followWindow(bool minimised) {
-  if (!minimised) {
-    for (const QString& name : std::exchange(hiddenWithWindow_, {}))
-      forms_[name]->show();
-    return;
-  }
-  for (const auto& [name, form] : forms_) {
-    if (form && form->isVisible() && kindOf(name)->followsWindow) {
-      hiddenWithWindow_.append(name);
-      form->hide();
-    }
-  }
 }
 
 void FormService::hideAll() {

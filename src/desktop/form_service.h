@@ -38,9 +38,6 @@ class FormService final : public QObject, public Forms {
   /// Takes the explanation and its picture away.
   void hideTip();
 
-  /// The main window was minimised, or restored: the forms that go with it do the same.
-  void followWindow(bool minimised);
-
   /// Takes all forms off the screen.
   void hideAll();
   /// Does away with all forms.
@@ -75,7 +72,6 @@ class FormService final : public QObject, public Forms {
   std::unique_ptr<TaskIcon> taskIcon_;
   std::optional<QPoint> pictureCorner_;
   QPoint mouse_;
-  QStringList hiddenWithWindow_;
 };
 
 } // namespace soran

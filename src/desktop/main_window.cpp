@@ -4,6 +4,7 @@
 
 #include "desktop/browser_frame.h"
 #include "desktop/look.h"
+#include "desktop/menu_mirror.h"
 #include "desktop/screen_view.h"
 #include "desktop/start_banner.h"
 #include "desktop/toolbar_frame.h"
@@ -15,6 +16,7 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSettings>
+#include <QTimer>
 
 namespace soran {
 
@@ -32,7 +34,8 @@ QLabel* makePanel(const QString& name, const QString& spokenName, QWidget* paren
   panel->setAccessibleName(spokenName);
   panel->setTextFormat(Qt::PlainText);
   panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-  panel->setContentsMargins(6, 1, 6, 1);
+  panel->setMargin(2);
+  panel->setIndent(4);
   return panel;
 }
 
@@ -57,6 +60,7 @@ MainWindow::MainWindow(View& view, bool demonstration)
   makeStatusBar();
   connectTerminal();
   connectPane();
+  connectMenus();
   applyDisplaySettings();
   showPanels();
   showPane();
@@ -86,6 +90,7 @@ void MainWindow::makeStatusBar() {
   progress_->setFixedWidth(progressWidth);
   progress_->setFormat(u"%v / %m"_s);
   progress_->hide();
+  ui_->StatusBar->setContentsMargins(4, 0, 6, 2);
   ui_->StatusBar->addWidget(panel1_);
   ui_->StatusBar->addWidget(panel2_, 1);
   ui_->StatusBar->addPermanentWidget(progress_);
@@ -137,6 +142,29 @@ void MainWindow::connectPane() {
   };
   connect(ui_->inputURL, &QLineEdit::returnPressed, this, go);
   connect(ui_->imgGo, &QToolButton::clicked, this, go);
+}
+
+void MainWindow::connectMenus() {
+  Menus& menus = view_.menus();
+  menus_ = std::make_unique<MenuMirror>(*ui_->menubar, *popup_);
+  connect(menus_.get(), &MenuMirror::chosen, &menus, [&menus](const QString& name, int index) {
+    menus.chooseShown(name, index > 0 ? std::optional(index) : std::nullopt);
+  });
+  connect(ui_->Frame, &ToolbarFrame::buttonPressed, &menus, [&menus](int index) { menus.button(index); });
+  connect(&menus, &Menus::changed, this, [this] {
+    // A run changes the status many times in a row.
+    if (!std::exchange(menusChanged_, true))
+      QTimer::singleShot(0, this, &MainWindow::showMenus);
+  });
+  showMenus();
+}
+
+void MainWindow::showMenus() {
+  menusChanged_ = false;
+  if (released_)
+    return;
+  menus_->showItems(view_.menus().items());
+  ui_->Frame->showButtons(view_.menus().buttons());
 }
 
 void MainWindow::applyDisplaySettings() {
@@ -218,7 +246,8 @@ void MainWindow::placeOverlays() {
 }
 
 void MainWindow::openPopup(QPoint place) {
-  if (!popup_->isEmpty() && view_.program().settings()[key::ポップアップ] == true)
+  showMenus();
+  if (popup_->menuAction()->isVisible())
     popup_->popup(place);
 }
 
@@ -251,6 +280,7 @@ void MainWindow::release() {
   console_.disconnect(this);
   console_.status().disconnect(this);
   view_.pane().disconnect(this);
+  view_.menus().disconnect(this);
   ui_->WebBrowser->disconnect(this);
   hide();
 }

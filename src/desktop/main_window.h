@@ -18,6 +18,7 @@ class MainWindow;
 namespace soran {
 
 class BrowserFrame;
+class MenuMirror;
 class ScreenView;
 class StartBanner;
 class ToolbarFrame;
@@ -64,6 +65,8 @@ class MainWindow : public QMainWindow {
   void makeStatusBar();
   void connectTerminal();
   void connectPane();
+  void connectMenus();
+  void showMenus();
   void applyDisplaySettings();
   void showPanels();
   void showInput();
@@ -83,6 +86,8 @@ class MainWindow : public QMainWindow {
   StartBanner* banner_;
   QWidget* scrollBarCover_;
   QMenu* popup_;
+  std::unique_ptr<MenuMirror> menus_;
+  bool menusChanged_ = false;
   QLabel* panel1_ = nullptr;
   QLabel* panel2_ = nullptr;
   QProgressBar* progress_ = nullptr;

@@ -47,6 +47,11 @@ void PageService::openInPane(const QString& address) {
     pane_->open(address);
 }
 
+void PageService::goBack() {
+  if (pane_)
+    pane_->back();
+}
+
 void PageService::closePane() {
   if (pane_)
     pane_->stopPage();

@@ -19,6 +19,7 @@ class PageService final : public Pages {
 
   void openExternally(const QString& address) override;
   void openInPane(const QString& address) override;
+  void goBack() override;
   void closePane() override;
 
  private:

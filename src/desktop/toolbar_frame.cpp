@@ -5,6 +5,7 @@
 #include "desktop/look.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 
 namespace soran {
@@ -16,40 +17,54 @@ namespace {
 constexpr int colouredFaces = 18;
 constexpr int iconSize = 24;
 
-/// The file of a button's picture, without its ending: "img07-scroll-bar".
-QString pictureOf(int index) {
-  const QString pattern = u"img%1-*.svg"_s.arg(index, 2, 10, QChar(u'0'));
-  const QStringList found = QDir(u":/icons"_s).entryList({pattern});
-  return found.value(0).chopped(found.isEmpty() ? 0 : 4);
+/// The pictures of the buttons by their index: 7 is "img07-scroll-bar".
+std::map<int, QString> buttonPictures() {
+  std::map<int, QString> pictures;
+  for (const QString& file : QDir(u":/icons"_s).entryList({u"img[0-9]*-*.svg"_s}))
+    pictures[QStringView(file).mid(3, 2).toInt()] = QFileInfo(file).completeBaseName();
+  return pictures;
 }
 
 } // namespace
 
-ToolbarFrame::ToolbarFrame(QWidget* parent) : QFrame(parent), strip_(new QHBoxLayout(this)) {
+ToolbarFrame::ToolbarFrame(QWidget* parent)
+    : QFrame(parent), strip_(new QHBoxLayout(this)), pictures_(buttonPictures()) {
   strip_->setContentsMargins(0, 0, 0, 0);
   strip_->setSpacing(1);
   setMinimumHeight(iconSize + 10);
 }
 
-QToolButton* ToolbarFrame::addButton(int index, const QString& hoverText) {
+QToolButton* ToolbarFrame::addButton(int index) {
   auto* button = new QToolButton(this);
   button->setObjectName(u"img%1"_s.arg(index));
-  button->setAccessibleName(hoverText.trimmed());
-  button->setToolTip(hoverText);
   button->setAutoRaise(true);
   button->setIconSize({iconSize, iconSize});
-  button->setIcon(facedIcon(pictureOf(index), pictureOf(index + colouredFaces)));
   // A click leaves the keys with the screen; the strip is reached by Tab.
   button->setFocusPolicy(Qt::TabFocus);
   connect(button, &QToolButton::clicked, this, [this, index] { emit buttonPressed(index); });
   strip_->addWidget(button);
-  buttons_[index] = button;
   return button;
 }
 
+void ToolbarFrame::showButtons(const QList<ToolButton>& buttons) {
+  for (const ToolButton& told : buttons) {
+    Place& place = places_[told.index];
+    if (!place.button)
+      place.button = addButton(told.index);
+    if (place.coloured != told.coloured) {
+      place.coloured = told.coloured;
+      place.button->setIcon(drawnIcon(pictures_[told.index + (told.coloured ? colouredFaces : 0)]));
+    }
+    place.button->setToolTip(told.hover);
+    place.button->setAccessibleName(told.hover.trimmed());
+    place.button->setVisible(told.visible);
+    place.button->setEnabled(told.enabled);
+  }
+}
+
 QToolButton* ToolbarFrame::button(int index) const {
-  const auto found = buttons_.find(index);
-  return found == buttons_.end() ? nullptr : found->second;
+  const auto found = places_.find(index);
+  return found == places_.end() ? nullptr : found->second.button;
 }
 
 } // namespace soran

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "terminal/menus.h"
+
 #include <QFrame>
 #include <QToolButton>
 #include <map>
@@ -10,16 +12,14 @@ class QBoxLayout;
 
 namespace soran {
 
-/// The strip `Frame` with the image buttons `img0` to `img17`. Which there are, their texts and what they
-/// do is told by those who fill it.
+/// The strip `Frame` with the image buttons `img0` to `img17`.
 class ToolbarFrame : public QFrame {
   Q_OBJECT
  public:
   explicit ToolbarFrame(QWidget* parent = nullptr);
 
-  /// Adds button `index` at the end of the strip, with the plain picture and the coloured one (18 above) for
-  /// the time under the mouse.
-  QToolButton* addButton(int index, const QString& hoverText);
+  /// Shows the buttons as they are told.
+  void showButtons(const QList<ToolButton>& buttons);
 
   /// The button, null where there is none.
   QToolButton* button(int index) const;
@@ -29,8 +29,16 @@ class ToolbarFrame : public QFrame {
   void buttonPressed(int index);
 
  private:
+  QToolButton* addButton(int index);
+
+  struct Place {
+    QToolButton* button = nullptr;
+    std::optional<bool> coloured = std::nullopt; // the face shown
+  };
+
   QBoxLayout* strip_;
-  std::map<int, QToolButton*> buttons_;
+  std::map<int, QString> pictures_; // by index, without ending
+  std::map<int, Place> places_;
 };
 
 } // namespace soran

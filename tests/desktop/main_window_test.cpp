@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/look.h"
+#include "desktop/toolbar_frame.h"
 #include "printing.h"
 #include "window_fixture.h"
 
+#include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QTextBlock>
@@ -61,7 +63,17 @@ TEST_F(WindowTest, StartShowsBannerAndSettingsAndControlsAreNamed) {
 
 TEST_F(WindowTest, DemonstrationIsMarked) {
   options_.demo = true;
+  QString told;
+  QTimer acknowledge;
+  QObject::connect(&acknowledge, &QTimer::timeout, [&told] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      told = box->text();
+      box->accept();
+    }
+  });
+  acknowledge.start(50);
   start();
+  EXPECT_EQ(told, u"データベースを初期化しました　　");
   EXPECT_EQ(desktop_->window().windowTitle(), u"SORAN - DEMONSTRATION DATA");
   EXPECT_EQ(textOf(u"demonstrationMark"), u"DEMONSTRATION DATA");
   EXPECT_EQ(textOf(u"bannerMark"), u"DEMONSTRATION DATA");
@@ -75,12 +87,43 @@ TEST_F(WindowTest, DoubleClickExplainsTheGroupUntilTheNextPress) {
   const QPoint place = screen().cursorRect(cursor).center();
   QWidget* area = screen().viewport();
   QTest::mouseDClick(area, Qt::LeftButton, {}, place);
+  QTest::mouseRelease(area, Qt::LeftButton, {}, place);
   QDialog* tip = desktop_->forms().form(u"tooltips"_s);
   ASSERT_NE(tip, nullptr);
   EXPECT_TRUE(tip->isVisible());
   EXPECT_TRUE(tip->findChild<QLabel*>(u"lbl"_s)->text().startsWith(u"FEW008 ： 800フィートに小量"));
   QTest::mousePress(area, Qt::LeftButton, {}, place + QPoint(0, 40));
   EXPECT_EQ(desktop_->forms().form(u"tooltips"_s), nullptr);
+}
+
+TEST_F(WindowTest, MenusAndButtonsShowAndRunTheirEntries) {
+  start();
+  auto* clear = child<QToolButton>(u"img6");
+  ASSERT_NE(clear, nullptr);
+  EXPECT_EQ(clear->toolTip(), u" 画面消去 ");
+  EXPECT_FALSE(clear->icon().isNull());
+  EXPECT_FALSE(child<QToolButton>(u"img15")->isEnabled());
+  auto* airports = child<QMenu>(u"menu_list");
+  ASSERT_FALSE(airports->isEmpty());
+  EXPECT_TRUE(airports->menuAction()->text().startsWith(u"シーケンス"));
+  QAction* tokyo = nullptr;
+  for (QAction* action : airports->actions()) {
+    if (action->text().startsWith(u"RJTT  "))
+      tokyo = action;
+  }
+  ASSERT_NE(tokyo, nullptr);
+  tokyo->trigger();
+  EXPECT_TRUE(shown().contains(u"RJTT  METAR")) << shown().toStdString();
+  QTest::mouseClick(clear, Qt::LeftButton);
+  EXPECT_FALSE(shown().contains(u"RJTT")) << shown().toStdString();
+  EXPECT_TRUE(screen().hasFocus() || !desktop_->window().isActiveWindow());
+
+  child<QAction>(u"menu_info_version")->trigger();
+  EXPECT_TRUE(desktop_->forms().form(u"version"_s)->isVisible());
+  EXPECT_FALSE(desktop_->window().popup().isEmpty());
+  EXPECT_TRUE(desktop_->window().popup().menuAction()->isVisible());
+  child<QAction>(u"menu_exit")->trigger();
+  EXPECT_TRUE(desktop_->view().ended());
 }
 
 TEST_F(WindowTest, ProgressShowsForLongListsOnly) {

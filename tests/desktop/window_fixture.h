@@ -19,8 +19,8 @@ class WindowTest : public testing::Test {
  protected:
   WindowTest() {
     server_.start();
-    server_.setFile(QStringLiteral("/data/version.dat"),
-                    delivered::file(QStringLiteral("update/data/version.dat")));
+    // The database is as new as the endpoint's.
+    server_.setFile(QStringLiteral("/data/version.dat"), "4.31\n0.00\n0.00\n");
     server_.setFile(QStringLiteral("/data/soran.mdb"),
                     delivered::file(QStringLiteral("update/data/soran.mdb")));
     server_.setFile(QStringLiteral("/metar/RJTT.TXT"),
