@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QMenu>
 #include <QProgressBar>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTimer>
@@ -257,10 +258,13 @@ QString MainWindow::geometryFile() const {
 
 void MainWindow::appear() {
   const QSettings stored(geometryFile(), QSettings::IniFormat);
-  if (restoreGeometry(stored.value(u"view/geometry"_s).toByteArray()))
+  if (restoreGeometry(stored.value(u"view/geometry"_s).toByteArray())) {
     show();
-  else
+  } else {
+    // A desktop without a window manager leaves a maximised window at its size.
+    resize(size().boundedTo(QWidget::screen()->availableSize()));
     showMaximized();
+  }
   ui_->TextBox0->setFocus();
 }
 
