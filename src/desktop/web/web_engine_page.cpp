@@ -2,13 +2,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/web/web_engine_page.h"
 
+#include <QCoreApplication>
+#include <QOpenGLContext>
 #include <QQuickWindow>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineSettings>
 
+// The program could also ask for this context before its window; it would cost the start of every run.
+QT_BEGIN_NAMESPACE
+Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
+QT_END_NAMESPACE
+
 namespace soran {
 
 namespace {
+
+// The engine looks at the shared context even where it does not draw with it.
+void provideSharedContext() {
+  if (QOpenGLContext::globalShareContext())
+    return;
+  auto* context = new QOpenGLContext(QCoreApplication::instance());
+  context->create();
+  qt_gl_set_global_share_context(context);
+}
 
 // Pages of text need no graphics device, and without one none has to be set up before the program's window.
 void renderInSoftware() {
@@ -66,6 +82,7 @@ void WebEnginePage::stop() {
 }
 
 std::unique_ptr<WebPage> WebEngineFactory::make(QWidget* parent) {
+  provideSharedContext();
   renderInSoftware();
   return std::make_unique<WebEnginePage>(parent);
 }
