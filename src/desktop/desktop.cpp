@@ -94,7 +94,7 @@ void Desktop::setMinimised(bool minimised) {
   view_.guarded([&] { view_.setMinimised(minimised); });
   // With an icon in the tray the window needs no place among the others.
   if (minimised && TaskIcon::isAvailable())
-    QTimer::singleShot(0, window_.get(), &QWidget::hide);
+    QMetaObject::invokeMethod(window_.get(), &QWidget::hide, Qt::QueuedConnection);
 }
 
 void Desktop::explain(qsizetype start, qsizetype length, QPoint mouse) {

@@ -17,7 +17,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
-#include <QTimer>
 
 namespace soran {
 
@@ -155,7 +154,7 @@ void MainWindow::connectMenus() {
   connect(&menus, &Menus::changed, this, [this] {
     // A run changes the status many times in a row.
     if (!std::exchange(menusChanged_, true))
-      QTimer::singleShot(0, this, &MainWindow::showMenus);
+      QMetaObject::invokeMethod(this, &MainWindow::showMenus, Qt::QueuedConnection);
   });
   showMenus();
 }
