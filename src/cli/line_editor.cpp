@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <cerrno>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -21,9 +22,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int longestHistory = 500;
+constexpr int escape = 0x1B;
 
 /// The library and Qt's message handler call plain functions; this is the editor that they mean.
 LineEditor* active = nullptr;
+
+/// All that is typed and shown is UTF-8, whatever the locale says. The library takes it from the environment.
+void useUtf8() {
+  constexpr const char* utf8 = "C.UTF-8";
+  std::setlocale(LC_CTYPE, utf8);
+  qputenv("LC_ALL", utf8);
+}
 
 } // namespace
 
@@ -74,15 +83,17 @@ LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
   rl_change_environment = 0;
   // Between two lines the terminal stays as it is, so that keys typed there are neither shown nor lost.
   rl_deprep_term_function = nullptr;
+  useUtf8();
   rl_initialize();
   // Each line of a pasted text runs like a typed one.
   rl_variable_bind("enable-bracketed-paste", "off");
   rl_variable_bind("bell-style", "none");
   rl_bind_key('\t', Library::nothing);
-  // In the other editing mode a single ESC has a meaning of its own.
+  // In the other editing mode a single ESC has a meaning of its own. Some systems bind longer sequences that
+  // begin with these two, for which the library would wait: they give way.
   constexpr int emacsMode = 1;
   if (rl_editing_mode == emacsMode)
-    rl_bind_keyseq("\\e\\e", Library::end);
+    emacs_meta_keymap[escape] = {ISFUNC, Library::end};
   using_history();
   stifle_history(longestHistory);
   rl_prep_terminal(1);
