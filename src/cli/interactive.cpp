@@ -56,10 +56,14 @@ Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, 
     editor_.stop();
   });
   desk_.showForm = [this](const QString& name) { return showForm(name); };
-  desk_.onPane = [this] {
-    QMetaObject::invokeMethod(
-        this, [this] { view_.guarded([this] { view_.pane().close(); }); }, Qt::QueuedConnection);
-  };
+  slow_.setSingleShot(true);
+  slow_.setInterval(slowRun);
+  connect(&slow_, &QTimer::timeout, this, &Interactive::tellSlowRun);
+  // The pane closes when it has come up.
+  desk_.onPane = [this] { emit paneShown(); };
+  connect(
+      this, &Interactive::paneShown, this, [this] { view_.guarded([this] { view_.pane().close(); }); },
+      Qt::QueuedConnection);
 }
 
 int Interactive::run() {
@@ -79,8 +83,7 @@ int Interactive::run() {
   output_.attach(program_.console);
   connectConsole();
   output_.tell(u"ENTER A COMMAND OR STATION CODES. EXIT, ESC ESC OR CTRL-D ENDS THE PROGRAM."_s, Look::Dim);
-  QMetaObject::invokeMethod(
-      &editor_, [this] { editor_.show(); }, Qt::QueuedConnection);
+  emit editor_.promptWanted();
   view_.guarded([&] { view_.start(opening.notice()); });
   if (!view_.ended())
     loop.exec();
@@ -104,6 +107,8 @@ void Interactive::end() {
 }
 
 void Interactive::enterLine(const QString& line) {
+  if (view_.ended())
+    return;
   output_.noteTypedLine();
   LineEditor::remember(line);
   offered_.clear();
@@ -124,7 +129,7 @@ void Interactive::offerRest() {
 void Interactive::connectConsole() {
   Console& console = program_.console;
   connect(&console, &Console::inputChanged, this, &Interactive::followTypedLine);
-  connect(&console, &Console::busyChanged, this, &Interactive::announceSlowRun);
+  connect(&console, &Console::busyChanged, &slow_, qOverload<>(&QTimer::start));
   connect(&console.status(), &StatusBar::changed, this, &Interactive::followStatus);
   connect(&console, &Console::overlayChanged, this, [this] {
     if (program_.console.overlay())
@@ -155,16 +160,12 @@ void Interactive::followStatus() {
     output_.tell(panel, Look::Dim);
 }
 
-void Interactive::announceSlowRun() {
-  if (!program_.console.busy())
-    return;
-  QTimer::singleShot(slowRun, this, [this] {
-    const Console& console = program_.console;
-    // A list that says LOADING grows before the user's eyes.
-    const bool loading = linesOf(console.screen().text()).constLast().startsWith(u"LOADING");
-    if (console.busy() && console.flags.typedRun && !loading && !view_.ended())
-      output_.tell(console.status().panel2() + u" ...", Look::Dim);
-  });
+void Interactive::tellSlowRun() {
+  const Console& console = program_.console;
+  // A list that says LOADING grows before the user's eyes.
+  const bool loading = linesOf(console.screen().text()).constLast().startsWith(u"LOADING");
+  if (console.busy() && console.flags.typedRun && !loading && !view_.ended())
+    output_.tell(console.status().panel2() + u" ...", Look::Dim);
 }
 
 bool Interactive::showForm(const QString& name) {

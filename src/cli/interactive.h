@@ -23,6 +23,9 @@ class Interactive final : public QObject {
   /// Runs to the end of the program. The exit status: 0, or 1 where the program could not start.
   int run();
 
+ signals:
+  void paneShown();
+
  private:
   void enterLine(const QString& line);
   void offerRest();
@@ -30,7 +33,7 @@ class Interactive final : public QObject {
   void connectConsole();
   void followTypedLine();
   void followStatus();
-  void announceSlowRun();
+  void tellSlowRun();
   bool showForm(const QString& name);
   void showLog();
   void showPictureName();
@@ -46,6 +49,7 @@ class Interactive final : public QObject {
   CupsPrinters printers_;
   Program program_;
   View view_;
+  QTimer slow_; // runs out where a run takes long
   bool started_ = false;
   QString offered_; // the rest of the typed line that the core kept, as it was shown
   QString changes_; // codes of the stations with a new report

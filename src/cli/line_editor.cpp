@@ -64,15 +64,19 @@ struct LineEditor::Library {
 
   static int nothing(int, int) { return 0; }
 
-  static void message(QtMsgType, const QMessageLogContext&, const QString& text) {
-    QMetaObject::invokeMethod(
-        active, [text] { emit active->diagnostic(text); }, Qt::QueuedConnection);
+  /// Steps that were passed over are nothing to interrupt the user for: who wants to read them sends standard
+  /// error elsewhere.
+  static void message(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+      emit active->diagnostic(text);
   }
 };
 
 LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
   active = this;
   notifier_.setEnabled(false);
+  connect(this, &LineEditor::promptWanted, this, &LineEditor::show, Qt::QueuedConnection);
+  connect(this, &LineEditor::lineTaken, this, &LineEditor::deliver, Qt::QueuedConnection);
   connect(&notifier_, &QSocketNotifier::activated, this, [this] { readKey(); });
   rl_readline_name = "soran";
   rl_instream = stdin;
@@ -97,7 +101,8 @@ LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
   using_history();
   stifle_history(longestHistory);
   rl_prep_terminal(1);
-  qInstallMessageHandler(Library::message);
+  if (isatty(STDERR_FILENO) != 0)
+    qInstallMessageHandler(Library::message);
 }
 
 LineEditor::~LineEditor() {
@@ -169,7 +174,7 @@ void LineEditor::setTyped(const QString& text) {
   rl_redisplay();
 }
 
-void LineEditor::print(const QByteArray& lines) {
+void LineEditor::print(const QByteArray& lines) const {
   if (lines.isEmpty() || closed_)
     return;
   if (shown_)
@@ -202,8 +207,7 @@ std::optional<QString> LineEditor::ask(const QByteArray& prompt, const QString& 
   receiver_ = keptReceiver;
   initial_ = kept;
   shutdown.check();
-  QMetaObject::invokeMethod(
-      this, [this] { show(); }, Qt::QueuedConnection);
+  emit promptWanted();
   return answer->line;
 }
 
@@ -221,14 +225,14 @@ int LineEditor::columns() {
   return columns;
 }
 
-void LineEditor::resized() {
+void LineEditor::resized() const {
   if (shown_)
     rl_resize_terminal();
   else
     rl_reset_screen_size();
 }
 
-void LineEditor::resumed() {
+void LineEditor::resumed() const {
   rl_deprep_terminal();
   rl_prep_terminal(1);
   if (shown_)
@@ -254,15 +258,16 @@ void LineEditor::lineEnded(const char* line) {
   shown_ = false;
   rl_callback_handler_remove();
   notifier_.setEnabled(false);
-  QMetaObject::invokeMethod(
-      this,
-      [this, receiver = receiver_, typedLine] {
-        // The prompt comes back in the first wait of what the line starts, at its end at the latest.
-        QMetaObject::invokeMethod(
-            this, [this] { show(); }, Qt::QueuedConnection);
-        receiver(typedLine);
-      },
-      Qt::QueuedConnection);
+  taken_.emplace_back(receiver_, typedLine);
+  emit lineTaken();
+}
+
+void LineEditor::deliver() {
+  const auto [receiver, line] = taken_.front();
+  taken_.pop_front();
+  // The prompt comes back in the first wait of what the line starts, at its end at the latest.
+  emit promptWanted();
+  receiver(line);
 }
 
 } // namespace soran

@@ -6,8 +6,10 @@
 #include <QObject>
 #include <QSocketNotifier>
 #include <QString>
+#include <deque>
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace soran {
 
@@ -36,7 +38,7 @@ class LineEditor final : public QObject {
   void setTyped(const QString& text);
 
   /// Prints lines, each with its line end, above the typed line.
-  void print(const QByteArray& lines);
+  void print(const QByteArray& lines) const;
 
   /// Asks for one line in the middle of whatever goes on; what was typed before comes back behind it. Nothing
   /// where the user ended the input. Waits in the event loop; throws Unwind where the program is closed.
@@ -52,26 +54,32 @@ class LineEditor final : public QObject {
   static int columns();
 
   /// The terminal has another size, or the program has it again after a stop.
-  void resized();
-  void resumed();
+  void resized() const;
+  void resumed() const;
 
  signals:
   /// The prompt is about to be shown; what has to stand above it is printed now.
   void aboutToShow();
   /// A key came.
   void keyPressed();
-  /// A warning of the program that would else go to standard error, into the typed line.
+  /// An error message that would else go to standard error, into the typed line. It comes at any moment and
+  /// from any thread: to be received through the event loop.
   void diagnostic(const QString& message);
+  /// The prompt is to be shown from the event loop.
+  void promptWanted();
+  void lineTaken();
 
  private:
   struct Library;
   void hide();
   void readKey();
   void lineEnded(const char* line);
+  void deliver();
 
   QByteArray prompt_;
   Receiver receiver_;
   QString initial_;
+  std::deque<std::pair<Receiver, std::optional<QString>>> taken_; // lines on their way to who takes them
   QSocketNotifier notifier_;
   bool shown_ = false;
   bool ended_ = false;

@@ -12,7 +12,10 @@ using namespace Qt::StringLiterals;
 
 TerminalOutput::TerminalOutput(LineEditor& editor, TerminalStyle style) : editor_(editor), style_(style) {
   connect(&editor, &LineEditor::aboutToShow, this, &TerminalOutput::flush);
-  connect(&editor, &LineEditor::diagnostic, this, [this](const QString& text) { tell(text, Look::Dim); });
+  connect(this, &TerminalOutput::flushWanted, this, &TerminalOutput::flush, Qt::QueuedConnection);
+  connect(
+      &editor, &LineEditor::diagnostic, this, [this](const QString& text) { tell(text, Look::Dim); },
+      Qt::QueuedConnection);
 }
 
 void TerminalOutput::attach(const Console& console) {
@@ -27,10 +30,8 @@ void TerminalOutput::attach(const Console& console) {
 
 /// A writer appends in pieces and paints last: all that it does in one go is shown together.
 void TerminalOutput::scheduleFlush() {
-  if (std::exchange(scheduled_, true))
-    return;
-  QMetaObject::invokeMethod(
-      this, [this] { flush(); }, Qt::QueuedConnection);
+  if (!std::exchange(scheduled_, true))
+    emit flushWanted();
 }
 
 void TerminalOutput::flush() {

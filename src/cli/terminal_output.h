@@ -38,7 +38,8 @@ class TerminalOutput final : public QObject {
   /// The user's line ends stand below the screen's last line.
   void noteTypedLine();
 
-  TerminalStyle style() const { return style_; }
+ signals:
+  void flushWanted();
 
  private:
   void scheduleFlush();
