@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/batch.h"
+#include "cli/interactive.h"
 #include "cli/run.h"
 #include "cli/session.h"
 #include "delivered.h"
@@ -19,6 +20,8 @@ constexpr int badArguments = 2;
 QByteArray helpText() {
   return QString::fromUtf8(
              "soran-cli: SORAN, the aviation weather terminal, without a window\n\n"
+             "  soran-cli [OPTIONS]               the terminal: type commands and station codes; EXIT, "
+             "ESC ESC or Ctrl-D ends\n"
              "  soran-cli [OPTIONS] run LINE...   starts, types each LINE and Enter, prints the screen, "
              "stops\n"
              "  soran-cli [OPTIONS] session       an event a line in, the state a line out, both JSON "
@@ -78,7 +81,11 @@ int main(int argc, char** argv) {
     output.write(QString(u"soran-cli "_s + programVersion + u"\n").toUtf8());
     return 0;
   }
-  if (options.rest.isEmpty())
-    return refuse(errors, u"no call given; see soran-cli --help"_s);
+  if (options.rest.isEmpty()) {
+    if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
+      return refuse(errors, u"no call given, and no terminal; see soran-cli --help"_s);
+    const TerminalStyle style = terminalStyle(qgetenv("TERM"), qgetenv("COLORTERM"), qgetenv("NO_COLOR"));
+    return Interactive(options, delivered::file, style).run();
+  }
   return runCall(options, output, errors);
 }

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/interactive.h"
+
+#include "base/text.h"
+#include "cli/run.h"
+#include "terminal/opening.h"
+#include "terminal/picture_lookup.h"
+
+#include <QEventLoop>
+#include <algorithm>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+using Look = TerminalOutput::Look;
+
+namespace {
+
+/// A wait for the network that is shorter needs no words.
+constexpr int slowRun = 1500; // milliseconds
+constexpr qsizetype logRowsShown = 20;
+
+/// Types what is missing so that the program's typed line becomes `line`; other keys than characters do not
+/// come from a line.
+void typeInto(View& view, const QString& line) {
+  const Console& console = view.program().console;
+  QString wanted;
+  std::copy_if(line.begin(), line.end(), std::back_inserter(wanted),
+               [](QChar c) { return c >= u' ' && c != u'\x7F'; });
+  while (!wanted.startsWith(console.inputlbl()))
+    view.handleKey(u'\b');
+  for (const QChar c : wanted.mid(console.inputlbl().size()))
+    view.handleKey(c);
+  view.handleKey(u'\r');
+}
+
+} // namespace
+
+Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, TerminalStyle style)
+    : output_(editor_, style), launch_(options, timers_, std::move(delivered)), waiting_(launch_.shutdown()),
+      desk_(output_, launch_.shutdown()),
+      program_(launch_.services({desk_, desk_, desk_, printers_, desk_, waiting_})), view_(program_) {
+  const QByteArray demo = launch_.demo() ? "DEMONSTRATION DATA " : "";
+  editor_.setPrompt(demo + "> ", [this](const std::optional<QString>& line) {
+    if (line)
+      enterLine(*line);
+    else
+      end();
+  });
+  connect(&signals_, &SignalWatch::closing, this, [this] { end(); });
+  connect(&signals_, &SignalWatch::resized, &editor_, &LineEditor::resized);
+  connect(&signals_, &SignalWatch::resumed, &editor_, &LineEditor::resumed);
+  connect(&view_, &View::stopped, this, [this] {
+    output_.flush();
+    editor_.stop();
+  });
+  desk_.showForm = [this](const QString& name) { return showForm(name); };
+  slow_.setSingleShot(true);
+  slow_.setInterval(slowRun);
+  connect(&slow_, &QTimer::timeout, this, &Interactive::tellSlowRun);
+  // The pane closes when it has come up.
+  desk_.onPane = [this] { emit paneShown(); };
+  connect(
+      this, &Interactive::paneShown, this, [this] { view_.guarded([this] { view_.pane().close(); }); },
+      Qt::QueuedConnection);
+}
+
+int Interactive::run() {
+  if (launch_.demo())
+    output_.tell(u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***"_s, Look::Bold);
+  Opening opening(program_);
+  try {
+    const Opening::Result result = opening.start();
+    if (result != Opening::Result::Started)
+      return failedStart(static_cast<int>(result));
+  } catch (const Unwind&) {
+    return 0;
+  }
+  started_ = true;
+  QEventLoop loop;
+  connect(&view_, &View::stopped, &loop, &QEventLoop::quit);
+  output_.attach(program_.console);
+  connectConsole();
+  output_.tell(u"ENTER A COMMAND OR STATION CODES. EXIT, ESC ESC OR CTRL-D ENDS THE PROGRAM."_s, Look::Dim);
+  emit editor_.promptWanted();
+  view_.guarded([&] { view_.start(opening.notice()); });
+  if (!view_.ended())
+    loop.exec();
+  if (view_.updaterRequested())
+    output_.tell(u"THE NEW VERSION IS INSTALLED BY soran-update"_s, Look::Bold);
+  return 0;
+}
+
+int Interactive::failedStart(int result) {
+  // The second instance was told already.
+  if (static_cast<Opening::Result>(result) != Opening::Result::AlreadyRunning)
+    output_.tell(u"soran-cli: " + startFailure(result));
+  return 1;
+}
+
+void Interactive::end() {
+  if (started_)
+    view_.close();
+  else
+    launch_.shutdown().request();
+}
+
+void Interactive::enterLine(const QString& line) {
+  if (view_.ended())
+    return;
+  output_.noteTypedLine();
+  LineEditor::remember(line);
+  offered_.clear();
+  typeInto(view_, line);
+  if (!view_.ended())
+    offerRest();
+}
+
+/// Some commands leave their word in the typed line: it is shown, so that what runs next is what is seen.
+void Interactive::offerRest() {
+  const QString& rest = program_.console.inputlbl();
+  if (rest.isEmpty() || program_.console.busy() || !editor_.typed().isEmpty())
+    return;
+  offered_ = rest;
+  editor_.setTyped(rest);
+}
+
+void Interactive::connectConsole() {
+  Console& console = program_.console;
+  connect(&console, &Console::inputChanged, this, &Interactive::followTypedLine);
+  connect(&console, &Console::busyChanged, &slow_, qOverload<>(&QTimer::start));
+  connect(&console.status(), &StatusBar::changed, this, &Interactive::followStatus);
+  connect(&console, &Console::overlayChanged, this, [this] {
+    if (program_.console.overlay())
+      output_.tell(view_.banner());
+  });
+  // Typing holds the automatic cycle off, though the line comes to the program as a whole.
+  connect(&editor_, &LineEditor::keyPressed, this, [this] { program_.watchTicks = 0; });
+}
+
+void Interactive::followTypedLine() {
+  const Console& console = program_.console;
+  if (console.padlbl().size() > console.inputlbl().size() && console.padlbl().startsWith(console.inputlbl()))
+    changes_ = console.padlbl().mid(console.inputlbl().size());
+  if (!offered_.isEmpty() && console.inputlbl().isEmpty()) {
+    if (editor_.typed() == offered_)
+      editor_.setTyped(QString());
+    offered_.clear();
+  }
+}
+
+/// The loss of the network and its return; while it is there, each look at it writes the panel anew.
+void Interactive::followStatus() {
+  const QString& panel = program_.console.status().panel1();
+  if (panel == panel1_ || panel.isEmpty())
+    return;
+  panel1_ = panel;
+  if (!program_.networkAvailable)
+    output_.tell(panel, Look::Dim);
+}
+
+void Interactive::tellSlowRun() {
+  const Console& console = program_.console;
+  // A list that says LOADING grows before the user's eyes.
+  const bool loading = linesOf(console.screen().text()).constLast().startsWith(u"LOADING");
+  if (console.busy() && console.flags.typedRun && !loading && !view_.ended())
+    output_.tell(console.status().panel2() + u" ...", Look::Dim);
+}
+
+bool Interactive::showForm(const QString& name) {
+  if (name == u"log") {
+    showLog();
+  } else if (name == u"pictureform") {
+    showPictureName();
+  } else if (name == u"datachange") {
+    output_.tell(u"NEW REPORTS: " + changes_.trimmed(), Look::Bold);
+    changes_.clear();
+  } else if (name == u"message") {
+    output_.tell(u"COMMUNICATION ERROR"_s, Look::Bold);
+  } else {
+    // The notices of a start without network and of the tray are told by others or mean nothing here.
+    return name == u"noconnectmsg" || name == u"taskicon";
+  }
+  return true;
+}
+
+void Interactive::showLog() {
+  const std::deque<LogRow>& rows = program_.console.log().rows();
+  const Colour speci = program_.settings()[key::SPECIの色].value_or(yellow);
+  for (qsizetype i = std::min(logRowsShown, qsizetype(rows.size())); i-- > 0;) {
+    const LogRow& row = rows[size_t(i)];
+    // Black, on the form's white, is the terminal's own colour.
+    output_.tell(row.date + u"  " + row.time + u"  " + row.message, RunningLog::colourOf(row, speci), black);
+  }
+}
+
+void Interactive::showPictureName() {
+  takePicture(program_.services);
+  output_.tell(u"PICTURE OF " + asciiUpper(trimBlanks(program_.console.inputlbl())) +
+                   u": SHOWN BY THE WINDOW, START soran",
+               Look::Dim);
+}
+
+} // namespace soran

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The built program on a pseudo terminal.
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int longestWait = 15'000; // milliseconds
+const QString program = QStringView(SORAN_CLI).toString();
+const QByteArray prompt = "DEMONSTRATION DATA > ";
+
+class Terminal {
+ public:
+  explicit Terminal(const QByteArray& colorTerm = "truecolor") {
+    const winsize size = {.ws_row = 40, .ws_col = 100, .ws_xpixel = 0, .ws_ypixel = 0};
+    const QByteArray path = program.toUtf8();
+    const QByteArray directory = home_.path().toUtf8();
+    child_ = forkpty(&master_, nullptr, nullptr, &size);
+    if (child_ == 0) {
+      setenv("TERM", "xterm-256color", 1);
+      setenv("COLORTERM", colorTerm.constData(), 1);
+      setenv("LC_ALL", "C.UTF-8", 1);
+      unsetenv("NO_COLOR");
+      execl(path.constData(), path.constData(), "--demo", "--home", directory.constData(), nullptr);
+      _exit(127);
+    }
+  }
+  ~Terminal() {
+    if (child_ > 0) {
+      kill(child_, SIGKILL);
+      waitpid(child_, nullptr, 0);
+    }
+    hangUp();
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  void type(const QByteArray& keys) { ASSERT_EQ(write(master_, keys.constData(), keys.size()), keys.size()); }
+
+  /// Reads until `text` comes and gives what came before it, `text` included; all of it where it never comes.
+  QByteArray readTo(const QByteArray& text) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!pending_.contains(text) && clock.elapsed() < longestWait && readSome(100)) {
+    }
+    const qsizetype found = pending_.indexOf(text);
+    EXPECT_GE(found, 0) << "no " << text.constData() << " in " << pending_.constData();
+    const qsizetype end = found < 0 ? pending_.size() : found + text.size();
+    const QByteArray read = pending_.left(end);
+    pending_.remove(0, end);
+    return read;
+  }
+
+  void signal(int number) const { kill(child_, number); }
+
+  /// Closes the line.
+  void hangUp() {
+    if (master_ >= 0)
+      close(master_);
+    master_ = -1;
+  }
+
+  /// The exit status, -1 where the program did not end by itself.
+  int exitStatus() {
+    int status = 0;
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < longestWait) {
+      if (waitpid(child_, &status, WNOHANG) == child_) {
+        child_ = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+      }
+      if (master_ < 0 || !readSome(50))
+        usleep(20'000);
+    }
+    return -1;
+  }
+
+ private:
+  /// False where the line is closed.
+  bool readSome(int milliseconds) {
+    pollfd line = {.fd = master_, .events = POLLIN, .revents = 0};
+    if (poll(&line, 1, milliseconds) == 0)
+      return true;
+    char buffer[4096];
+    const ssize_t count = read(master_, buffer, sizeof buffer);
+    if (count <= 0)
+      return false;
+    pending_ += QByteArray(buffer, count);
+    return true;
+  }
+
+  QTemporaryDir home_;
+  int master_ = -1;
+  pid_t child_ = -1;
+  QByteArray pending_;
+};
+
+} // namespace
+
+TEST(InteractiveTerminal, ShowsAStationInColoursBelowTheTypedLine) {
+  Terminal terminal;
+  EXPECT_TRUE(terminal.readTo(prompt).contains("DEMONSTRATION DATA"));
+  // The first run of the automatic list ends with the prompt.
+  terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
+  terminal.readTo(prompt);
+  terminal.type("RJTT\r");
+  terminal.readTo("*** RJTT - WEATHER OBSERVATION AND FORECASTS ***\r\n");
+  const QByteArray report = terminal.readTo(prompt);
+  EXPECT_TRUE(report.contains("RJTT  METAR "));
+  EXPECT_TRUE(report.contains("\x1B[38;2;"));
+  EXPECT_TRUE(report.contains("READY / PRESS ESC TO EXIT\r\n"));
+  EXPECT_TRUE(report.endsWith(QByteArray("EXIT\r\n" + prompt))) << report.constData();
+  terminal.type("EXIT\r");
+  EXPECT_EQ(terminal.exitStatus(), 0);
+}
+
+TEST(InteractiveTerminal, KeepsTheTypedLineWholeWhileTheScreenGrows) {
+  Terminal terminal;
+  terminal.readTo(prompt);
+  // The automatic list comes while the user types.
+  terminal.type("RJ");
+  terminal.readTo(prompt + "RJ");
+  EXPECT_TRUE(terminal.readTo("READY / PRESS ESC TO EXIT\r\n").contains("LOADING"));
+  terminal.readTo(prompt + "RJ");
+  terminal.type("AA\r");
+  terminal.readTo("*** RJAA - WEATHER");
+  terminal.signal(SIGTERM);
+  EXPECT_EQ(terminal.exitStatus(), 0);
+}
+
+TEST(InteractiveTerminal, ShowsTheRestThatAClearingLeavesInTheTypedLine) {
+  Terminal terminal("");
+  terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
+  terminal.readTo(prompt);
+  terminal.type("CLS\r");
+  terminal.readTo("\x1B[H\x1B[2J");
+  terminal.readTo(prompt + "CLS");
+  terminal.type("\x7F\x7F\x7FXX\r");
+  EXPECT_FALSE(terminal.readTo("SYNTAX ERROR").contains("CLSXX"));
+  terminal.readTo(prompt);
+  terminal.type("\x1B\x1B");
+  EXPECT_EQ(terminal.exitStatus(), 0);
+}
+
+TEST(InteractiveTerminal, AsksInTheMiddleOfACommand) {
+  Terminal terminal("");
+  terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
+  terminal.readTo(prompt);
+  terminal.type("UPDATE\r");
+  terminal.readTo("[y/N] ");
+  // An empty line is a no.
+  terminal.type("\r");
+  terminal.readTo(prompt + "UPDATE");
+  terminal.type("\x15UPDATE\r");
+  terminal.readTo("[y/N] ");
+  terminal.signal(SIGTERM);
+  EXPECT_EQ(terminal.exitStatus(), 0);
+}
+
+TEST(InteractiveTerminal, EndsCleanlyHoweverItIsEnded) {
+  struct Case {
+    const char* name;
+    void (*end)(Terminal&);
+  };
+  const Case cases[] = {
+      {"interrupt key", [](Terminal& t) { t.type("\x03"); }},
+      {"end of input", [](Terminal& t) { t.type("\x04"); }},
+      {"a typed line left behind", [](Terminal& t) { t.type("RJ\x03"); }},
+      {"termination", [](Terminal& t) { t.signal(SIGTERM); }},
+      {"closed line", [](Terminal& t) { t.hangUp(); }},
+  };
+  for (const Case& c : cases) {
+    Terminal terminal;
+    terminal.readTo(prompt);
+    c.end(terminal);
+    EXPECT_EQ(terminal.exitStatus(), 0) << c.name;
+  }
+}
+
+TEST(InteractiveTerminal, NeedsATerminal) {
+  QProcess process;
+  process.start(program, {u"--demo"_s});
+  process.closeWriteChannel();
+  ASSERT_TRUE(process.waitForFinished());
+  EXPECT_EQ(process.exitCode(), 2);
+  EXPECT_TRUE(process.readAllStandardError().contains("no terminal"));
+}
