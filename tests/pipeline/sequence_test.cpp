@@ -55,11 +55,12 @@ TEST(Sequence, WindowWrapsAtMidnight) {
       {{5, 20}, zone(u"+9"_s, false), 9, {17, 18, 19, 20}},
       {{20, 0}, zone(u"-5"_s, true), 0, {22, 23, 0, 1}},
       {{0, 0}, zone(u"±0"_s, true, 0), 0, {0}},
+      {{0, 0}, zone(u"±0"_s, true, -3), 0, {0}},
   };
   for (const auto& c : cases)
     EXPECT_EQ(sequenceHours(c.now, c.settings, c.machine), c.hours) << c.now.toString().toStdString();
-  for (const int span : {22, 23})
-    EXPECT_EQ(sequenceHours({12, 0}, zone(u"±0"_s, true, span), 0).size(), size_t(span) + 1);
+  for (const int span : {23, 24, 30000})
+    EXPECT_EQ(sequenceHours({12, 0}, zone(u"±0"_s, true, span), 0).size(), 24U);
   const struct {
     int hour;
     SettingsRecord settings;
@@ -253,4 +254,7 @@ TEST_F(SequenceRunTest, RenewsCycleFilesOnceInTenMinutes) {
   run.program.settings().store(key::シーケンス表示, false);
   world.clock.advance(600);
   EXPECT_TRUE(refresh().isEmpty());
+  run.program.settings().store(key::シーケンス表示, true);
+  run.program.settings().store(key::シーケンス時間, -1);
+  EXPECT_EQ(refresh(), QStringList{u"C/02"_s});
 }
