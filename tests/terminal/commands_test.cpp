@@ -365,6 +365,11 @@ TEST_F(CommandsTest, StartsTheAutomaticDecode) {
   EXPECT_TRUE(run.view.cycle().watchEnabled());
   EXPECT_EQ(run.program.currentInput, u"RJTT RJAA");
 
+  // From the toolbar no key has ended a group run's mode before.
+  run.type(u"TTAA"_s);
+  run.view.startAutomaticDecode();
+  EXPECT_TRUE(run.screen().startsWith(u"*** AUTO DECODE - "));
+
   storeAutoList(run.program.tables, {});
   enter(u"ATO"_s);
   EXPECT_EQ(run.shown(), u"\r\nNO AIRPORT FOUND IN AUTO DECODE LIST\r\n"_s + ready);
