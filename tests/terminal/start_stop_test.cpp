@@ -414,7 +414,7 @@ TEST(StartStop, EmptiesItsOwnFoldersOnly) {
         .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
   };
   // A directory of somebody else: what lies in its folders stays.
-  for (const QString& folder : {u"data"_s}) {
+  for (const QString& folder : {u"data"_s, u"help"_s}) {
     QDir(world.home()).removeRecursively();
     QDir().mkpath(world.path(folder));
     writeWhole(world.path(folder + u"/thesis.txt"), "x");
