@@ -101,6 +101,7 @@ TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
       {{u"--nonsense"_s, u"run"_s, u"RJTT"_s}, 2, "--nonsense"},
       {{u"--now"_s, u"2026-11-24T14:20:00"_s, u"run"_s, u"RJTT"_s}, 2, "--now"},
       {{u"--now"_s, u"noon"_s, u"run"_s, u"RJTT"_s}, 2, "--now"},
+      {{u"--endpoints"_s, elsewhere + u"s"_s, u"run"_s, u"RJTT"_s}, 2, "endpoints"},
       {{u"session"_s, u"more"_s}, 2, "session"},
       {{u"batch"_s, u"more"_s}, 2, "batch"},
       {with({u"run"_s, u"RJTT"_s}), 1, "インターネットに接続できません"},
