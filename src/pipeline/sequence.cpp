@@ -7,6 +7,7 @@
 #include "base/zone_letter.h"
 #include "pipeline/layout.h"
 
+#include <algorithm>
 #include <bitset>
 #include <cstring>
 #include <unordered_map>
@@ -45,7 +46,8 @@ QString blockLine(const QString& code, QStringView line, const SettingsRecord& s
 
 std::vector<int> sequenceHours(QTime now, const SettingsRecord& settings, int systemZoneOffset) {
   const int offset = settings[key::LOCAL使用] == true ? settings.zoneOffset() : systemZoneOffset;
-  const int span = settings[key::シーケンス時間].value_or(0);
+  // A day has no more files, and the present hour is always among them.
+  const int span = std::clamp(settings[key::シーケンス時間].value_or(0), 0, 23);
   const int utcHour = wrappedHour(now.hour() - offset);
   const int firstHour = wrappedHour(utcHour - span);
   std::vector<int> hours;

@@ -68,6 +68,8 @@ void WatchCycle::startAutomatic() {
   console.appendScreen(crlf.toString());
   console.addLogEntry(u"AUTO DECODE SEQUENCE START"_s);
   console.flags.autoMode = true;
+  // The toolbar's button comes without a key press, which would have cleared it.
+  console.flags.groupMode = false;
   console.flags.fullLoad = true;
   decode_.loadStationTable();
   decode_.decodeRun();

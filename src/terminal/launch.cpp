@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace soran {
@@ -53,6 +54,9 @@ LaunchOptions readOptions(const QStringList& arguments) {
       options.home = value(argument);
     } else if (argument == u"--endpoints") {
       options.endpoints = value(argument);
+      // A misspelt name must not send the program to the built-in hosts.
+      if (options.error.isEmpty() && !QFileInfo(options.endpoints).isReadable())
+        options.error = u"--endpoints: cannot read " + options.endpoints;
     } else if (argument == u"--now") {
       const QString text = value(argument);
       options.now = readInstant(text);

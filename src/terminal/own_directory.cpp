@@ -37,8 +37,11 @@ bool claimDirectory(const QString& directory) {
   if (!makePrivateDirectory(directory))
     return false;
   const QString mark = markOf(directory);
-  if (!fileExists(mark) && !holdsForeignFiles(directory + u"/data"))
-    writeWhole(mark, "This directory belongs to SORAN. Its folder data is emptied at every exit.\n", true);
+  if (!fileExists(mark) && !holdsForeignFiles(directory + u"/data") &&
+      !holdsForeignFiles(directory + u"/help"))
+    writeWhole(mark,
+               "This directory belongs to SORAN. Its folders data and help are emptied at every exit.\n",
+               true);
   return true;
 }
 

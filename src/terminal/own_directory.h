@@ -7,8 +7,8 @@
 namespace soran {
 
 /// Makes the program's directory and marks it as the program's own. A directory that already holds a `data`
-/// folder with foreign files is used, but not marked. False where the directory does not exist and cannot be
-/// made.
+/// or `help` folder with foreign files is used, but not marked. False where the directory does not exist and
+/// cannot be made.
 bool claimDirectory(const QString& directory);
 
 /// Deletes the plain files of a folder of the program's directory and the folder itself. Nothing happens in a

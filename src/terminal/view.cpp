@@ -178,7 +178,7 @@ void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
 }
 
 bool View::updaterMayRun() const {
-  return fileExists(program_.services.path(u"update.exe"));
+  return ProgramUpdate(program_.services, program_.tables, program_.baseUrl).moduleMayRun();
 }
 
 void View::noInternetAlert() {
