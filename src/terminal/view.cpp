@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/view.h"
 
-#include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
 #include "store/program_update.h"
 #include "terminal/command_line.h"
+#include "terminal/hand_over.h"
 #include "terminal/own_directory.h"
 
 #include <QDir>
@@ -140,8 +140,9 @@ void View::checkVersionAtStart(bool& formsLoaded) {
   if (version == settings[key::SORANバージョン].value_or(0))
     return;
   const QString number = plainNumber(version);
-  // Without a module that may be run there is nothing to hand over to.
-  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun()) {
+  // Without a module that may be run there is nothing to hand over to, and one that has just run would only
+  // run for ever.
+  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun() || !outcomeOfUpdate().isEmpty()) {
     passiveNotice(number);
     return;
   }
@@ -178,7 +179,7 @@ void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
 }
 
 bool View::updaterMayRun() const {
-  return fileExists(program_.services.path(u"update.exe"));
+  return ProgramUpdate::moduleMayRun(program_.services);
 }
 
 void View::noInternetAlert() {
