@@ -44,6 +44,7 @@ foreach(program ${MANUALS})
   install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.ja.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/ja/man1)
 endforeach()
 install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
+install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES completion/soran-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
