@@ -87,9 +87,13 @@ void View::load(const QString& notice) {
   }
   console.applyDisplaySettings();
   console.appendScreen(crlf.toString());
-  if (!notice.isEmpty()) {
-    console.appendScreen(notice + crlf);
-    console.addLogEntry(notice);
+  const QString failure =
+      outcomeOfUpdate() == u"failed" ? u"PROGRAM UPDATE FAILED / SEE UPDATE.LOG"_s : QString();
+  for (const QString& line : {notice, failure}) {
+    if (line.isEmpty())
+      continue;
+    console.appendScreen(line + crlf);
+    console.addLogEntry(line);
   }
   console.caretToEnd();
   readTimeZone();

@@ -113,7 +113,8 @@ void ProgramPlace::stage(const QString& name, const QByteArray& bytes) {
   if (present.isSymLink() || (present.exists() && !present.isFile()))
     throw UpdateError(u"ファイルを置き換えられません: " + name);
   staged_.append(name);
-  if (!writeNew(pathOf(name) + newEnding, bytes, modeOf(pathOf(name))))
+  if (!QDir().mkpath(present.absolutePath()) ||
+      !writeNew(pathOf(name) + newEnding, bytes, modeOf(pathOf(name))))
     throw UpdateError(u"新しいファイルを書き込めません: " + name);
 }
 
@@ -122,7 +123,7 @@ void ProgramPlace::exchange() {
   // As long as the program is the former one, it goes on telling that there is a newer one.
   std::stable_partition(staged_.begin(), staged_.end(),
                         [&programName](const QString& name) { return name != programName; });
-  if (!syncDirectory(directory_))
+  if (!syncFolders(staged_))
     throw UpdateError(u"ディスクに書き込めません: " + directory_);
   QStringList exchanged;
   for (const QString& name : std::as_const(staged_)) {
@@ -133,7 +134,13 @@ void ProgramPlace::exchange() {
     exchanged.append(name);
   }
   staged_.clear();
-  syncDirectory(directory_);
+  syncFolders(exchanged);
+}
+
+bool ProgramPlace::syncFolders(const QStringList& names) const {
+  return std::all_of(names.begin(), names.end(), [this](const QString& name) {
+    return syncDirectory(QFileInfo(pathOf(name)).absolutePath());
+  });
 }
 
 bool ProgramPlace::exchangeOne(const QString& name) const {

@@ -3,15 +3,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
 #include <QLockFile>
 #include <QString>
 #include <QStringList>
 
 namespace soran {
 
-/// The directory in which the program lies. New files are put beside the old ones whole, and then exchanged
-/// by renaming: whenever it ends, every file is the former one or the new one, whole. A file that was
-/// replaced stays under its name with ".former".
+/// The directory in which the program lies, and lib/soran beside it. New files are put beside the old ones
+/// whole, and then exchanged by renaming: whenever it ends, every file is the former one or the new one,
+/// whole. A file that was replaced stays under its name with ".former".
 class ProgramPlace {
  public:
   /// Takes the place for itself. Throws UpdateError where there is no program, or where the place cannot be
@@ -24,7 +25,8 @@ class ProgramPlace {
 
   /// The program's file, links resolved.
   const QString& program() const { return program_; }
-  QString pathOf(const QString& name) const { return directory_ + u'/' + name; }
+  /// Where a file lies whose place is told from the program's folder.
+  QString pathOf(const QString& name) const { return QDir::cleanPath(directory_ + u'/' + name); }
 
   /// True where the file exists and holds exactly these bytes, by their SHA-256.
   bool holds(const QString& name, const QByteArray& sha256) const;
@@ -38,6 +40,7 @@ class ProgramPlace {
 
  private:
   bool exchangeOne(const QString& name) const;
+  bool syncFolders(const QStringList& names) const;
   void rollBack(const QStringList& names) const;
 
   QString program_;

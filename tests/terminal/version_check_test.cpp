@@ -226,6 +226,7 @@ TEST_P(VersionAtStartTest, AsksTellsOrHandsOver) {
   EXPECT_EQ(desk.dialogs().size(), c.asked ? 1 : 0);
   EXPECT_EQ(desk.waiting.waits, c.noticed ? 1 : 0);
   EXPECT_EQ(program.console.screen().text().contains(notice), c.noticed);
+  EXPECT_EQ(program.console.screen().text().contains(u"PROGRAM UPDATE FAILED"), c.outcome == "failed");
 }
 
 INSTANTIATE_TEST_SUITE_P(Start, VersionAtStartTest, ::testing::ValuesIn(startCases),

@@ -33,7 +33,7 @@ struct Release {
     Release release;
     QJsonArray list;
     for (auto i = programs.cbegin(); i != programs.cend(); ++i) {
-      const QString path = version + u'/' + i.key();
+      const QString path = version + u'/' + i.key().section(u'/', -1);
       release.files.insert(path, i.value());
       const QByteArray sum = QCryptographicHash::hash(i.value(), QCryptographicHash::Sha256).toHex();
       list.append(QJsonObject{{QStringLiteral("name"), i.key()},
