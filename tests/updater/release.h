@@ -48,12 +48,17 @@ struct Release {
     return release;
   }
 
-  /// Sets a field of the first program of the manifest.
+  /// Sets a field of the file "soran" in the manifest.
   void setField(const QString& name, const QJsonValue& value) {
     QJsonArray list = manifest[QStringLiteral("files")].toArray();
-    QJsonObject entry = list[0].toObject();
-    entry[name] = value;
-    list[0] = entry;
+    for (QJsonValueRef entry : list) {
+      QJsonObject file = entry.toObject();
+      if (file[QStringLiteral("name")].toString() != u"soran")
+        continue;
+      file[name] = value;
+      entry = file;
+      break;
+    }
     manifest[QStringLiteral("files")] = list;
   }
 
