@@ -4,7 +4,7 @@
 BUILD := build/release
 
 .DEFAULT_GOAL := build
-.PHONY: demo test run bench format build setup clean
+.PHONY: demo test run bench format build package setup clean
 
 # The main job on the embedded endpoint: the window where there is a display, else the command line.
 demo: build
@@ -26,6 +26,10 @@ bench: build
 
 build: setup $(BUILD)/build.ninja
 	cmake --build $(BUILD)
+
+# The Debian package and the archive, in $(BUILD)/packages.
+package: build
+	cd $(BUILD) && cpack
 
 $(BUILD)/build.ninja:
 	cmake --preset release

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <algorithm>
@@ -11,6 +12,17 @@
 using namespace Qt::StringLiterals;
 
 namespace soran {
+
+namespace {
+
+QString addressIn(const QString& iniFile, const QString& value) {
+  if (!value.startsWith(u"./"))
+    return value;
+  return QUrl::fromLocalFile(QDir::cleanPath(QFileInfo(iniFile).absolutePath() + u'/' + value))
+      .toString(QUrl::FullyEncoded);
+}
+
+} // namespace
 
 Endpoints Endpoints::builtIn(const QString& delivered) {
   const QString reports = u"https://tgftp.nws.noaa.gov/pub/data/"_s;
@@ -35,7 +47,7 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
   const QStringList keys = ini.childKeys();
   for (const QString& name : keys) {
     // An address with a comma arrives as a list.
-    const QString value = ini.value(name).toStringList().join(u',');
+    const QString value = addressIn(iniFile, ini.value(name).toStringList().join(u','));
     if (QString* const* field = known.constFind(name) == known.cend() ? nullptr : &*known.constFind(name))
       **field = value;
     else if (name == u"signed")

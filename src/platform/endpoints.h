@@ -23,8 +23,9 @@ struct Endpoints {
   /// endpoint is its folder update, the home page its own folder.
   static Endpoints builtIn(const QString& delivered);
 
-  /// These addresses, with those keys of the section [endpoints] of an INI file that it has. A file that does
-  /// not exist or cannot be read changes nothing.
+  /// These addresses, with those keys of the section [endpoints] of an INI file that it has. A value that
+  /// begins with "./" is a folder beside the INI file. A file that does not exist or cannot be read changes
+  /// nothing.
   Endpoints overriddenBy(const QString& iniFile) const;
 
   /// The address that the network watch asks.

@@ -6,9 +6,9 @@
 #include "base/skip.h"
 #include "base/text.h"
 #include "store/carry_over.h"
-#include "store/signature.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHostAddress>
 #include <cstdio>
 
@@ -61,22 +61,31 @@ bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
     qCDebug(lcUpdate) << "passed over: fetching" << remote;
     return false;
   }
-  if (!writeWhole(local, reply.body, true)) {
+  const bool written =
+      remote == moduleAddress ? writeModule(local, reply.body) : writeWhole(local, reply.body, true);
+  if (!written)
     qCWarning(lcUpdate) << "passed over: writing" << local;
-    return false;
-  }
-  if (remote == moduleAddress) {
-    const Reply signature = services_.inet.open(QUrl(baseUrl_ + remote + u".sig"));
-    QFile::remove(local + u".sig");
-    if (isAnswer(signature))
-      writeWhole(local + u".sig", signature.body, true);
-  }
-  return true;
+  return written;
+}
+
+bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) {
+  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
+  const Reply signature = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
+  QFile::remove(local + u".sig");
+  if (isAnswer(signature))
+    writeWhole(local + u".sig", signature.body, true);
+  return writeWhole(local, module, true);
+}
+
+bool ProgramUpdate::databaseIsReadOnly() const {
+  const QFileInfo database(services_.path(u"soran.mdb"));
+  // The mode counts for root too, who may write everything.
+  return database.exists() && !(database.isWritable() && database.permission(QFile::WriteOwner));
 }
 
 void ProgramUpdate::renewModule(float version) {
   Settings& settings = tables_.settings();
-  if (float(settings[key::UPDATEバージョン].value_or(0)) == version)
+  if (float(settings[key::UPDATEバージョン].value_or(0)) == version || databaseIsReadOnly())
     return;
   const QString fetched = services_.path(u"update$.exe");
   const QString module = services_.path(modulePath);
@@ -97,10 +106,12 @@ void ProgramUpdate::renewModule(float version) {
 
 void ProgramUpdate::renewDatabase(float version) {
   Settings& settings = tables_.settings();
-  if (float(settings[key::DBバージョン].value_or(0)) == version)
+  if (float(settings[key::DBバージョン].value_or(0)) == version || databaseIsReadOnly())
     return;
   const QString fetched = services_.path(u"data/soran$.mdb");
   const auto remove = qScopeGuard([&fetched] { QFile::remove(fetched); });
+  // What a copy that was killed left would be rolled back into the new file.
+  QFile::remove(fetched + u"-journal");
   if (!fetchFile(databaseAddress.toString(), fetched))
     return;
   if (!isWholeDatabase(fetched) || !swapDatabase(fetched)) {
@@ -136,14 +147,14 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
   return swapped;
 }
 
-bool ProgramUpdate::moduleMayRun() const {
-  const QString module = services_.path(modulePath);
+bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& publicKey) {
+  const QString module = services.path(modulePath);
   const QByteArray bytes = contents(module);
   if (bytes.isEmpty())
     return false;
-  if (!services_.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services_.endpoints.update)))
+  if (!services.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services.endpoints.update)))
     return true;
-  return signatureFits(bytes, contents(module + u".sig"), builtInPublicKey());
+  return signatureFits(bytes, contents(module + u".sig"), publicKey);
 }
 
 } // namespace soran

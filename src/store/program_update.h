@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/services.h"
+#include "store/signature.h"
 #include "store/tables.h"
 
 namespace soran {
@@ -19,8 +20,7 @@ EndpointVersions readVersions(QStringView text);
 QString versionText(double version);
 
 /// Keeps the database and the update module current at the start. A download that failed, is empty or begins
-/// with
-/// "<" is written nowhere and raises no version.
+/// with "<" is written nowhere and raises no version. Where the database is read-only nothing is renewed.
 class ProgramUpdate {
  public:
   ProgramUpdate(Services& services, Tables& tables, const QString& baseUrl)
@@ -39,9 +39,11 @@ class ProgramUpdate {
 
   /// True where the update module exists and may be run: signed with the program's key, or from the user's
   /// own machine (a folder, or loopback) unless signatures are asked for there too.
-  bool moduleMayRun() const;
+  static bool moduleMayRun(const Services& services, const QByteArray& publicKey = builtInPublicKey());
 
  private:
+  bool writeModule(const QString& local, const QByteArray& module);
+  bool databaseIsReadOnly() const;
   bool swapDatabase(const QString& newFile);
 
   Services& services_;

@@ -131,6 +131,9 @@ bool Opening::restoreDatabase() {
   // What cannot be read today may be mended by hand tomorrow.
   if (fileExists(database))
     replaceFile(database, database + u".damaged");
+  // Its journal goes with it: beside the restored file it would be rolled back into that one.
+  if (fileExists(database + u"-journal"))
+    replaceFile(database + u"-journal", database + u".damaged-journal");
   if (!replaceFile(database + u".new", database))
     return false;
   QFile::setPermissions(database, QFile::ReadOwner | QFile::WriteOwner);
@@ -165,8 +168,8 @@ void Opening::takeServerAddress() {
   if (isAnswer(reply)) {
     const QString address = reply.text().trimmed();
     const QUrl url(address, QUrl::StrictMode);
-    const bool known = url.scheme() == u"http" || url.scheme() == u"https" || url.scheme() == u"file";
-    if (known && url.isValid() && !address.contains(u'\n') && !address.endsWith(u'/'))
+    const bool onHost = (url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty();
+    if ((onHost || url.isLocalFile()) && url.isValid() && !address.contains(u'\n') && !address.endsWith(u'/'))
       program_.baseUrl = address;
   }
   if (program_.settings()[key::BASEurl] != program_.baseUrl)

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/view.h"
 
-#include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
 #include "store/program_update.h"
 #include "terminal/command_line.h"
+#include "terminal/hand_over.h"
 #include "terminal/own_directory.h"
 
 #include <QDir>
@@ -87,9 +87,13 @@ void View::load(const QString& notice) {
   }
   console.applyDisplaySettings();
   console.appendScreen(crlf.toString());
-  if (!notice.isEmpty()) {
-    console.appendScreen(notice + crlf);
-    console.addLogEntry(notice);
+  const QString failure =
+      outcomeOfUpdate() == u"failed" ? u"PROGRAM UPDATE FAILED / SEE UPDATE.LOG"_s : QString();
+  for (const QString& line : {notice, failure}) {
+    if (line.isEmpty())
+      continue;
+    console.appendScreen(line + crlf);
+    console.addLogEntry(line);
   }
   console.caretToEnd();
   readTimeZone();
@@ -140,8 +144,9 @@ void View::checkVersionAtStart(bool& formsLoaded) {
   if (version == settings[key::SORANバージョン].value_or(0))
     return;
   const QString number = plainNumber(version);
-  // Without a module that may be run there is nothing to hand over to.
-  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun()) {
+  // Without a module that may be run there is nothing to hand over to, and one that has just run would only
+  // run for ever.
+  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun() || !outcomeOfUpdate().isEmpty()) {
     passiveNotice(number);
     return;
   }
@@ -178,7 +183,7 @@ void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
 }
 
 bool View::updaterMayRun() const {
-  return ProgramUpdate(program_.services, program_.tables, program_.baseUrl).moduleMayRun();
+  return ProgramUpdate::moduleMayRun(program_.services);
 }
 
 void View::noInternetAlert() {

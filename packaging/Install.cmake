@@ -1,0 +1,54 @@
+# SPDX-FileCopyrightText: 2026 The SORAN developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Where each file goes. The programs find share/soran beside the folder that they lie in, so the whole can be
+# moved.
+
+include(GNUInstallDirs)
+
+set(SORAN_HOMEPAGE "https://soran.example" CACHE STRING "Public address of the project, for the package's metadata")
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(SHARE ${CMAKE_INSTALL_DATADIR}/soran)
+set(DELIVERED ${PROJECT_SOURCE_DIR}/delivered)
+
+install(TARGETS soran-cli soran-update RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(MANUALS soran-cli soran-update)
+if(TARGET soran)
+  install(TARGETS soran RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  # The program looks for it there, whatever the system's own folder of libraries is called.
+  install(TARGETS soran-web LIBRARY DESTINATION lib/soran)
+  list(APPEND MANUALS soran)
+  install(FILES soran.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${DELIVERED}/icons/soran.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  configure_file(org.soran.terminal.metainfo.xml.in org.soran.terminal.metainfo.xml @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/org.soran.terminal.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+endif()
+
+install(FILES endpoints.ini DESTINATION ${SHARE})
+install(FILES ${DELIVERED}/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
+  ${DELIVERED}/sound/error.wav ${DELIVERED}/sound/ring.wav DESTINATION ${SHARE}/update/data)
+install(DIRECTORY ${DELIVERED}/help DESTINATION ${SHARE}/home)
+
+# Debian wants manual pages and change logs compressed, without a name or a time inside.
+function(install_compressed source name destination)
+  set(compressed ${CMAKE_CURRENT_BINARY_DIR}/compressed/${destination}/${name}.gz)
+  add_custom_command(OUTPUT ${compressed}
+    COMMAND sh -c "mkdir -p \"$(dirname \"$2\")\" && gzip -9nc \"$1\" > \"$2\"" sh ${source} ${compressed}
+    DEPENDS ${source} VERBATIM)
+  install(FILES ${compressed} DESTINATION ${destination})
+  set_property(GLOBAL APPEND PROPERTY SORAN_COMPRESSED ${compressed})
+endfunction()
+
+foreach(program ${MANUALS})
+  install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.ja.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/ja/man1)
+endforeach()
+install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
+install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})
+install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES completion/soran-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+
+get_property(compressed GLOBAL PROPERTY SORAN_COMPRESSED)
+add_custom_target(soran-manuals ALL DEPENDS ${compressed})

@@ -1,0 +1,33 @@
+# SPDX-FileCopyrightText: 2026 The SORAN developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# A Debian package, and an archive that runs from wherever it is unpacked.
+
+set(CPACK_GENERATOR DEB TGZ)
+set(CPACK_PACKAGE_NAME soran)
+set(CPACK_PACKAGE_VENDOR "The SORAN developers")
+set(CPACK_PACKAGE_CONTACT "The SORAN developers <soran@soran.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "aviation weather terminal for Japanese airfields")
+set(CPACK_PACKAGE_DESCRIPTION
+"SORAN fetches METAR and TAF reports of the airfields that are typed, colours
+what matters to a flight, translates and explains abbreviations in Japanese,
+and watches for new reports. Charts, cameras, sunrise and sunset times and the
+record of the last hours are at hand.
+.
+The terminal runs in a window, and without one over a remote line or in
+scheduled jobs.")
+set(CPACK_PACKAGE_HOMEPAGE_URL ${SORAN_HOMEPAGE})
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk")
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/archive.cmake)
+include(CPack)
