@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
 constexpr TerminalStyle plain = {ColourDepth::None, false};
 constexpr TerminalStyle monochrome = {ColourDepth::None, true};
 constexpr TerminalStyle sixteen = {ColourDepth::Sixteen, true};
