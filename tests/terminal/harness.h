@@ -93,22 +93,21 @@ class World {
 class ProgramRun {
  public:
   explicit ProgramRun(World& given)
-      : world(given), program({.clock = world.clock,
-                               .timers = timers,
-                               .inet = inet,
-                               .inet2 = inet2,
-                               .dialogs = desk,
-                               .forms = desk,
-                               .sounds = desk,
-                               .printers = desk,
-                               .pages = desk,
-                               .shutdown = shutdown,
-                               .waiting = waiting,
-                               .endpoints = world.endpoints,
-                               .directory = world.home(),
-                               .deliveredDatabase = [] {
-                                 return delivered::file(u"update/data/soran.mdb"_s);
-                               }}) {
+      : world(given),
+        program({.clock = world.clock,
+                 .timers = timers,
+                 .inet = inet,
+                 .inet2 = inet2,
+                 .dialogs = desk,
+                 .forms = desk,
+                 .sounds = desk,
+                 .printers = desk,
+                 .pages = desk,
+                 .shutdown = shutdown,
+                 .waiting = waiting,
+                 .endpoints = world.endpoints,
+                 .directory = world.home(),
+                 .deliveredDatabase = [] { return delivered::file(u"update/data/soran.mdb"_s); }}) {
     for (NetInet* client : {&inet, &inet2})
       client->onRequest([this](const QUrl& url) { noteRequest(url.path()); });
   }
