@@ -8,6 +8,7 @@
 #include "pipeline/program.h"
 #include "pipeline/watch_cycle.h"
 #include "terminal/browser_pane.h"
+#include "terminal/dictionary_mode.h"
 #include "terminal/menus.h"
 
 #include <QDate>
@@ -15,9 +16,6 @@
 #include <functional>
 
 namespace soran {
-
-/// The table that the form `weather` edits.
-enum class DictionaryMode { Abbreviations, Phrases, Pictures };
 
 /// The terminal: load, first activation, keys, and the stop. Everything that a user or a timer does enters
 /// here.
