@@ -9,7 +9,7 @@
 namespace soran {
 
 /// The largest picture that is stored, in bytes.
-inline constexpr qsizetype largestPicture = 8 * 1024 * 1024;
+inline constexpr qsizetype largestPicture = qsizetype(8) * 1024 * 1024;
 
 /// True for a PNG, JPEG, GIF or BMP file, by its first bytes, of at most that size.
 bool isPicture(const QByteArray& bytes);
