@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "interpret/explain_selection.h"
+#include "pipeline/cycle_files.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/view.h"
 
@@ -70,6 +71,19 @@ void View::editDictionary(DictionaryMode mode) {
   dictionaryMode_ = mode;
   showFormModal(u"weather"_s);
   dictionaryMode_ = DictionaryMode::Abbreviations;
+}
+
+void View::editSettings() {
+  settingsClosed_.reset();
+  showFormModal(u"opton"_s);
+  if (!settingsClosed_)
+    return;
+  program_.console.applyDisplaySettings();
+  program_.console.colourScreenText();
+  if (*settingsClosed_) {
+    program_.services.inet2.cancel();
+    refreshCycleFiles(program_);
+  }
 }
 
 bool View::showAdobeNotice() {

@@ -129,7 +129,7 @@ void abbreviations(View& view) {
 
 void settings(View& view) {
   view.program().console.addLogEntry(u"DISPLAY SYSTEM SETUP MENU"_s);
-  view.showFormModal(u"opton"_s);
+  view.editSettings();
 }
 
 void yahoo(View& view) {

@@ -176,7 +176,8 @@ MenuItem itemOf(const Entry& entry, unsigned holding, const QList<MenuItem>& abo
 
 Menus::Menus(View& view) : view_(view) {
   Console& console = view.program().console;
-  // The network's state shows on the status bar, and every store of the form behind a change of the display.
+  // A change of the network shows on the status bar too, and settings that matter here end in a display that
+  // follows them.
   connect(&console.status(), &StatusBar::changed, this, &Menus::changed);
   connect(&console, &Console::displaySettingsApplied, this, &Menus::changed);
   connect(&view.pane(), &BrowserPane::visibleChanged, this, &Menus::changed);

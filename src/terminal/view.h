@@ -8,16 +8,15 @@
 #include "pipeline/program.h"
 #include "pipeline/watch_cycle.h"
 #include "terminal/browser_pane.h"
+#include "terminal/dictionary_mode.h"
 #include "terminal/menus.h"
 
 #include <QDate>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 namespace soran {
-
-/// The table that the form `weather` edits.
-enum class DictionaryMode { Abbreviations, Phrases, Pictures };
 
 /// The terminal: load, first activation, keys, and the stop. Everything that a user or a timer does enters
 /// here.
@@ -79,6 +78,11 @@ class View : public QObject {
   /// What `weather` edits while it is up.
   DictionaryMode dictionaryMode() const { return dictionaryMode_; }
 
+  /// Shows the settings form until the user has closed it, then lets the screen follow the settings.
+  void editSettings();
+  /// The settings form has closed. `hoursChanged`: a sequence spans other hours than before.
+  void settingsClosed(bool hoursChanged) { settingsClosed_ = hoursChanged; }
+
   /// Shows the notice about PDF files until the user has closed it. False where the user left for the
   /// download.
   bool showAdobeNotice();
@@ -135,6 +139,7 @@ class View : public QObject {
   QStringList openForms_;
   DictionaryMode dictionaryMode_ = DictionaryMode::Abbreviations;
   bool leftForDownload_ = false;
+  std::optional<bool> settingsClosed_; // with whether the hours of a sequence changed
   QDate today_;
   QString tipText_;
   bool enterSeen_ = false;
