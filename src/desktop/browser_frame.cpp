@@ -19,7 +19,7 @@ Q_LOGGING_CATEGORY(lcBrowser, "soran.desktop")
 
 /// The folder of the program's modules, beside that of its executables.
 QString enginePath() {
-  return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/soran/soran-web"_s);
+  return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/soran/plugins/soran-web"_s);
 }
 
 /// The engine ends the whole process where it is to run its sandbox for the superuser.

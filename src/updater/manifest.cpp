@@ -31,7 +31,7 @@ ProgramFile readFile(const QJsonObject& entry) {
   const QString sum = entry[u"sha256"_s].toString();
   file.sha256 = QByteArray::fromHex(sum.toLatin1());
   // So no file of data can be meant, and no former or half-written program either.
-  if (!matches(file.name, u"soran(-[a-z0-9]+)*|\\.\\./lib/soran/soran(-[a-z0-9]+)*\\.so"_s))
+  if (!matches(file.name, u"soran(-[a-z0-9]+)*|\\.\\./lib/soran/plugins/soran(-[a-z0-9]+)*\\.so"_s))
     throw UpdateError(u"更新情報のファイル名が不正です: " + file.name);
   if (!matches(file.path, u"[A-Za-z0-9_-][A-Za-z0-9._-]*(/[A-Za-z0-9_-][A-Za-z0-9._-]*)*"_s))
     throw UpdateError(u"更新情報のパスが不正です: " + file.path);

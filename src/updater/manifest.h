@@ -11,7 +11,7 @@ namespace soran {
 /// One file of a program's package as a manifest tells it.
 struct ProgramFile {
   QString name;      ///< its place from the program's folder: "soran", or "soran-" and more, or such a name
-                     ///< between "../lib/soran/" and ".so"
+                     ///< between "../lib/soran/plugins/" and ".so"
   QString path;      ///< where the endpoint has it, relative to the manifest's folder
   qint64 size = 0;   ///< in bytes, never above largestProgramFile
   QByteArray sha256; ///< 32 bytes

@@ -10,8 +10,8 @@
 
 namespace soran {
 
-/// The directory in which the program lies, and lib/soran beside it. New files are put beside the old ones
-/// whole, and then exchanged by renaming: whenever it ends, every file is the former one or the new one,
+/// The directory in which the program lies, and lib/soran/plugins beside it. New files are put beside the old
+/// ones whole, and then exchanged by renaming: whenever it ends, every file is the former one or the new one,
 /// whole. A file that was replaced stays under its name with ".former".
 class ProgramPlace {
  public:

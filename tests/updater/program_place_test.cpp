@@ -37,7 +37,7 @@ TEST_F(ProgramPlaceTest, AFileThatCannotBeExchangedBringsTheOthersBack) {
     place.stage(u"soran"_s, newSoran);
     place.stage(u"soran-cli"_s, newCli);
     place.stage(u"soran-more"_s, newCli);
-    place.stage(u"../lib/soran/soran-web.so"_s, newCli);
+    place.stage(u"../lib/soran/plugins/soran-web.so"_s, newCli);
     // The program itself goes last, so the two others are in place when it fails.
     ASSERT_TRUE(QFile::remove(installation.at(u"soran.new"_s)));
     EXPECT_THROW(place.exchange(), UpdateError);
@@ -46,7 +46,7 @@ TEST_F(ProgramPlaceTest, AFileThatCannotBeExchangedBringsTheOthersBack) {
   EXPECT_EQ(now(u"soran-cli"_s), installation.former[u"soran-cli"_s]);
   EXPECT_FALSE(installation.filesOfPlace().contains(u"soran-more"_s));
   EXPECT_EQ(installation.filesOfPlace().filter(u".new"_s), QStringList());
-  EXPECT_THAT(QDir(installation.path(u"lib/soran"_s)).entryList(QDir::Files), ElementsAre());
+  EXPECT_THAT(QDir(installation.path(u"lib/soran/plugins"_s)).entryList(QDir::Files), ElementsAre());
 }
 
 TEST_F(ProgramPlaceTest, AFullDiskLeavesTheFormerFiles) {

@@ -21,7 +21,7 @@ namespace {
 const QMap<QString, QByteArray> programs = {{u"soran"_s, QByteArray(40'000, 'n')},
                                             {u"soran-cli"_s, QByteArray(25'000, 'm')},
                                             {u"soran-update"_s, QByteArray(5'000, 'u')},
-                                            {u"../lib/soran/soran-web.so"_s, QByteArray(7'000, 'w')}};
+                                            {u"../lib/soran/plugins/soran-web.so"_s, QByteArray(7'000, 'w')}};
 
 const QString manifestAt = manifestPath(thisSystem());
 const QString programAt = u"/data/program/" + thisSystem() + u"/4.32/soran";
@@ -137,7 +137,7 @@ TEST_F(UpdaterTest, RefusesWhatIsNotWholeNewAndSigned) {
       {"a data file", field(u"name"_s, u"soran.mdb"_s), u"ファイル名が不正です: soran.mdb"},
       {"a former file", field(u"name"_s, u"soran.former"_s), u"ファイル名"},
       {"up", field(u"name"_s, u"../soran"_s), u"ファイル名"},
-      {"up behind the library's folder", field(u"name"_s, u"../lib/soran/../soran"_s), u"ファイル名"},
+      {"up behind the library's folder", field(u"name"_s, u"../lib/soran/plugins/../soran"_s), u"ファイル名"},
       {"absolute", field(u"name"_s, u"/bin/sh"_s), u"ファイル名"},
       {"a line end", field(u"name"_s, u"soran\n"_s), u"ファイル名"},
       {"the same twice", field(u"name"_s, u"soran-cli"_s), u"二度"},
