@@ -69,7 +69,7 @@ Manifest readManifest(const QByteArray& json, const QString& system) {
   if (entries.isEmpty() || entries.size() > mostProgramFiles)
     throw UpdateError(u"更新情報のファイル数が不正です"_s);
   QSet<QString> names;
-  for (const QJsonValue& entry : entries) {
+  for (const QJsonValue entry : entries) {
     manifest.files.append(readFile(entry.toObject()));
     names.insert(manifest.files.last().name);
   }
