@@ -38,7 +38,7 @@ bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate) {
 
 QString textOfBytes(const QByteArray& bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-  const QString text = decoder(bytes);
+  QString text = decoder(bytes);
   // An unfinished sequence at the end leaves no error behind, only a shorter text.
   if (decoder.hasError() || text.toUtf8().size() != bytes.size())
     return QString::fromLatin1(bytes);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/json_fields.h"
 #include "interpret/dictionaries.h"
+#include "store/json_fields.h"
 #include "store/rows.h"
 
 namespace soran {

@@ -42,6 +42,10 @@ std::optional<QString> Headless::saveFile(const QString&, const QString&) {
   return takeChoice();
 }
 
+std::optional<QString> Headless::openFile(const QString&) {
+  return takeChoice();
+}
+
 std::optional<QString> Headless::choosePrinter(const QStringList&, const QString&) {
   show(u"printerselect"_s);
   return takeChoice();

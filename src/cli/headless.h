@@ -42,6 +42,7 @@ class Headless final : public Dialogs, public Forms, public Sounds, public Print
   bool question(const QString& title, const QString& text) override;
   void message(const QString& title, const QString& text) override;
   std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
+  std::optional<QString> openFile(const QString& title) override;
   std::optional<QString> choosePrinter(const QStringList& installedPrinters, const QString& current) override;
 
   void show(const QString& name) override;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/batch.h"
+#include "cli/exchange_call.h"
 #include "cli/interactive.h"
 #include "cli/run.h"
 #include "cli/session.h"
@@ -27,7 +28,9 @@ QByteArray helpText() {
              "  soran-cli [OPTIONS] session       an event a line in, the state a line out, both JSON "
              "(--runs "
              "adds colours)\n"
-             "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n\n")
+             "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n"
+             "  soran-cli [OPTIONS] export FILE   writes lists, groups, dictionaries and settings as JSON\n"
+             "  soran-cli [OPTIONS] import FILE   takes such a file over, whole or not at all\n\n")
       .append(optionsHelp())
       .toUtf8();
 }
@@ -39,6 +42,14 @@ int refuse(QFile& errors, const QString& why) {
 
 int runCall(LaunchOptions options, QFile& output, QFile& errors) {
   const QString call = options.rest.takeFirst();
+  if (options.runs && call != u"session")
+    return refuse(errors, u"--runs goes with session"_s);
+  if (call == u"export" || call == u"import") {
+    if (options.rest.size() != 1)
+      return refuse(errors, call + u" needs a file");
+    return call == u"export" ? exportCall(options, options.rest[0], errors)
+                             : importCall(options, options.rest[0], errors);
+  }
   if (call == u"run") {
     if (options.rest.isEmpty())
       return refuse(errors, u"run needs a line to type"_s);
@@ -46,10 +57,9 @@ int runCall(LaunchOptions options, QFile& output, QFile& errors) {
   }
   LineInput input(STDIN_FILENO);
   if (call == u"session") {
-    const bool runs = options.rest.removeAll(u"--runs"_s) > 0;
     if (!options.rest.isEmpty())
       return refuse(errors, u"session takes no further arguments"_s);
-    return Session(options, delivered::file, input, output, runs).run();
+    return Session(options, delivered::file, input, output, options.runs).run();
   }
   if (call == u"batch") {
     if (!options.rest.isEmpty())

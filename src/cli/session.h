@@ -3,8 +3,8 @@
 #pragma once
 
 #include "cli/headless.h"
-#include "cli/json_fields.h"
 #include "cli/line_input.h"
+#include "store/json_fields.h"
 #include "terminal/launch.h"
 #include "terminal/view.h"
 

@@ -26,6 +26,7 @@ class TerminalDesk final : public Dialogs, public Forms, public Sounds, public P
 
   bool question(const QString& title, const QString& text) override;
   void message(const QString& title, const QString& text) override;
+  std::optional<QString> openFile(const QString& title) override { return saveFile(title, QString()); }
   std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
   std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
 

@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 
 #include "desktop/opening_form.h"
+#include "terminal/hand_over.h"
 #include "terminal/opening.h"
 
 #include <QApplication>
@@ -111,10 +112,13 @@ void Desktop::onStopped() {
 int Desktop::run() {
   if (!start())
     return 1;
-  if (view_.ended())
-    return 0;
-  connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-  return QApplication::exec();
+  if (!view_.ended()) {
+    connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QApplication::exec();
+  }
+  if (view_.updaterRequested())
+    handOver(program_.services, launch_.endpointsFile());
+  return 0;
 }
 
 } // namespace soran

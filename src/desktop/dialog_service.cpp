@@ -61,6 +61,15 @@ std::optional<QString> DialogService::saveFile(const QString& title, const QStri
   return dialog.selectedFiles().constFirst();
 }
 
+std::optional<QString> DialogService::openFile(const QString& title) {
+  QFileDialog dialog(window_, title, QString(), u"JSON (*.json);;すべてのファイル (*)"_s);
+  dialog.setObjectName(u"openFile"_s);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    return std::nullopt;
+  return dialog.selectedFiles().constFirst();
+}
+
 std::optional<QString> DialogService::choosePrinter(const QStringList& printers, const QString& current) {
   QInputDialog dialog(window_);
   dialog.setObjectName(u"printerselect"_s);

@@ -22,6 +22,7 @@ class DialogService final : public Dialogs {
 
   bool question(const QString& title, const QString& text) override;
   void message(const QString& title, const QString& text) override;
+  std::optional<QString> openFile(const QString& title) override;
   std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
   std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
 

@@ -23,6 +23,9 @@ class Dialogs {
   /// The path under which to save, beginning with `suggestion`; nothing where the user cancelled.
   virtual std::optional<QString> saveFile(const QString& title, const QString& suggestion) = 0;
 
+  /// The path of an existing file to read; nothing where the user cancelled.
+  virtual std::optional<QString> openFile(const QString& title) = 0;
+
   /// One of `printers`, `current` being chosen at first; nothing where the user cancelled.
   virtual std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) = 0;
 };

@@ -174,6 +174,10 @@ int EndpointServer::connections() const {
 }
 
 void EndpointServer::serve(const QUrl& url, QTcpSocket* socket) {
+  // A demonstration serves for days.
+  constexpr qsizetype mostRequests = 100000;
+  if (requests_.size() >= mostRequests)
+    requests_.remove(0, mostRequests / 2);
   requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::FullyEncoded));
   const Answer answer = answerTo(url);
   const Delivery* set = longestPrefix(deliveries_, url.path(QUrl::FullyDecoded));

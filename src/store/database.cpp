@@ -30,6 +30,10 @@ class Statement {
     if (!handle ||
         sqlite3_prepare_v2(handle, utf8.constData(), int(utf8.size()), &statement_, nullptr) != SQLITE_OK)
       fail(handle, "prepare");
+    if (sqlite3_bind_parameter_count(statement_) != parameters.size()) {
+      sqlite3_finalize(statement_);
+      throw StoreError("a row of the wrong length");
+    }
     for (int i = 0; i < parameters.size(); ++i)
       bind(i + 1, parameters[i]);
   }

@@ -53,14 +53,34 @@ void Tables::rewrite(QStringView table, const std::vector<QVariantList>& rows) {
   const QString insert = u"INSERT INTO "_s + quotedName(table) + u" (" + quoted.join(u", ") + u") VALUES (" +
                          QStringList(columns.size(), u"?"_s).join(u", ") + u")";
   {
-    Transaction transaction(database_);
+    std::optional<Transaction> transaction;
+    if (!inTransaction_)
+      transaction.emplace(database_);
     database_.execute(u"DELETE FROM "_s + quotedName(table));
     for (const QVariantList& row : rows)
       database_.execute(insert, row);
-    transaction.commit();
+    if (transaction)
+      transaction->commit();
   }
   set->open(database_);
   ++revision_;
+}
+
+void Tables::inOneTransaction(const std::function<void()>& changes) {
+  inTransaction_ = true;
+  try {
+    Transaction transaction(database_);
+    changes();
+    transaction.commit();
+    inTransaction_ = false;
+  } catch (...) {
+    inTransaction_ = false;
+    for (RowSet& set : sets_)
+      set.open(database_);
+    settings_.load();
+    ++revision_;
+    throw;
+  }
 }
 
 QList<Airport> Tables::airportsOf(const RowSet& rows) {

@@ -5,6 +5,8 @@
 #include "store/rows.h"
 #include "store/settings.h"
 
+#include <functional>
+
 namespace soran {
 
 /// The names of the seven tables.
@@ -53,6 +55,10 @@ class Tables {
   /// columns in their order. Throws StoreError.
   void rewrite(QStringView table, const std::vector<QVariantList>& rows);
 
+  /// Carries out several changes of the tables as one: where one of them throws, all of them are undone, in
+  /// the file and in memory.
+  void inOneTransaction(const std::function<void()>& changes);
+
   QList<Airport> airportRows() const { return airportsOf(sets_[0]); }
   QList<Airport> autoRows() const { return airportsOf(sets_[1]); }
   QList<Group> groupRows() const;
@@ -75,6 +81,7 @@ class Tables {
   std::array<RowSet, 7> sets_;
   Settings settings_{sets_[6]};
   int revision_ = 0;
+  bool inTransaction_ = false;
 };
 
 /// True where the file opens with the program's password and holds the seven tables and exactly one settings

@@ -32,6 +32,11 @@ QString installed(QStringView name) {
 
 } // namespace
 
+QString programDirectory(const LaunchOptions& options) {
+  return QDir::cleanPath(
+      QDir::current().absoluteFilePath(options.home.isEmpty() ? userDirectory() : options.home));
+}
+
 std::optional<QDateTime> readInstant(const QString& text) {
   const QDateTime instant = QDateTime::fromString(text, Qt::ISODate);
   if (!instant.isValid() || instant.timeSpec() == Qt::LocalTime)
@@ -64,21 +69,21 @@ LaunchOptions readOptions(const QStringList& arguments) {
         options.error = u"--now needs a date and time with its zone, such as 2026-11-24T14:20:00+09:00"_s;
     } else if (argument == u"--demo") {
       options.demo = true;
+    } else if (argument == u"--runs") {
+      options.runs = true;
     } else if (argument == u"--help") {
       options.help = true;
     } else if (argument == u"--version") {
       options.version = true;
     } else if (argument == u"--") {
-      ++i;
+      options.rest += arguments.mid(i + 1);
       break;
     } else if (argument.startsWith(u"--")) {
       options.error = u"unknown option " + argument;
     } else {
-      break;
+      options.rest.append(argument);
     }
   }
-  if (options.error.isEmpty())
-    options.rest = arguments.mid(i);
   return options;
 }
 
@@ -94,8 +99,8 @@ QString optionsHelp() {
 Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile delivered)
     : timers_(timers), delivered_(std::move(delivered)), clock_(makeClock(options)),
       inet_(makeNetwork(), shutdown_), inet2_(makeNetwork(), shutdown_) {
-  directory_ = QDir::cleanPath(
-      QDir::current().absoluteFilePath(options.home.isEmpty() ? userDirectory() : options.home));
+  directory_ = programDirectory(options);
+  endpointsFile_ = options.endpoints;
   setClock_ = options.now ? static_cast<SetClock*>(clock_.get()) : nullptr;
   endpoints_ = Endpoints::builtIn(u"qrc:/delivered"_s);
   for (const ImagerySource& source : imagerySources())

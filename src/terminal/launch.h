@@ -17,6 +17,7 @@ namespace soran {
 struct LaunchOptions {
   QString home;      ///< the program's directory; empty for the user's own
   QString endpoints; ///< the endpoints file; empty for endpoints.ini in the program's directory
+  bool runs = false; ///< the states of a session tell the coloured runs
   bool demo = false; ///< the embedded endpoint serves everything
   bool help = false;
   bool version = false;
@@ -25,12 +26,14 @@ struct LaunchOptions {
   QString error;                ///< what is wrong with the arguments; empty where nothing is
 };
 
-/// Reads arguments, the program's name left out. Everything behind "--" or the first word that is no option
-/// is left as it is.
+/// Reads arguments, the program's name left out. Options stand anywhere; what is behind "--" is none.
 LaunchOptions readOptions(const QStringList& arguments);
 
 /// The text of --help about these options.
 QString optionsHelp();
+
+/// The program's directory that the options name, absolute and without trailing slash.
+QString programDirectory(const LaunchOptions& options);
 
 /// A date and time with its zone as ISO 8601, such as 2026-11-24T14:20:00+09:00; nothing where it is none.
 std::optional<QDateTime> readInstant(const QString& text);
@@ -62,6 +65,8 @@ class Launch {
   bool demo() const { return server_ != nullptr; }
   const Endpoints& endpoints() const { return endpoints_; }
   const QString& directory() const { return directory_; }
+  /// The endpoints file that the options name, empty where they name none.
+  const QString& endpointsFile() const { return endpointsFile_; }
 
   /// Called with the address of every request.
   void onRequest(const std::function<void(const QUrl&)>& hook);
@@ -73,6 +78,7 @@ class Launch {
   Timers& timers_;
   DeliveredFile delivered_;
   QString directory_;
+  QString endpointsFile_;
   std::unique_ptr<Clock> clock_;
   SetClock* setClock_ = nullptr;
   Endpoints endpoints_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/menus.h"
 
+#include "terminal/data_exchange.h"
 #include "terminal/menu_actions.h"
 #include "terminal/shared_actions.h"
 #include "terminal/view.h"
@@ -49,6 +50,8 @@ constexpr Entry entries[] = {
     {Kind::Menu, u"menu_file", u"ファイル", u"", Always, Always, nullptr},
     {Kind::Item, u"menu_print", u"印刷", u"menu_file", Printer | NoPane, Always, action::printFromMenu},
     {Kind::Item, u"menu_save", u"保存", u"menu_file", NoPane, Always, action::save},
+    {Kind::Item, u"menu_export", u"データの書き出し", u"menu_file", NoPane, Always, exportUserData},
+    {Kind::Item, u"menu_import", u"データの読み込み", u"menu_file", NoPane, Always, importUserData},
     {Kind::Item, u"menu_exit", leaveCaption, u"menu_file", Always, Always, action::leave},
     {Kind::Menu, u"menu_list", u"シーケンス", u"", Network | Airports | NoPane, Always, nullptr},
     {Kind::AirportRows, u"menu_listAP", u"", u"menu_list", Always, Always, nullptr},

@@ -59,7 +59,7 @@ TEST(TranslateReport, HeaderTellsStationAndKind) {
       {u" rjtt ", u"0617Z", u"*** 東京国際空港 特別飛行場実況通報 06時17分(Z) 発表 ***\r\n\r\n"},
       {u"RJTF", u"1500I", u"*** 調布飛行場 定時飛行場実況通報 15時00分(I) 発表 ***\r\n\r\n"},
       {u"rjtf", u"2354Z", u"*** 調布空港 定時飛行場実況通報 23時54分(Z) 発表 ***\r\n\r\n"},
-      {u"XXXX", u"2349Z", u"*** 空港 特別飛行場実況通報 23時49分(Z) 発表 ***\r\n\r\n"},
+      {u"QQQQ", u"2349Z", u"*** 空港 特別飛行場実況通報 23時49分(Z) 発表 ***\r\n\r\n"},
       {u"RODN", u"", u"*** 飛行場 定時飛行場実況通報 時分() 発表 ***\r\n\r\n"},
   };
   for (const auto& c : cases) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/json_fields.h"
+#include "store/json_fields.h"
 
 #include <QJsonDocument>
 #include <cmath>
@@ -84,7 +84,7 @@ QJsonArray Fields::array(const QString& name) {
 
 QStringList Fields::texts(const QString& name) {
   QStringList list;
-  for (const QJsonValue& value : array(name)) {
+  for (const auto& value : array(name)) {
     if (!value.isString())
       throw InputError(u"field \""_s + name + u"\" is not a list of texts");
     list.append(value.toString());
@@ -102,7 +102,7 @@ QDate Fields::date(const QString& name) {
 
 QDateTime Fields::localTime(const QString& name) {
   const QString value = text(name);
-  const QDateTime time = QDateTime::fromString(value, u"yyyy-MM-dd'T'HH:mm:ss"_s);
+  QDateTime time = QDateTime::fromString(value, u"yyyy-MM-dd'T'HH:mm:ss"_s);
   if (!time.isValid())
     throw InputError(u"field \""_s + name + u"\" is not a local time such as 2026-11-24T14:20:00");
   return time;
@@ -163,9 +163,9 @@ QJsonValue settingJson(SettingIndex index, const QVariant& value) {
 
 QList<QStringList> textRows(const QJsonArray& rows, const QString& name, int columns) {
   QList<QStringList> list;
-  for (const QJsonValue& row : rows) {
+  for (const auto& row : rows) {
     QStringList fields;
-    for (const QJsonValue& field : row.toArray()) {
+    for (const auto& field : row.toArray()) {
       if (field.isString())
         fields.append(field.toString());
     }

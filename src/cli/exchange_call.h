@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/launch.h"
+
+#include <QIODevice>
+
+namespace soran {
+
+/// `export FILE` and `import FILE`: the user's data of the program's directory as one JSON file. The program
+/// must not be running there. The exit status: 0, or 1 with the reason on `errors`.
+int exportCall(const LaunchOptions& options, const QString& file, QIODevice& errors);
+int importCall(const LaunchOptions& options, const QString& file, QIODevice& errors);
+
+} // namespace soran
