@@ -175,7 +175,7 @@ int EndpointServer::connections() const {
 
 void EndpointServer::serve(const QUrl& url, QTcpSocket* socket) {
   // A demonstration serves for days.
-  constexpr qsizetype mostRequests = 100000;
+  constexpr qsizetype mostRequests = 20000;
   if (requests_.size() >= mostRequests)
     requests_.remove(0, mostRequests / 2);
   requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::FullyEncoded));

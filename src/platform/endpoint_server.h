@@ -72,7 +72,7 @@ class EndpointServer {
   /// stands for all paths. A path that nothing answers gets an HTML page with status 404.
   void setDelivery(const QString& prefix, const Delivery& delivery);
 
-  /// The requests served last (50,000 at least), oldest first, each as path and query in their encoded form.
+  /// The requests served last (10,000 at least), oldest first, each as path and query in their encoded form.
   QStringList requests() const { return requests_; }
   void clearRequests() { requests_.clear(); }
 
