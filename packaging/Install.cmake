@@ -30,6 +30,8 @@ install(FILES endpoints.ini DESTINATION ${SHARE})
 install(FILES ${DELIVERED}/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
   ${DELIVERED}/sound/error.wav ${DELIVERED}/sound/ring.wav DESTINATION ${SHARE}/update/data)
 install(DIRECTORY ${DELIVERED}/help DESTINATION ${SHARE}/home)
+install(FILES ${DELIVERED}/help/index2.htm DESTINATION ${SHARE}/update)
+install(FILES ${DELIVERED}/index.html DESTINATION ${SHARE}/home)
 
 # Debian wants manual pages and change logs compressed, without a name or a time inside.
 function(install_compressed source name destination)

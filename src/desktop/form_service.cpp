@@ -29,7 +29,6 @@ struct FormService::Kind {
   QStringView name;
   Form (FormService::*make)();
   bool kept; ///< the same form is shown again, with what it held
-  void (FormService::*shown)() = nullptr;
 };
 
 const FormService::Kind* FormService::kindOf(const QString& name) {
@@ -38,7 +37,7 @@ const FormService::Kind* FormService::kindOf(const QString& name) {
       {u"version", &FormService::makeVersion, false},
       {u"compornent", &FormService::makeComponents, false},
       {u"command", &FormService::makeCommands, true},
-      {u"message", &FormService::makeMessage, false, &FormService::soundAlarm},
+      {u"message", &FormService::makeMessage, false},
       {u"datachange", &FormService::makeDataChange, false},
       {u"log", &FormService::makeLog, true},
       {u"pictureform", &FormService::makePicture, false},
@@ -83,8 +82,6 @@ void FormService::show(const QString& name) {
   }
   form->show();
   form->raise();
-  if (kind->shown)
-    (this->*kind->shown)();
 }
 
 void FormService::showModal(const QString& name) {
@@ -138,12 +135,6 @@ void FormService::showTaskIcon() {
     return;
   taskIcon_ = std::make_unique<TaskIcon>(program_->networkAvailable);
   connect(taskIcon_.get(), &TaskIcon::restoreRequested, this, &FormService::restoreRequested);
-}
-
-void FormService::soundAlarm() {
-  const QString wave = program_->services.path(u"sound/error.wav");
-  if (program_->settings()[key::切断時アラーム] == true && fileExists(wave))
-    program_->services.sounds.play(wave);
 }
 
 FormService::Form FormService::makeNoConnect() {

@@ -62,7 +62,6 @@ class FormService final : public QObject, public Forms {
   Form makePicture();
   void showTaskIcon();
   void showTip();
-  void soundAlarm();
 
   View* view_ = nullptr;
   Program* program_ = nullptr;

@@ -124,7 +124,7 @@ void WatchCycle::networkFailed() {
       forms.hide(u"taskicon"_s);
       forms.show(u"taskicon"_s);
     } else if (program_.settings()[key::切断時メッセージ] == true) {
-      forms.show(u"message"_s);
+      alert();
     }
   }
   console.addLogEntry(u"NETWORK DISCONNECTED"_s);
@@ -132,6 +132,13 @@ void WatchCycle::networkFailed() {
   console.setPanel(2, u"再受信待機"_s);
   program_.lastProbeGood = false;
   timer_->setEnabled(true);
+}
+
+void WatchCycle::alert() {
+  program_.services.forms.show(u"message"_s);
+  const QString alarm = program_.services.path(u"sound/error.wav");
+  if (program_.settings()[key::切断時アラーム] == true && fileExists(alarm))
+    program_.services.sounds.play(alarm);
 }
 
 void WatchCycle::networkReturned() {
@@ -207,7 +214,9 @@ void WatchCycle::announceChanges() {
   }
   if (program_.settings()[key::更新終了時メッセージ] == true) {
     console.addLogEntry(u"DISPLAY DATA CHANGED MESSAGE"_s);
-    program_.services.forms.show(u"datachange"_s);
+    // A minimised window has no place for it.
+    if (!program_.minimised)
+      program_.services.forms.show(u"datachange"_s);
   }
   if (program_.settings()[key::印刷更新時印刷] == true) {
     printing_.requestAutomatic();

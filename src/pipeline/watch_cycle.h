@@ -49,6 +49,7 @@ class WatchCycle {
   void pass();
   bool probe();
   void networkFailed();
+  void alert();
   void networkReturned();
   void cycle();
   bool cycleIsDue() const;

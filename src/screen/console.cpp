@@ -35,8 +35,12 @@ void Console::showReady() {
     setPanel(2, status_.panelSavedText());
 }
 
-void Console::colourScreenText() {
+void Console::repaint() {
   screen_.setRuns(colourRuns(screen_.text(), settings_.record(), recentCodes, groupName, screen_.runs()));
+}
+
+void Console::colourScreenText() {
+  repaint();
   inputlbl_.clear();
   caretToEnd();
   setPad(QString());

@@ -48,6 +48,9 @@ class Console : public QObject {
   /// Writes the prompt.
   void showReady();
 
+  /// Paints the whole screen by the settings.
+  void repaint();
+
   /// Paints the whole screen by the settings, then empties the typed line and its echo. This is the only
   /// place that empties the typed line.
   void colourScreenText();

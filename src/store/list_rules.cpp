@@ -21,8 +21,11 @@ QString upperText(QStringView text) {
 
 void storeAirports(Tables& tables, const std::vector<EditedRow>& rows) {
   std::vector<QVariantList> stored;
-  for (const auto& [code, name] : rows)
-    stored.push_back({int(stored.size()) + 1, trimmedText(code), trimmedText(name)});
+  for (const auto& [code, name] : rows) {
+    // The entry form lets neither an empty code nor an empty name in.
+    if (!trimmedText(code).isEmpty() && !trimmedText(name).isEmpty())
+      stored.push_back({int(stored.size()) + 1, upperText(code), trimmedText(name)});
+  }
   tables.rewrite(table::飛行場情報, stored);
 }
 
@@ -30,7 +33,9 @@ void storeAutoList(Tables& tables, const std::vector<EditedRow>& rows) {
   std::vector<QVariantList> stored;
   for (const auto& [code, name] : rows) {
     // The editor shows a row as one text and cuts it apart again by position.
-    const QString shown = u' ' + code + u"   " + name;
+    if (trimmedText(code).isEmpty())
+      continue;
+    const QString shown = u' ' + upperText(code) + u"   " + trimmedText(name);
     stored.push_back(
         {int(stored.size()) + 1, trimmedText(mid1(shown, 2, 4)), trimmedText(mid1(shown, 7, 99))});
   }
@@ -52,8 +57,10 @@ void storeGroups(Tables& tables, const std::vector<EditedRow>& rows) {
 
 void storeDictionary(Tables& tables, QStringView table, const std::vector<EditedRow>& rows) {
   std::vector<QVariantList> stored;
-  for (const auto& [word, meaning] : rows)
-    stored.push_back({int(stored.size()) + 1, upperText(word), trimmedText(meaning)});
+  for (const auto& [word, meaning] : rows) {
+    if (!trimmedText(word).isEmpty())
+      stored.push_back({int(stored.size()) + 1, upperText(word), trimmedText(meaning)});
+  }
   tables.rewrite(table, stored);
 }
 

@@ -75,11 +75,13 @@ void View::editDictionary(DictionaryMode mode) {
 
 void View::editSettings() {
   settingsClosed_.reset();
+  cycle_.readBufferLevel();
   showFormModal(u"opton"_s);
+  cycle_.readBufferLevel();
+  program_.console.applyDisplaySettings();
   if (!settingsClosed_)
     return;
-  program_.console.applyDisplaySettings();
-  program_.console.colourScreenText();
+  program_.console.repaint();
   if (*settingsClosed_) {
     program_.services.inet2.cancel();
     refreshCycleFiles(program_);

@@ -122,9 +122,13 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   demoData_->serveOn(*server_);
   for (const QString& name : {u"version.dat"_s, u"soran.mdb"_s, u"error.wav"_s, u"ring.wav"_s})
     server_->setFile(u"/data/" + name, delivered(u"update/data/" + name));
-  for (const QString& name : {u"help.html"_s, u"help.css"_s})
-    server_->setAnswer(u"/help/" + name, {.body = delivered(u"help/" + name),
-                                          .contentType = name.endsWith(u"css") ? "text/css" : "text/html"});
+  const auto servePage = [&](const QString& path, const QString& name, const QByteArray& type) {
+    server_->setAnswer(path, {.body = delivered(name), .contentType = type});
+  };
+  servePage(u"/"_s, u"index.html"_s, "text/html");
+  servePage(u"/help/help.html"_s, u"help/help.html"_s, "text/html");
+  servePage(u"/help/help.css"_s, u"help/help.css"_s, "text/css");
+  servePage(u"/index2.htm"_s, u"help/index2.htm"_s, "text/html");
   server_->start();
   const QString base = server_->baseAddress();
   const QString reports = base + u"/pub/data/observations/metar/";

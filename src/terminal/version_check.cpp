@@ -47,6 +47,7 @@ void View::offerVersion(const QString& version) {
     return;
   if (!updaterMayRun()) {
     showNewVersionNotice(version, program_.console.screen().text().size());
+    cycle_.enableWatch(true);
     return;
   }
   updaterRequested_ = true;
