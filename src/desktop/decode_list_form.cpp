@@ -38,7 +38,10 @@ void DecodeListForm::connectList(QListView& list, void (DecodeListEditor::*selec
   constexpr int shownCharacters = 30;
   list.setModel(new QStringListModel(&list));
   const QFontMetrics metrics = list.fontMetrics();
-  list.setMinimumSize(metrics.horizontalAdvance(u'0') * shownCharacters, metrics.height() * shownRows);
+  const int spacing = metrics.height() / 8;
+  list.setSpacing(spacing);
+  list.setMinimumSize(metrics.horizontalAdvance(u'0') * shownCharacters,
+                      (metrics.height() + 2 * spacing) * shownRows);
   connect(&list, &QListView::pressed, this,
           [this, select](const QModelIndex& row) { (editor_.*select)(row.row()); });
   connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
