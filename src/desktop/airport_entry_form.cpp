@@ -38,8 +38,10 @@ AirportEntryForm::AirportEntryForm(QWidget* parent, AirportEntry& entry)
   ui_->TextBox0->setAttribute(Qt::WA_InputMethodEnabled, false);
   ui_->TextBox0->installEventFilter(this);
   ui_->TextBox1->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * nameWidth);
-  connect(ui_->TextBox0, &QLineEdit::textEdited, this, [this](const QString& text) { entry_.typeCode(text); });
-  connect(ui_->TextBox1, &QLineEdit::textEdited, this, [this](const QString& text) { entry_.typeName(text); });
+  connect(ui_->TextBox0, &QLineEdit::textEdited, this,
+          [this](const QString& text) { entry_.typeCode(text); });
+  connect(ui_->TextBox1, &QLineEdit::textEdited, this,
+          [this](const QString& text) { entry_.typeName(text); });
   connect(ui_->cmd0, &QPushButton::clicked, this, &AirportEntryForm::accept);
   connect(ui_->cmd1, &QPushButton::clicked, this, &AirportEntryForm::reject);
   entry_.changed = [this] { mirror(); };

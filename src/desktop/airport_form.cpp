@@ -19,12 +19,11 @@ AirportForm::AirportForm(QWidget* parent, View& view)
   ui_->setupUi(this);
   setWindowTitle(AirportEditor::title.toString());
   ui_->grid->showList(editor_.list(),
-                  {AirportEditor::codeHeading.toString(), AirportEditor::nameHeading.toString()}, codeWidth);
+                      {AirportEditor::codeHeading.toString(), AirportEditor::nameHeading.toString()},
+                      codeWidth);
   const std::pair<QPushButton*, void (AirportEditor::*)()> actions[] = {
-      {ui_->cmd1, &AirportEditor::add},
-      {ui_->cmd2, &AirportEditor::remove},
-      {ui_->cmd3, &AirportEditor::change},
-      {ui_->cmd4, &AirportEditor::moveUp},
+      {ui_->cmd1, &AirportEditor::add},      {ui_->cmd2, &AirportEditor::remove},
+      {ui_->cmd3, &AirportEditor::change},   {ui_->cmd4, &AirportEditor::moveUp},
       {ui_->cmd5, &AirportEditor::moveDown},
   };
   for (const auto& [button, action] : actions) {
@@ -33,9 +32,8 @@ AirportForm::AirportForm(QWidget* parent, View& view)
   }
   connect(ui_->cmd0, &QPushButton::clicked, this, &AirportForm::reject);
   connect(ui_->grid, &EditorGrid::cellChosen, this, [this](int row, int) { editor_.select(row); });
-  connect(ui_->grid, &QTableView::activated, this, [this, &view](const QModelIndex& cell) {
-    view.guarded([&] { editor_.open(cell.row()); });
-  });
+  connect(ui_->grid, &QTableView::activated, this,
+          [this, &view](const QModelIndex& cell) { view.guarded([&] { editor_.open(cell.row()); }); });
   editor_.showEntry = [this, &view](AirportEntry& entry) {
     AirportEntryForm form(this, entry);
     runDialog(form, view.program().services.shutdown);

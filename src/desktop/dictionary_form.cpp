@@ -30,8 +30,8 @@ DictionaryForm::DictionaryForm(QWidget* parent, View& view)
   connectButtons();
   connectCells();
   connectPicture();
-  for (QWidget* widget : std::initializer_list<QWidget*>{ui_->tool_new, ui_->tool_edit, ui_->tool_del,
-                                                         ui_->cmd0, ui_->cmd1})
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{ui_->tool_new, ui_->tool_edit, ui_->tool_del, ui_->cmd0, ui_->cmd1})
     widget->setVisible(!pictures);
   ui_->Picture1->setVisible(pictures);
   ui_->cmdPicture->setVisible(pictures);

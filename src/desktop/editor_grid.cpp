@@ -87,8 +87,7 @@ void EditorGrid::showList(const EditedList& list, const QStringList& headings, i
 void EditorGrid::mirror(int column) {
   mirroring_ = true;
   rows_->refresh();
-  const QModelIndex cell =
-      list_->hasSelection() ? rows_->index(list_->selected(), column) : QModelIndex();
+  const QModelIndex cell = list_->hasSelection() ? rows_->index(list_->selected(), column) : QModelIndex();
   if (cell != currentIndex() || !selectionModel()->isSelected(cell))
     setCurrentIndex(cell);
   mirroring_ = false;

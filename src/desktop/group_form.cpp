@@ -39,7 +39,8 @@ GroupForm::GroupForm(QWidget* parent, View& view)
 GroupForm::~GroupForm() = default;
 
 void GroupForm::connectCells(View& view) {
-  connect(ui_->grid, &EditorGrid::cellChosen, this, [this](int row, int column) { editor_.select(row, column); });
+  connect(ui_->grid, &EditorGrid::cellChosen, this,
+          [this](int row, int column) { editor_.select(row, column); });
   connect(ui_->grid, &QTableView::activated, this, [this] { editor_.edit(); });
   auto* cells = new CellDelegate(ui_->grid);
   cells->tip = GroupEditor::editTip.toString();

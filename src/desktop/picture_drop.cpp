@@ -42,11 +42,9 @@ void PictureDrop::fit() {
   }
   const double ratio = devicePixelRatioF();
   const QSize place = contentsRect().size() * ratio;
-  const QSize size = picture_.size().scaled(place, Qt::KeepAspectRatio);
-  // A small picture is shown as it is.
-  QPixmap shown = size.width() < picture_.width()
-                      ? picture_.scaled(place, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                      : picture_;
+  // A small picture keeps its size.
+  const QSize size = (picture_.size() * ratio).boundedTo(place);
+  QPixmap shown = picture_.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
   shown.setDevicePixelRatio(ratio);
   setPixmap(shown);
 }

@@ -9,8 +9,8 @@ class QToolButton;
 
 namespace soran {
 
-/// The entries of the popup menu of a grid whose cells are edited: a new row, editing, deletion. Each has a key
-/// while the grid has the focus.
+/// The entries of the popup menu of a grid whose cells are edited: a new row, editing, deletion. Each has a
+/// key while the grid has the focus.
 class RowActions : public QObject {
   Q_OBJECT
  public:

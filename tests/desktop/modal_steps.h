@@ -16,9 +16,7 @@ class ModalSteps {
  public:
   using Step = std::function<void(QWidget&)>;
 
-  explicit ModalSteps(std::vector<Step> steps) : steps_(std::move(steps)) {
-    schedule();
-  }
+  explicit ModalSteps(std::vector<Step> steps) : steps_(std::move(steps)) { schedule(); }
 
   bool done() const { return next_ == steps_.size(); }
 
@@ -31,10 +29,13 @@ class ModalSteps {
   void next() {
     schedule();
     QWidget* window = QApplication::activeModalWidget();
-    if (window && !done())
+    if (window && !done()) {
+      // Without a window manager nobody else gives a window the focus.
+      QApplication::setActiveWindow(window);
       steps_[next_++](*window);
-    else if (window && ++surplus_ > 50)
+    } else if (window && ++surplus_ > 50) {
       window->close();
+    }
   }
 
   std::vector<Step> steps_;
