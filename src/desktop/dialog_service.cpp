@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/dialog_service.h"
 
+#include "desktop/printer_select_form.h"
+#include "desktop/run_dialog.h"
+
+#include <QApplication>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -21,15 +24,14 @@ QString labelText(QString text) {
 
 } // namespace
 
-int DialogService::run(QDialog& dialog) const {
-  if (shutdown_.requested())
-    return QDialog::Rejected;
-  QObject::connect(&shutdown_, &Shutdown::closing, &dialog, &QDialog::reject);
-  return dialog.exec();
+/// Over a form that holds everything, else over the main window.
+QWidget* DialogService::owner() const {
+  QWidget* form = QApplication::activeModalWidget();
+  return form ? form : window_.get();
 }
 
 bool DialogService::question(const QString& title, const QString& text) {
-  QMessageBox box(QMessageBox::Question, title, labelText(text), QMessageBox::NoButton, window_);
+  QMessageBox box(QMessageBox::Question, title, labelText(text), QMessageBox::NoButton, owner());
   box.setTextFormat(Qt::PlainText);
   box.setObjectName(u"question"_s);
   QPushButton* yes = box.addButton(u"はい(&Y)"_s, QMessageBox::YesRole);
@@ -38,25 +40,25 @@ bool DialogService::question(const QString& title, const QString& text) {
   no->setObjectName(u"no"_s);
   box.setDefaultButton(yes);
   box.setEscapeButton(no);
-  run(box);
+  runDialog(box, shutdown_);
   return box.clickedButton() == yes;
 }
 
 void DialogService::message(const QString& title, const QString& text) {
-  QMessageBox box(QMessageBox::Information, title, labelText(text), QMessageBox::Ok, window_);
+  QMessageBox box(QMessageBox::Information, title, labelText(text), QMessageBox::Ok, owner());
   box.setTextFormat(Qt::PlainText);
   box.setObjectName(u"messageBox"_s);
-  run(box);
+  runDialog(box, shutdown_);
 }
 
 std::optional<QString> DialogService::saveFile(const QString& title, const QString& suggestion) {
-  QFileDialog dialog(window_, title, QString(), u"テキスト (*.txt);;すべてのファイル (*)"_s);
+  QFileDialog dialog(owner(), title, QString(), u"テキスト (*.txt);;すべてのファイル (*)"_s);
   dialog.setObjectName(u"saveFile"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   // Whether an existing file may go is asked by the one who asked for the name.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.selectFile(suggestion);
-  if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+  if (runDialog(dialog, shutdown_) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     return std::nullopt;
   return dialog.selectedFiles().constFirst();
 }
@@ -71,17 +73,11 @@ std::optional<QString> DialogService::openFile(const QString& title) {
 }
 
 std::optional<QString> DialogService::choosePrinter(const QStringList& printers, const QString& current) {
-  QInputDialog dialog(window_);
-  dialog.setObjectName(u"printerselect"_s);
-  dialog.setWindowTitle(u" 印刷"_s);
-  dialog.setLabelText(u"プリンターを選択してください"_s);
-  dialog.setComboBoxItems(printers);
-  dialog.setTextValue(printers.contains(current) ? current : printers.value(0));
-  dialog.setOkButtonText(u"印刷"_s);
-  dialog.setCancelButtonText(u"キャンセル"_s);
-  if (run(dialog) != QDialog::Accepted)
+  PrinterSelection selection(printers, current, current, PrinterSelection::Purpose::Print);
+  PrinterSelectForm form(owner(), selection);
+  if (runDialog(form, shutdown_) != QDialog::Accepted)
     return std::nullopt;
-  return dialog.textValue();
+  return selection.chosen();
 }
 
 } // namespace soran

@@ -8,11 +8,9 @@
 #include <QPointer>
 #include <QWidget>
 
-class QDialog;
-
 namespace soran {
 
-/// Messages and questions as boxes over the main window. Each ends as cancelled when the program closes.
+/// Messages and questions as boxes over the window in use. Each ends as cancelled when the program closes.
 class DialogService final : public Dialogs {
  public:
   explicit DialogService(const Shutdown& shutdown) : shutdown_(shutdown) {}
@@ -27,7 +25,7 @@ class DialogService final : public Dialogs {
   std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
 
  private:
-  int run(QDialog& dialog) const;
+  QWidget* owner() const;
 
   const Shutdown& shutdown_;
   QPointer<QWidget> window_;

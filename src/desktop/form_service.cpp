@@ -3,16 +3,25 @@
 #include "desktop/form_service.h"
 
 #include "base/files.h"
+#include "desktop/airport_form.h"
 #include "desktop/command_form.h"
 #include "desktop/component_form.h"
 #include "desktop/data_change_form.h"
+#include "desktop/decode_list_form.h"
+#include "desktop/dictionary_form.h"
+#include "desktop/font_names.h"
+#include "desktop/font_note_form.h"
+#include "desktop/group_form.h"
 #include "desktop/log_form.h"
 #include "desktop/message_form.h"
 #include "desktop/no_connect_form.h"
 #include "desktop/picture_form.h"
+#include "desktop/run_dialog.h"
+#include "desktop/settings_form_view.h"
 #include "desktop/version_form.h"
 #include "terminal/picture_lookup.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 namespace soran {
@@ -41,6 +50,12 @@ const FormService::Kind* FormService::kindOf(const QString& name) {
       {u"datachange", &FormService::makeDataChange, false},
       {u"log", &FormService::makeLog, true},
       {u"pictureform", &FormService::makePicture, false},
+      {u"airport", &FormService::makeAirports, false},
+      {u"decodelist", &FormService::makeDecodeList, false},
+      {u"company", &FormService::makeGroups, false},
+      {u"weather", &FormService::makeDictionary, false},
+      {u"opton", &FormService::makeSettings, false},
+      {u"fontmsg", &FormService::makeFontNote, false},
   };
   for (const Kind& kind : kinds) {
     if (kind.name == name)
@@ -91,10 +106,7 @@ void FormService::showModal(const QString& name) {
     qCWarning(lcForms) << "passed over: showing the form" << name;
     return;
   }
-  if (program_->services.shutdown.requested())
-    return;
-  connect(&program_->services.shutdown, &Shutdown::closing, form.get(), &QDialog::reject);
-  form->exec();
+  runDialog(*form, program_->services.shutdown);
 }
 
 void FormService::hide(const QString& name) {
@@ -171,6 +183,34 @@ FormService::Form FormService::makePicture() {
   if (!picture.loadFromData(takePicture(program_->services)))
     return nullptr;
   return std::make_unique<PictureForm>(window_, picture, std::exchange(pictureCorner_, std::nullopt));
+}
+
+FormService::Form FormService::makeAirports() {
+  return std::make_unique<AirportForm>(window_, *view_);
+}
+FormService::Form FormService::makeDecodeList() {
+  return std::make_unique<DecodeListForm>(window_, *view_);
+}
+FormService::Form FormService::makeGroups() {
+  return std::make_unique<GroupForm>(window_, *view_);
+}
+FormService::Form FormService::makeDictionary() {
+  return std::make_unique<DictionaryForm>(window_, *view_);
+}
+
+FormService::Form FormService::makeFontNote() {
+  const SettingsRecord& settings = program_->record();
+  return std::make_unique<FontNoteForm>(window_, settings[key::表示領域の色].value_or(black),
+                                        settings[key::表示文字の色].value_or(white));
+}
+
+FormService::Form FormService::makeSettings() {
+  const QStringList fonts = fontNames([this] {
+    show(u"fontmsg"_s);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  });
+  hide(u"fontmsg"_s);
+  return std::make_unique<SettingsFormView>(window_, *view_, fonts);
 }
 
 } // namespace soran

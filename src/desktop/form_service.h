@@ -60,6 +60,12 @@ class FormService final : public QObject, public Forms {
   Form makeDataChange();
   Form makeLog();
   Form makePicture();
+  Form makeAirports();
+  Form makeDecodeList();
+  Form makeGroups();
+  Form makeDictionary();
+  Form makeFontNote();
+  Form makeSettings();
   void showTaskIcon();
   void showTip();
 

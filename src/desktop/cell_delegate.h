@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <functional>
+
+namespace soran {
+
+/// The field `txt` over an open cell of an editor. Only Enter commits; whatever else ends the edit throws the
+/// typed text away.
+class CellDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString tip; ///< the tool tip of the field
+  /// What the field makes of a typed text.
+  std::function<QString(const QString&)> held = [](const QString& typed) { return typed; };
+  /// Enter; false where the cell stays open.
+  std::function<bool(const QString&)> commit = [](const QString&) { return true; };
+  std::function<void()> abandon = [] {};
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override;
+  /// The text stays what the user types; the cell changes by `commit` only.
+  void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void enter(QWidget* field);
+
+  bool asking_ = false;
+};
+
+} // namespace soran

@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/colour_swatch.h"
+#include "desktop/sample_view.h"
+#include "modal_steps.h"
+#include "window_fixture.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTextBlock>
+
+namespace soran {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class SettingsFormViewTest : public WindowTest {
+ protected:
+  const Settings& settings() { return desktop_->view().program().settings(); }
+  void openSettings(std::vector<ModalSteps::Step> steps) {
+    ModalSteps modal(std::move(steps));
+    desktop_->view().menus().button(9);
+    EXPECT_TRUE(modal.done());
+  }
+};
+
+void showTab(QWidget& form, int tab) {
+  QTabBar& bar = *form.findChild<QTabWidget*>(u"SSTab"_s)->tabBar();
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(tab).center());
+}
+
+void tick(QWidget& form, QStringView box) {
+  auto& button = *form.findChild<QAbstractButton*>(box.toString());
+  QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
+}
+
+/// Chooses an entry of a list by the keyboard.
+void choose(QWidget& form, QStringView list, const QString& entry) {
+  auto& combo = *form.findChild<QComboBox*>(list.toString());
+  QTest::keyClick(&combo, Qt::Key_Home);
+  for (int i = 0; i < combo.findText(entry); ++i)
+    QTest::keyClick(&combo, Qt::Key_Down);
+  ASSERT_EQ(combo.currentText(), entry);
+}
+
+TEST_F(SettingsFormViewTest, EveryControlWritesAtOnce) {
+  start();
+  const bool enabled = settings()[key::自動デコード有効] == true;
+  openSettings({[&](QWidget& form) {
+    EXPECT_EQ(form.windowTitle(), u" 動作設定");
+    tick(form, u"CheckBox2");
+    EXPECT_EQ(settings()[key::自動デコード有効], !enabled);
+    EXPECT_EQ(form.findChild<QWidget*>(u"CheckBox9"_s)->isEnabled(), !enabled);
+    showTab(form, 1);
+    auto& limit = *form.findChild<QLineEdit*>(u"TextBox0"_s);
+    QTest::mouseClick(&limit, Qt::LeftButton);
+    limit.selectAll();
+    QTest::keyClicks(&limit, u"-1200x"_s);
+    QTest::keyClick(&limit, Qt::Key_Tab);
+    EXPECT_EQ(settings()[key::雲高1], 1200);
+    EXPECT_EQ(limit.text(), u"-1200x");
+    auto& sight = *form.findChild<QLineEdit*>(u"TextBox1"_s);
+    QTest::mouseClick(&sight, Qt::LeftButton);
+    sight.selectAll();
+    QTest::keyClicks(&sight, u"40000"_s);
+    const auto kept = settings()[key::視程1];
+    QTest::keyClick(&sight, Qt::Key_Escape);
+    EXPECT_EQ(settings()[key::視程1], kept);
+    EXPECT_FALSE(form.isVisible());
+  }});
+  EXPECT_FALSE(desktop_->view().ended());
+}
+
+TEST_F(SettingsFormViewTest, FontAndColourReachSampleAndScreen) {
+  start();
+  openSettings({
+      [&](QWidget& form) {
+        showTab(form, 2);
+        choose(form, u"cmb1", u"17"_s);
+        EXPECT_EQ(form.findChild<SampleView*>(u"viewSample0"_s)->font().pointSize(), 17);
+        click(form, u"lbl1");
+      },
+      [](QWidget& colours) {
+        auto* dialog = qobject_cast<QColorDialog*>(&colours);
+        ASSERT_NE(dialog, nullptr);
+        dialog->setCurrentColor(QColor(1, 200, 3));
+        QTest::keyClick(&colours, Qt::Key_Return);
+      },
+      [](QWidget& form) {
+        EXPECT_EQ(form.findChild<ColourSwatch*>(u"lbl1"_s)->colour(), colourOf(1, 200, 3));
+        const auto& sample = *form.findChild<SampleView*>(u"viewSample0"_s);
+        EXPECT_EQ(sample.palette().color(QPalette::Text), QColor(1, 200, 3));
+        EXPECT_EQ(sample.document()->lastBlock().previous().text(), u" READY / PRESS ESC TO EXIT");
+        click(form, u"lbl0");
+      },
+      [](QWidget& colours) { QTest::keyClick(&colours, Qt::Key_Escape); },
+      [](QWidget& form) { click(form, u"cmd0"); },
+  });
+  EXPECT_EQ(screen().font().pointSize(), 17);
+  EXPECT_EQ(screen().palette().color(QPalette::Text), QColor(1, 200, 3));
+}
+
+TEST_F(SettingsFormViewTest, APrinterIsChosenAndAnEmptyWindowRefused) {
+  start();
+  openSettings({
+      [](QWidget& form) {
+        showTab(form, 3);
+        EXPECT_FALSE(form.findChild<QWidget*>(u"cmd5"_s)->isEnabled());
+        click(form, u"cmd4");
+      },
+      [](QWidget& printers) {
+        EXPECT_EQ(printers.windowTitle(), u" プリンター選択");
+        EXPECT_EQ(printers.findChild<QAbstractButton*>(u"cmd1"_s)->text(), u"設 定");
+        choose(printers, u"cmb", u"PDF"_s);
+        click(printers, u"cmd1");
+      },
+      [](QWidget& form) {
+        EXPECT_EQ(form.findChild<QLabel*>(u"lbl47"_s)->text(), u"PDF");
+        tick(form, u"CheckBox15");
+        tick(form, u"Option1_1");
+        for (const QStringView list : {u"cmb5", u"cmb6", u"cmb7", u"cmb8"})
+          choose(form, list, u"07"_s);
+        showTab(form, 0);
+        form.close();
+      },
+      [](QWidget& message) {
+        EXPECT_EQ(textOfBox(message), u"印刷終了時刻は印刷開始時刻より後に設定してください　　");
+        QTest::keyClick(&message, Qt::Key_Return);
+      },
+      [](QWidget& form) {
+        EXPECT_EQ(form.findChild<QTabWidget*>(u"SSTab"_s)->currentIndex(), 3);
+        choose(form, u"cmb7", u"08"_s);
+        form.close();
+      },
+  });
+  EXPECT_EQ(settings()[key::プリンター], u"PDF"_s);
+  EXPECT_EQ(settings()[key::印刷終了時], u"08"_s);
+}
+
+TEST_F(SettingsFormViewTest, AnsweringYesRestoresTheStandard) {
+  start();
+  openSettings({
+      [](QWidget& form) {
+        showTab(form, 1);
+        tick(form, u"CheckBox3");
+        click(form, u"cmd1");
+      },
+      [](QWidget& question) {
+        EXPECT_EQ(textOfBox(question), u"標準設定に変更しますか？　　");
+        click(question, u"yes");
+      },
+      [](QWidget& form) {
+        EXPECT_TRUE(form.findChild<QCheckBox*>(u"CheckBox3"_s)->isChecked());
+        click(form, u"cmd0");
+      },
+  });
+}
+
+TEST_F(SettingsFormViewTest, ShowsEveryControlUnderItsName) {
+  start();
+  openSettings({[](QWidget& form) {
+    for (int tab = 0; tab < 4; ++tab) {
+      showTab(form, tab);
+      QTest::qWait(0);
+      for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        const bool named = qobject_cast<const QAbstractButton*>(widget) ||
+                           qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget);
+        if (!named || !widget->isVisible() || widget->objectName().startsWith(u"qt_"))
+          continue;
+        EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << widget->objectName().toStdString();
+        if (qobject_cast<const QTabBar*>(widget->parent()))
+          continue;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
+      }
+    }
+    QTest::keyClick(&form, Qt::Key_Escape);
+  }});
+}
+
+} // namespace
+} // namespace soran
