@@ -3,6 +3,9 @@
 #include "desktop/form_service.h"
 
 #include "base/files.h"
+#include "desktop/adobe_form.h"
+#include "desktop/camera_form.h"
+#include "desktop/chart_form.h"
 #include "desktop/command_form.h"
 #include "desktop/component_form.h"
 #include "desktop/data_change_form.h"
@@ -10,6 +13,7 @@
 #include "desktop/message_form.h"
 #include "desktop/no_connect_form.h"
 #include "desktop/picture_form.h"
+#include "desktop/suntime_form.h"
 #include "desktop/version_form.h"
 #include "terminal/picture_lookup.h"
 
@@ -32,6 +36,11 @@ struct FormService::Kind {
   void (FormService::*shown)() = nullptr;
 };
 
+template <class OfView>
+FormService::Form FormService::makeForm() {
+  return std::make_unique<OfView>(window_, *view_);
+}
+
 const FormService::Kind* FormService::kindOf(const QString& name) {
   static constexpr Kind kinds[] = {
       {u"noconnectmsg", &FormService::makeNoConnect, false},
@@ -42,6 +51,10 @@ const FormService::Kind* FormService::kindOf(const QString& name) {
       {u"datachange", &FormService::makeDataChange, false},
       {u"log", &FormService::makeLog, true},
       {u"pictureform", &FormService::makePicture, false},
+      {u"suntime", &FormService::makeForm<SunTimeForm>, false},
+      {u"chart", &FormService::makeForm<ChartForm>, true},
+      {u"camera", &FormService::makeForm<CameraForm>, true},
+      {u"adobeinfo", &FormService::makeAdobe, false},
   };
   for (const Kind& kind : kinds) {
     if (kind.name == name)
@@ -173,6 +186,12 @@ FormService::Form FormService::makeDataChange() {
 FormService::Form FormService::makeLog() {
   const auto speciColour = [this] { return program_->record()[key::SPECIの色].value_or(red); };
   return std::make_unique<LogForm>(window_, program_->console.log(), speciColour);
+}
+
+FormService::Form FormService::makeAdobe() {
+  return std::make_unique<AdobeForm>(window_, [this](AdobeNoticeAnswer answer) {
+    view_->guarded([&] { view_->answerAdobeNotice(answer); });
+  });
 }
 
 FormService::Form FormService::makePicture() {

@@ -60,6 +60,9 @@ class FormService final : public QObject, public Forms {
   Form makeDataChange();
   Form makeLog();
   Form makePicture();
+  Form makeAdobe();
+  template <class OfView>
+  Form makeForm();
   void showTaskIcon();
   void showTip();
   void soundAlarm();
