@@ -24,13 +24,11 @@ CameraForm::CameraForm(QWidget* parent, View& view) : ImageryForm(parent, view) 
   menu->setAccessibleName(caption.toString());
   for (const Camera& camera : cameras())
     addEntry(*menu, camera.menu.toString(), -1, camera.caption.toString());
-  imagery().setMinimumSize(cameraSize / 2);
 }
 
 void CameraForm::begin() {
   model_ = CameraModel();
   layOut(cameraSize, false);
-  imagery().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   present(model_.open());
 }
 

@@ -65,11 +65,12 @@ void ImageryForm::load(const ImageryTarget& target) {
 }
 
 void ImageryForm::layOut(QSize viewSize, bool maximised) {
-  imagery_->setMaximumSize(viewSize);
+  constexpr QSize smallest(200, 150);
+  // In a maximised window the view keeps its size; else it is as large as the window.
+  imagery_->setMaximumSize(maximised ? viewSize : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+  imagery_->setMinimumSize(maximised ? viewSize.boundedTo(screen()->availableSize() * 3 / 4) : smallest);
   layout()->setAlignment(imagery_, maximised ? Qt::AlignCenter : Qt::Alignment());
-  imagery_->setMinimumSize(maximised ? viewSize.boundedTo(screen()->availableSize() * 3 / 4) : QSize(0, 0));
   if (maximised) {
-    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     showMaximized();
     return;
   }

@@ -47,8 +47,8 @@ void layLandscape(QPrinter& printer) {
 }
 
 QString proportionalFamily() {
-  for (const QString& family : {sunPrintFont.toString(), u"MS PGothic"_s, u"IPA Pゴシック"_s,
-                                u"IPAPGothic"_s, u"Noto Sans CJK JP"_s}) {
+  for (const QString& family : {sunPrintFont.toString(), u"MS PGothic"_s, u"IPA Pゴシック"_s, u"IPAPGothic"_s,
+                                u"Noto Sans CJK JP"_s}) {
     if (QFontDatabase::hasFamily(family))
       return family;
   }
