@@ -23,6 +23,7 @@ ImageryForm::ImageryForm(QWidget* parent, View& view)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setMenuBar(menuBar_);
   layout->addWidget(imagery_);
+  timer_ = view_.program().services.timers.make([this] { onTick(); });
 }
 
 ImageryForm::~ImageryForm() = default;
@@ -39,15 +40,16 @@ void ImageryForm::addEntry(QMenu& menu, const QString& name, int index, const QS
 
 void ImageryForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (timer_)
+  if (opened_)
     return;
-  timer_ = view_.program().services.timers.make([this] { onTick(); });
+  opened_ = true;
   timer_->setEnabled(true);
   begin();
 }
 
 void ImageryForm::done(int result) {
-  timer_.reset();
+  opened_ = false;
+  timer_->setEnabled(false);
   imagery_->stop();
   QDialog::done(result);
 }
@@ -59,8 +61,8 @@ void ImageryForm::onTick() {
 
 void ImageryForm::load(const ImageryTarget& target) {
   QTimer::singleShot(0, this, [this, target] {
-    if (timer_)
-      view_.guarded([&] { imagery_->show(target); });
+    if (opened_)
+      view_.guarded([&] { imagery_->open(target); });
   });
 }
 

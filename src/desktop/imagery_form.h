@@ -50,6 +50,7 @@ class ImageryForm : public QDialog {
   QMenuBar* menuBar_;
   ImageryView* imagery_;
   std::unique_ptr<Timer> timer_;
+  bool opened_ = false; // and not closed by the user since
 };
 
 } // namespace soran

@@ -45,14 +45,14 @@ QString breakable(QString address) {
 
 ImageryView::ImageryView(QWidget* parent, const Endpoints& endpoints, const Shutdown& shutdown, Guard guard)
     : QStackedWidget(parent), endpoints_(endpoints), guard_(std::move(guard)),
-      inet_(std::make_shared<NetInet>(makeNetwork(), shutdown)), picture_(new PictureView(this)),
-      failure_(makeFailurePage()) {
+      inet_(std::make_shared<NetInet>(makeNetwork(), shutdown)), picture_(new PictureView(this)) {
   setObjectName(u"WebBrowser"_s);
   setAccessibleName(u"画像"_s);
   picture_->setObjectName(u"picture"_s);
   picture_->setAccessibleName(u"画像"_s);
   inet_->setRequestTimeout(answerSeconds);
   addWidget(picture_);
+  failure_ = makeFailurePage();
   addWidget(failure_);
 }
 
@@ -82,7 +82,7 @@ QWidget* ImageryView::makeFailurePage() {
   return page;
 }
 
-void ImageryView::show(const ImageryTarget& target) {
+void ImageryView::open(const ImageryTarget& target) {
   target_ = target;
   const QString host = endpoints_.others.value(target.source);
   url_ = host.isEmpty() ? QUrl() : QUrl(host + target.address);

@@ -37,7 +37,7 @@ class ImageryView : public QStackedWidget {
   ~ImageryView() override;
 
   /// Goes to the target; the picture before stays until it is there.
-  void show(const ImageryTarget& target);
+  void open(const ImageryTarget& target);
   /// Loads what is shown once more.
   void refresh();
   /// Ends what is under way.
@@ -70,7 +70,7 @@ class ImageryView : public QStackedWidget {
   int request_ = 0; // a fetch that is no longer the last one has nothing to show
   PictureView* picture_;
   BrowserFrame* browser_ = nullptr; // made at the first page
-  QWidget* failure_;
+  QWidget* failure_ = nullptr;
   QLabel* sourceName_ = nullptr;
   QLabel* sourceAddress_ = nullptr;
   QLabel* sourceNote_ = nullptr;

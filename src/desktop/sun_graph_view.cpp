@@ -66,7 +66,7 @@ class GraphPainter {
     QPainterPath path;
     for (const SunPoint& point : points) {
       const QPointF to = at(point.x, point.y);
-      path.isEmpty() ? path.moveTo(to) : path.lineTo(to);
+      path.elementCount() == 0 ? path.moveTo(to) : path.lineTo(to);
     }
     painter_.setPen(QPen(colour, 2 * unit_));
     painter_.drawPath(path);
