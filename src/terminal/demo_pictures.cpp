@@ -23,7 +23,7 @@ QString isobars(uint seed) {
   const int shift = static_cast<int>(seed % 160);
   for (int ring = 1; ring <= 5; ++ring) {
     const int radius = ring * 34;
-    curves += u"<ellipse cx='%1' cy='%2' rx='%3' ry='%4'/>"_s.arg(200 + shift)
+    curves += u"<ellipse cx='%1' cy='%2' rx='%3' ry='%4'/>"_s.arg(225 + shift / 2)
                   .arg(360 - shift / 3)
                   .arg(radius + ring * 8)
                   .arg(radius * 3 / 4);
@@ -78,7 +78,7 @@ QByteArray demoPicture(const QString& name, const QString& source, const QDateTi
   const QString svg =
       u"<svg xmlns='http://www.w3.org/2000/svg' width='%1' height='%2' viewBox='0 0 %1 %2'>"_s.arg(width).arg(
           height) +
-      u"<rect width='100%' height='100%' fill='#10181d'/>"_s + graticule() + isobars(seed) +
+      u"<rect width='%1' height='%2' fill='#10181d'/>"_s.arg(width).arg(height) + graticule() + isobars(seed) +
       label(80, 40, u"#e6eaed", name) + label(130, 22, u"#a9b6be", source) +
       label(500, 34, u"#67dcff", time.toString(u"yyyy/MM/dd HH:mm:ss"_s)) +
       label(560, 34, u"#ffff00", u"DEMONSTRATION DATA"_s) + u"</svg>\n"_s;
