@@ -55,6 +55,8 @@ class GraphPainter {
       box.moveRight(anchor.x());
     if (alignment & Qt::AlignVCenter)
       box.moveTop(anchor.y() - size.height() / 2);
+    if (alignment & Qt::AlignBottom)
+      box.moveBottom(anchor.y() - 3 * unit_);
     box.moveLeft(std::clamp(box.left(), area_.left(), std::max(area_.left(), area_.right() - size.width())));
     if (onGround)
       painter_.fillRect(box, QColor(ground));
@@ -129,8 +131,10 @@ void paintSunGraph(QPainter& painter, const QRectF& area, double unit, const Sun
   draw.curve(graph.sunset, toQColor(sunsetColour));
   for (qsizetype i = 0; i < graph.extremes.size(); ++i) {
     const SunExtreme& extreme = graph.extremes[i];
-    draw.text(draw.at(extreme.x, extreme.y), Qt::AlignLeft, toQColor(i < 2 ? sunriseColour : sunsetColour),
-              extreme.time + extreme.date, true);
+    // The latest times top their curves, so their labels go above, where they cover nothing.
+    const bool latest = i % 2 == 1;
+    draw.text(draw.at(extreme.x, extreme.y), latest ? Qt::AlignLeft | Qt::AlignBottom : Qt::AlignLeft,
+              toQColor(i < 2 ? sunriseColour : sunsetColour), extreme.time + extreme.date, true);
   }
 }
 

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPrinter>
+#include <QScreen>
 #include <algorithm>
 
 namespace soran {
@@ -88,9 +89,10 @@ void SunTimeForm::fitColumns() {
   const int height = (sunGridRows - 1) * grid.verticalHeader()->defaultSectionSize() +
                      grid.horizontalHeader()->sizeHint().height();
   // The whole year is seen at once where the screen has room for it.
+  grid.setMinimumSize(width + 4, height + 4);
+  const QSize whole = layout()->totalMinimumSize();
   grid.setMinimumSize(width / 2, height / 3);
-  const QSize around = sizeHint() - ui_->grid->sizeHint();
-  resize(QSize(width, height) + around + QSize(4, 4));
+  resize(whole.boundedTo(screen()->availableSize() * 19 / 20));
 }
 
 void SunTimeForm::select() {

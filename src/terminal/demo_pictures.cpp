@@ -78,8 +78,8 @@ QByteArray demoPicture(const QString& name, const QString& source, const QDateTi
   const QString svg =
       u"<svg xmlns='http://www.w3.org/2000/svg' width='%1' height='%2' viewBox='0 0 %1 %2'>"_s.arg(width).arg(
           height) +
-      u"<rect width='%1' height='%2' fill='#10181d'/>"_s.arg(width).arg(height) + graticule() + isobars(seed) +
-      label(80, 40, u"#e6eaed", name) + label(130, 22, u"#a9b6be", source) +
+      u"<rect width='%1' height='%2' fill='#10181d'/>"_s.arg(width).arg(height) + graticule() +
+      isobars(seed) + label(80, 40, u"#e6eaed", name) + label(130, 22, u"#a9b6be", source) +
       label(500, 34, u"#67dcff", time.toString(u"yyyy/MM/dd HH:mm:ss"_s)) +
       label(560, 34, u"#ffff00", u"DEMONSTRATION DATA"_s) + u"</svg>\n"_s;
   return svg.toUtf8();
