@@ -64,10 +64,10 @@ std::optional<QString> DialogService::saveFile(const QString& title, const QStri
 }
 
 std::optional<QString> DialogService::openFile(const QString& title) {
-  QFileDialog dialog(window_, title, QString(), u"JSON (*.json);;すべてのファイル (*)"_s);
+  QFileDialog dialog(owner(), title, QString(), u"JSON (*.json);;すべてのファイル (*)"_s);
   dialog.setObjectName(u"openFile"_s);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+  if (runDialog(dialog, shutdown_) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     return std::nullopt;
   return dialog.selectedFiles().constFirst();
 }

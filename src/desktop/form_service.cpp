@@ -3,7 +3,10 @@
 #include "desktop/form_service.h"
 
 #include "base/files.h"
+#include "desktop/adobe_form.h"
 #include "desktop/airport_form.h"
+#include "desktop/camera_form.h"
+#include "desktop/chart_form.h"
 #include "desktop/command_form.h"
 #include "desktop/component_form.h"
 #include "desktop/data_change_form.h"
@@ -18,6 +21,7 @@
 #include "desktop/picture_form.h"
 #include "desktop/run_dialog.h"
 #include "desktop/settings_form_view.h"
+#include "desktop/suntime_form.h"
 #include "desktop/version_form.h"
 #include "terminal/picture_lookup.h"
 
@@ -40,6 +44,11 @@ struct FormService::Kind {
   bool kept; ///< the same form is shown again, with what it held
 };
 
+template <class OfView>
+FormService::Form FormService::makeForm() {
+  return std::make_unique<OfView>(window_, *view_);
+}
+
 const FormService::Kind* FormService::kindOf(const QString& name) {
   static constexpr Kind kinds[] = {
       {u"noconnectmsg", &FormService::makeNoConnect, false},
@@ -56,6 +65,10 @@ const FormService::Kind* FormService::kindOf(const QString& name) {
       {u"weather", &FormService::makeDictionary, false},
       {u"opton", &FormService::makeSettings, false},
       {u"fontmsg", &FormService::makeFontNote, false},
+      {u"suntime", &FormService::makeForm<SunTimeForm>, false},
+      {u"chart", &FormService::makeForm<ChartForm>, true},
+      {u"camera", &FormService::makeForm<CameraForm>, true},
+      {u"adobeinfo", &FormService::makeAdobe, false},
   };
   for (const Kind& kind : kinds) {
     if (kind.name == name)
@@ -176,6 +189,12 @@ FormService::Form FormService::makeDataChange() {
 FormService::Form FormService::makeLog() {
   const auto speciColour = [this] { return program_->record()[key::SPECIの色].value_or(red); };
   return std::make_unique<LogForm>(window_, program_->console.log(), speciColour);
+}
+
+FormService::Form FormService::makeAdobe() {
+  return std::make_unique<AdobeForm>(window_, [this](AdobeNoticeAnswer answer) {
+    view_->guarded([&] { view_->answerAdobeNotice(answer); });
+  });
 }
 
 FormService::Form FormService::makePicture() {

@@ -66,6 +66,9 @@ class FormService final : public QObject, public Forms {
   Form makeDictionary();
   Form makeFontNote();
   Form makeSettings();
+  Form makeAdobe();
+  template <class OfView>
+  Form makeForm();
   void showTaskIcon();
   void showTip();
 

@@ -3,6 +3,7 @@
 #include "desktop/printer_service.h"
 
 #include "desktop/look.h"
+#include "desktop/print_page.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -24,13 +25,6 @@ namespace {
 constexpr QStringView pdfPrinter = u"PDF";
 constexpr double marginMillimetres = 15;
 
-QString pdfPath() {
-  QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  if (folder.isEmpty() || !QDir().mkpath(folder))
-    folder = QDir::tempPath();
-  return folder + u"/SORAN-" + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s) + u".pdf";
-}
-
 /// One line of the text as the lines that it takes on paper, at least one.
 void foldLine(const QString& line, const QFont& font, double width, QPaintDevice* device,
               QStringList& folded) {
@@ -51,6 +45,13 @@ void foldLine(const QString& line, const QFont& font, double width, QPaintDevice
 }
 
 } // namespace
+
+QString pdfPath() {
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  if (folder.isEmpty() || !QDir().mkpath(folder))
+    folder = QDir::tempPath();
+  return folder + u"/SORAN-" + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s) + u".pdf";
+}
 
 std::vector<QStringList> printedPages(const QString& text, const QFont& font, const QSizeF& area,
                                       QPaintDevice* device) {
@@ -76,13 +77,7 @@ QStringList PrinterService::installed() const {
 
 bool PrinterService::print(const PrintJob& job) {
   QPrinter printer(QPrinter::HighResolution);
-  if (QPrinterInfo::printerInfo(job.printer).isNull()) {
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(pdfPath());
-  } else {
-    printer.setPrinterName(job.printer);
-  }
-  printer.setDocName(u"SORAN"_s);
+  setUpPrinter(printer, job.printer);
   printer.setPageLayout(
       {QPageSize(QPageSize::A4), QPageLayout::Portrait,
        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),

@@ -21,6 +21,9 @@ class PrinterService final : public Printers {
   bool print(const PrintJob& job) override;
 };
 
+/// A new file in the user's documents for what is printed without a printer.
+QString pdfPath();
+
 /// The text broken into lines that fit `width` and pages that hold `height`, in the units of `device`. A page
 /// ends between lines only.
 std::vector<QStringList> printedPages(const QString& text, const QFont& font, const QSizeF& area,

@@ -3,6 +3,7 @@
 #include "terminal/launch.h"
 
 #include "imagery/sources.h"
+#include "terminal/demo_pictures.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -137,8 +138,9 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   endpoints_.metar = reports + u"stations/";
   endpoints_.cycles = reports + u"cycles/";
   endpoints_.taf = base + u"/pub/data/forecasts/taf/stations/";
-  for (QString& host : endpoints_.others)
-    host = base;
+  serveDemoPictures(*server_, *clock_);
+  for (const ImagerySource& source : imagerySources())
+    endpoints_.others.insert(source.key.toString(), base + demoSourcePath(source.key));
 }
 
 Services Launch::services(const FrontEnd& frontEnd) {

@@ -38,15 +38,21 @@ void closeDoors(QWebEngineSettings& settings) {
   using Settings = QWebEngineSettings;
   for (const Settings::WebAttribute attribute :
        {Settings::LocalContentCanAccessRemoteUrls, Settings::LocalContentCanAccessFileUrls,
-        Settings::JavascriptCanOpenWindows, Settings::JavascriptCanAccessClipboard, Settings::PluginsEnabled,
+        Settings::JavascriptCanOpenWindows, Settings::JavascriptCanAccessClipboard,
         Settings::ScreenCaptureEnabled, Settings::FullScreenSupportEnabled})
     settings.setAttribute(attribute, false);
+  // The only plugin that the engine knows is its own reader of PDF files, which runs in the sandbox too.
+  settings.setAttribute(Settings::PluginsEnabled, true);
+  settings.setAttribute(Settings::PdfViewerEnabled, true);
 }
 
 } // namespace
 
 bool GuardedPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame) {
-  return isAllowedPage(url) || (!isMainFrame && url.scheme() == QLatin1String("about"));
+  // The engine's reader of PDF files is a page of its own inside the one that holds the file.
+  const bool inner =
+      url.scheme() == QLatin1String("about") || url.scheme() == QLatin1String("chrome-extension");
+  return isAllowedPage(url) || (!isMainFrame && inner);
 }
 
 // A page that wants a window of its own is shown in this one.

@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/camera_form.h"
+#include "desktop/chart_form.h"
+#include "desktop/sun_graph_view.h"
+#include "desktop/suntime_form.h"
+#include "printing.h"
+#include "window_fixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBuffer>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTimer>
+#include <set>
+
+namespace soran {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class PanelTest : public WindowTest {
+ protected:
+  template <class Form>
+  Form& opened(const QString& name) {
+    desktop_->view().showForm(name);
+    return *qobject_cast<Form*>(desktop_->forms().form(name));
+  }
+
+  /// The demonstration tells first that it made its database.
+  void startDemo() {
+    options_.demo = true;
+    QTimer acknowledge;
+    QObject::connect(&acknowledge, &QTimer::timeout, [] {
+      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+        box->accept();
+    });
+    acknowledge.start(50);
+    start();
+  }
+
+  static bool settle(ImageryForm& form, const std::function<void()>& event) {
+    bool settled = false;
+    const auto link = QObject::connect(&form.imagery(), &ImageryView::settled, [&] { settled = true; });
+    event();
+    const bool seen = QTest::qWaitFor([&] { return settled; }, 8000);
+    QObject::disconnect(link);
+    return seen;
+  }
+
+  static void trigger(QWidget& form, const QString& name, int index = -1) {
+    for (QAction* action : form.findChildren<QAction*>(name)) {
+      if (action->data().toInt() == index)
+        action->trigger();
+    }
+  }
+
+  void seconds(int count) {
+    for (int i = 0; i < count; ++i)
+      timers_.step();
+  }
+
+  /// The colours of a picture that has more than a plain ground.
+  static size_t colours(QWidget& widget) {
+    const QImage image = widget.grab().toImage();
+    std::set<QRgb> seen;
+    for (int y = 0; y < image.height(); y += 3)
+      for (int x = 0; x < image.width(); x += 3)
+        seen.insert(image.pixel(x, y));
+    return seen.size();
+  }
+
+  QByteArray printed(const std::function<bool(QPrinter&)>& print) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(home_.filePath(u"page.pdf"_s));
+    EXPECT_TRUE(print(printer));
+    QFile file(home_.filePath(u"page.pdf"_s));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+};
+
+TEST_F(PanelTest, SunTimesOfAFieldAndAYear) {
+  start();
+  auto& form = opened<SunTimeForm>(u"suntime"_s);
+  auto* fields = form.findChild<QComboBox*>(u"cmb0"_s);
+  auto* years = form.findChild<QComboBox*>(u"cmb1"_s);
+  EXPECT_EQ(years->currentText(), u"2026");
+  const int haneda = fields->findText(u"(東京)"_s, Qt::MatchContains);
+  ASSERT_GE(haneda, 0);
+  fields->setCurrentIndex(haneda);
+  years->setCurrentText(u"2028"_s);
+  const SunTable expected =
+      sunTable(fields->currentText(), 2028, desktop_->view().program().tables.airportRows());
+  const QAbstractItemModel& cells = *form.findChild<QTableView*>(u"grid"_s)->model();
+  ASSERT_EQ(cells.rowCount(), 31);
+  EXPECT_EQ(cells.index(28, 3).data().toString(), expected.days[59].sunrise); // 29 February
+  EXPECT_EQ(cells.index(30, 34).data().toString(), expected.days.last().sunset);
+  EXPECT_EQ(cells.index(29, 3).data().toString(), QString());
+  EXPECT_EQ(cells.headerData(33, Qt::Horizontal).toString(), u"12月");
+  EXPECT_EQ(form.findChild<QLabel*>(u"lbl0"_s)->text(), u"RJTT");
+
+  auto* tabs = form.findChild<QTabWidget*>(u"SSTab"_s);
+  const QByteArray table = printed([&](QPrinter& printer) { return form.print(printer); });
+  EXPECT_TRUE(table.startsWith("%PDF"));
+  EXPECT_EQ(table.count("/Type /Page\n"), 1);
+  tabs->setCurrentIndex(1);
+  EXPECT_GT(colours(*form.findChild<SunGraphView*>(u"Picture1"_s)), 10U);
+  EXPECT_NE(printed([&](QPrinter& printer) { return form.print(printer); }), table);
+
+  fields->setCurrentText(u"---"_s);
+  EXPECT_FALSE(form.findChild<QPushButton*>(u"cmd0"_s)->isEnabled());
+  EXPECT_EQ(form.findChild<QLabel*>(u"lbl1"_s)->text(), QString());
+}
+
+TEST_F(PanelTest, ChartsOfTheDemonstration) {
+  startDemo();
+  auto& form = opened<ChartForm>(u"chart"_s);
+  EXPECT_EQ(form.windowTitle(), u" 天気のツボ (夜)");
+  EXPECT_TRUE(settle(form, [] {}));
+  EXPECT_EQ(form.imagery().size(), QSize(9600 / 15, 7300 / 15));
+  const QImage first = form.imagery().grab().toImage();
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_chart_sat"_s, 2); }));
+  EXPECT_EQ(form.windowTitle(), u" クイックルック");
+  EXPECT_FALSE(form.imagery().failed());
+  EXPECT_NE(form.imagery().grab().toImage(), first);
+  EXPECT_EQ(form.imagery().size(), QSize(620, 620));
+  EXPECT_TRUE(printed([&](QPrinter& printer) { return form.imagery().print(printer); }).startsWith("%PDF"));
+
+  const QImage before = form.imagery().grab().toImage();
+  launch_->setClock()->advance(300);
+  EXPECT_TRUE(settle(form, [&] { seconds(300); }));
+  EXPECT_NE(form.imagery().grab().toImage(), before);
+
+  trigger(form, u"menu_SPAS"_s);
+  EXPECT_EQ(form.windowTitle(), u" 速報天気図");
+  EXPECT_FALSE(form.findChild<QAction*>(u"menu_print"_s)->isEnabled());
+  EXPECT_TRUE(form.isMaximized());
+}
+
+TEST_F(PanelTest, CamerasOfTheDemonstration) {
+  startDemo();
+  auto& form = opened<CameraForm>(u"camera"_s);
+  EXPECT_EQ(form.windowTitle(), u"新千歳空港");
+  EXPECT_TRUE(settle(form, [] {}));
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_komatsu"_s); }));
+  EXPECT_EQ(form.windowTitle(), u" 小松空港");
+  EXPECT_FALSE(form.imagery().failed());
+  const QImage before = form.imagery().grab().toImage();
+  launch_->setClock()->advance(60);
+  seconds(59);
+  EXPECT_TRUE(settle(form, [&] { seconds(1); }));
+  EXPECT_NE(form.imagery().grab().toImage(), before);
+
+  // It is hidden with the main window and keeps its picture; closed, it begins anew.
+  desktop_->forms().hide(u"camera"_s);
+  desktop_->forms().show(u"camera"_s);
+  EXPECT_EQ(form.windowTitle(), u" 小松空港");
+  form.close();
+  EXPECT_TRUE(settle(form, [&] { desktop_->view().showForm(u"camera"_s); }));
+  EXPECT_EQ(form.windowTitle(), u"新千歳空港");
+}
+
+TEST_F(PanelTest, ASourceThatDoesNotAnswerIsNamed) {
+  QFile file(home_.filePath(u"endpoints.ini"_s));
+  ASSERT_TRUE(file.open(QIODevice::Append));
+  file.write("camera_sendai=" + server_.baseAddress().toLatin1() + "\n");
+  file.close();
+  start();
+  auto& form = opened<CameraForm>(u"camera"_s);
+  EXPECT_TRUE(settle(form, [] {}));
+  EXPECT_TRUE(form.imagery().failed());
+  const auto text = [&](QStringView label) {
+    return form.findChild<QLabel*>(label.toString())->text().remove(QChar(0x200B));
+  };
+  EXPECT_EQ(text(u"lblSource"), u"新千歳空港 放送局カメラ");
+  EXPECT_EQ(text(u"lblAddress"), u"/camera/chitose_L.jpg");
+  EXPECT_TRUE(text(u"lblNote").contains(u"camera_shinnchitose"));
+
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_sendai"_s); }));
+  EXPECT_TRUE(form.imagery().failed());
+  EXPECT_EQ(text(u"lblAddress"), server_.baseAddress() + u"/liveimage/live.jpg");
+  QImage picture(64, 48, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  picture.save(&buffer, "JPG");
+  server_.setFile(u"/liveimage/live.jpg"_s, bytes);
+  EXPECT_TRUE(settle(form, [&] { form.findChild<QPushButton*>(u"cmdRetry"_s)->click(); }));
+  EXPECT_FALSE(form.imagery().failed());
+
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_suisha"_s); }));
+  EXPECT_TRUE(form.imagery().failed());
+}
+
+TEST_F(PanelTest, NoticeAheadOfTheChartsIsKeptAway) {
+  start();
+  QTimer::singleShot(0, &desktop_->window(), [this] {
+    auto* form = desktop_->window().findChild<QDialog*>(u"adobeinfo"_s);
+    ASSERT_NE(form, nullptr);
+    form->findChild<QAbstractButton*>(u"chk"_s)->click();
+    form->findChild<QPushButton*>(u"cmdOK"_s)->click();
+  });
+  EXPECT_TRUE(desktop_->view().showAdobeNotice());
+  EXPECT_EQ(desktop_->view().program().settings()[key::アドビインフォメーション], true);
+}
+
+} // namespace
+} // namespace soran
