@@ -34,6 +34,11 @@ void drawFitting(QPainter& painter, const SunPrintText& text, const QRectF& page
   const bool isRule = text.text.startsWith(u"--");
   if (needed > room && !isRule)
     font.setPointSizeF(text.pointSize * room / needed * 0.98);
+  // Times stand close; where the font's figures are wide they would run into one another.
+  constexpr double timeWidth = 380;
+  constexpr qsizetype timeLength = 4;
+  if (text.text.size() == timeLength && needed > timeWidth * scale)
+    font.setStretch(static_cast<int>(timeWidth * scale / needed * QFont::Unstretched));
   painter.setFont(font);
   painter.drawText(QPointF(text.x * scale, text.y * scale + painter.fontMetrics().ascent()), text.text);
 }
