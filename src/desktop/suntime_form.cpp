@@ -37,8 +37,9 @@ void drawFitting(QPainter& painter, const SunPrintText& text, const QRectF& page
   // Times stand close; where the font's figures are wide they would run into one another.
   constexpr double timeWidth = 380;
   constexpr qsizetype timeLength = 4;
+  constexpr int percent = 100;
   if (text.text.size() == timeLength && needed > timeWidth * scale)
-    font.setStretch(static_cast<int>(timeWidth * scale / needed * QFont::Unstretched));
+    font.setStretch(static_cast<int>(timeWidth * scale / needed * percent));
   painter.setFont(font);
   painter.drawText(QPointF(text.x * scale, text.y * scale + painter.fontMetrics().ascent()), text.text);
 }
