@@ -13,6 +13,7 @@
 #include <QPointer>
 #include <QPrinter>
 #include <QScreen>
+#include <QTabBar>
 #include <algorithm>
 
 namespace soran {
@@ -34,6 +35,12 @@ void drawFitting(QPainter& painter, const SunPrintText& text, const QRectF& page
   const bool isRule = text.text.startsWith(u"--");
   if (needed > room && !isRule)
     font.setPointSizeF(text.pointSize * room / needed * 0.98);
+  // Times stand close; where the font's figures are wide they would run into one another.
+  constexpr double timeWidth = 380;
+  constexpr qsizetype timeLength = 4;
+  constexpr int percent = 100;
+  if (text.text.size() == timeLength && needed > timeWidth * scale)
+    font.setStretch(static_cast<int>(timeWidth * scale / needed * percent));
   painter.setFont(font);
   painter.drawText(QPointF(text.x * scale, text.y * scale + painter.fontMetrics().ascent()), text.text);
 }
@@ -88,10 +95,14 @@ void SunTimeForm::fitColumns() {
   }
   const int height = (sunGridRows - 1) * grid.verticalHeader()->defaultSectionSize() +
                      grid.horizontalHeader()->sizeHint().height();
-  // The whole year is seen at once where the screen has room for it.
-  grid.setMinimumSize(width + 4, height + 4);
-  const QSize whole = layout()->totalMinimumSize();
   grid.setMinimumSize(width / 2, height / 3);
+  // The whole year is seen at once where the screen has room for it.
+  constexpr int frame = 8;
+  const QMargins margins = layout()->contentsMargins();
+  const int above =
+      ui_->cmd0->sizeHint().height() + layout()->spacing() + ui_->SSTab->tabBar()->sizeHint().height();
+  const QSize whole(width + frame + margins.left() + margins.right(),
+                    height + frame + above + margins.top() + margins.bottom());
   resize(whole.boundedTo(screen()->availableSize() * 19 / 20));
 }
 
