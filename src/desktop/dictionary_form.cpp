@@ -76,8 +76,11 @@ void DictionaryForm::connectPicture() {
   drawFrameOf(*ui_->Picture1);
   editor_.decodes = [](const QByteArray& bytes) { return !QImage::fromData(bytes).isNull(); };
   connect(ui_->cmdPicture, &QPushButton::clicked, this, &DictionaryForm::choosePicture);
-  connect(ui_->Picture1, &PictureDrop::fileDropped, this,
-          [this](const QString& path) { view_.guarded([&] { editor_.registerPictureFile(path); }); });
+  // Behind the drop: a question would hold the program that the file came from.
+  connect(
+      ui_->Picture1, &PictureDrop::fileDropped, this,
+      [this](const QString& path) { view_.guarded([&] { editor_.registerPictureFile(path); }); },
+      Qt::QueuedConnection);
 }
 
 void DictionaryForm::choosePicture() {

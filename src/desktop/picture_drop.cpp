@@ -56,9 +56,7 @@ void PictureDrop::dragEnterEvent(QDragEnterEvent* event) {
 
 void PictureDrop::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  // Behind the drop: a question would hold the program that the file came from.
-  QMetaObject::invokeMethod(
-      this, [this, path = localFile(*event->mimeData())] { emit fileDropped(path); }, Qt::QueuedConnection);
+  emit fileDropped(localFile(*event->mimeData()));
 }
 
 void PictureDrop::resizeEvent(QResizeEvent* event) {

@@ -43,8 +43,11 @@ SettingsFormHooks SettingsFormView::hooks() {
 
 std::optional<QString> SettingsFormView::choosePrinter() {
   Program& program = view_.program();
-  PrinterSelection selection(program.services.printers.installed(),
-                             program.settings()[key::プリンター].value_or(QString()), program.currentPrinter,
+  const QStringList installed = program.services.printers.installed();
+  // Until one was chosen the first is the current one, as it is for a print.
+  const QString current =
+      installed.contains(program.currentPrinter) ? program.currentPrinter : installed.value(0);
+  PrinterSelection selection(installed, program.settings()[key::プリンター].value_or(QString()), current,
                              PrinterSelection::Purpose::Setup);
   PrinterSelectForm form(this, selection);
   if (runDialog(form, program.services.shutdown) != QDialog::Accepted)
@@ -71,6 +74,7 @@ void SettingsFormView::nameControls() {
   ui_->Option2_0->setText(SettingsForm::toolbarTexts[0].toString());
   ui_->Option2_1->setText(SettingsForm::toolbarTexts[1].toString());
   QScrollBar& bar = *ui_->viewSample0->verticalScrollBar();
+  ui_->lbl47->setIndent(fontMetrics().averageCharWidth());
   bar.setObjectName(u"VScroll"_s);
   bar.setAccessibleName(u"表示例のスクロールバー"_s);
 }
