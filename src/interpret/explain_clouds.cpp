@@ -1,17 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interpret/checked_text.h"
+#include "interpret/cloud_amount.h"
 #include "interpret/selected_group.h"
 
 namespace soran {
 
 namespace {
-
-struct CloudAmount {
-  QStringView word;
-  QStringView atHeight;      ///< behind the height
-  QStringView unknownHeight; ///< in place of the height
-};
 
 // Cloud amounts of ICAO Annex 3 with their eighths of the sky.
 constexpr std::array<CloudAmount, 4> cloudAmounts{{

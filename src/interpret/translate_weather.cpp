@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "interpret/cloud_amount.h"
 #include "interpret/report_walk.h"
 
 #include <algorithm>
@@ -7,12 +8,6 @@
 namespace soran {
 
 namespace {
-
-struct CloudAmount {
-  QStringView word;
-  QStringView atHeight;      ///< behind the height
-  QStringView unknownHeight; ///< in place of the height
-};
 
 // Cloud amounts of ICAO Annex 3.
 constexpr std::array<CloudAmount, 4> cloudAmounts{{

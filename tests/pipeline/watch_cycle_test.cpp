@@ -168,6 +168,22 @@ TEST_F(WatchCycleTest, AnnouncesAChangeBySoundToastAndPaper) {
   EXPECT_EQ(run.logged(), QStringList{u"RJAA SPECI RECEIVED"_s});
 }
 
+TEST_F(WatchCycleTest, AMinimisedWindowHasNoPlaceForTheNote) {
+  ASSERT_TRUE(run.begin());
+  run.tick();
+  run.tick(60);
+  run.program.minimised = true;
+  run.logged();
+  run.desk.takeSeen();
+  world.report(u"RJAA"_s, u"05:15"_s, u"240515Z NEW"_s);
+  run.tick(60);
+  const Headless::Seen seen = run.desk.takeSeen();
+  EXPECT_EQ(textsOf(seen.sounds), QStringList{u"ring.wav"_s});
+  EXPECT_EQ(textsOf(seen.forms), QStringList());
+  EXPECT_EQ(run.logged(),
+            (QStringList{u"RJAA SPECI RECEIVED"_s, u"RING ARARM"_s, u"DISPLAY DATA CHANGED MESSAGE"_s}));
+}
+
 TEST_F(WatchCycleTest, AKeyDuringTheComparisonTakesTheAnnouncementAway) {
   ASSERT_TRUE(run.begin());
   run.tick();
