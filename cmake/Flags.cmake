@@ -23,13 +23,16 @@ endif()
 target_compile_options(soran-flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 target_link_options(soran-flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+# No folder of the building machine goes into the programs: two builds in two folders give the same bytes.
+target_compile_options(soran-flags INTERFACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=./build)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  # Paths relative to the tree, so that a second checkout finds what the first one compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE})
 endif()
 
 if(SORAN_SANITIZE)
