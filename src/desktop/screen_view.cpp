@@ -18,6 +18,8 @@
 
 namespace soran {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QChar backspace = u'\b';
@@ -65,6 +67,7 @@ ScreenView::ScreenView(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   document()->setDocumentMargin(2);
+  verticalScrollBar()->setAccessibleName(u"画面のスクロール"_s);
 }
 
 void ScreenView::show(const Screen& screen) {
