@@ -68,7 +68,6 @@ QTextCharFormat formatOf(const AttributeRun& run) {
 
 ScreenView::ScreenView(QWidget* parent) : QPlainTextEdit(parent) {
   setUndoRedoEnabled(false);
-  wrapFor({});
   setReadOnly(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setFrameShape(QFrame::NoFrame);
@@ -106,11 +105,15 @@ std::pair<qsizetype, qsizetype> ScreenView::selectedStretch() const {
 void ScreenView::wrapFor(QStringView text) {
   // Each line of an endless word is looked through to its end for a place to break at: megabytes of garbage
   // would hold the window for hours.
-  setWordWrapMode(holdsEndlessWord(text) ? QTextOption::WrapAnywhere
-                                         : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  const QTextOption::WrapMode mode =
+      holdsEndlessWord(text) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+  if (mode != wordWrapMode())
+    setWordWrapMode(mode);
 }
 
 void ScreenView::replaceText() {
+  // The former text is not to be laid out in the way of the new one.
+  clear();
   wrapFor(screen_->text());
   positions_.clear();
   positions_.extend(screen_->text(), 0);
