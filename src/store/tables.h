@@ -25,8 +25,8 @@ inline constexpr std::array allTables = {table::飛行場情報, table::自動�
                                          table::気象略語,   table::日本語解析,   table::データ,
                                          table::設定};
 
-/// The columns of a list table that an editor fills, in the order of a rewritten row; empty for another table.
-/// A file made for a newer program may hold further ones.
+/// The columns of a list table that an editor fills, in the order of a rewritten row; empty for another
+/// table. A file made for a newer program may hold further ones.
 QStringList listColumns(QStringView table);
 
 /// The program's database: one connection and its seven row sets, open from the start to the exit.

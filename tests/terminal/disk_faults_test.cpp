@@ -102,7 +102,8 @@ TEST(FullDisk, KeepsWhatWasStoredAndServesReports) {
     expectOwn(world);
     EXPECT_FALSE(fileExists(world.path(u"soran_temp.mdb"_s)));
     if (from == 0) {
-      EXPECT_TRUE(filesBelow(world.home()).value(world.path(u"soran.mdb"_s)) == files[world.path(u"soran.mdb"_s)]);
+      EXPECT_TRUE(filesBelow(world.home()).value(world.path(u"soran.mdb"_s)) ==
+                  files[world.path(u"soran.mdb"_s)]);
     }
   }
 }
@@ -135,7 +136,8 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
     EXPECT_EQ(run.program.settings()[key::雲高1], 1234);
     if (run.screen().contains(u"DATABASE RESTORED FROM BACKUP\r\n")) {
       // The first ones are kept for good, each under a name of its own.
-      const QString kept = path + u".damaged" + (restored > 0 ? QString::number(std::min(restored + 1, 9)) : QString());
+      const QString kept =
+          path + u".damaged" + (restored > 0 ? QString::number(std::min(restored + 1, 9)) : QString());
       EXPECT_TRUE(filesBelow(world.home()).value(kept) == flipped);
       ++restored;
     }

@@ -36,7 +36,9 @@ const TransportFault faults[] = {
     {.name = "an error without a page", .body = "RJTT 240500Z 36010KT", .status = 500},
     {.name = "silence", .delivery = {.delay = 60'000}},
     {.name = "a slow drip", .delivery = {.dripBytes = 1, .dripPause = 100}},
-    {.name = "no end, slow", .wind = QByteArray(3'000'000, 'A'), .delivery = {.dripBytes = 500, .dripPause = 1}},
+    {.name = "no end, slow",
+     .wind = QByteArray(3'000'000, 'A'),
+     .delivery = {.dripBytes = 500, .dripPause = 1}},
     {.name = "no end, quick", .wind = QByteArray(NetInet::largestBody, 'A')},
     {.name = "a line of 5 MB", .wind = QByteArray(5'000'000, 'A'), .shown = QString(5'000'000, u'A')},
     {.name = "invalid UTF-8", .wind = "\xC0\xAF\xE7\xBE", .shown = u"\u00C0\u00AF\u00E7\u00BE"_s},
@@ -92,7 +94,8 @@ const QString refused = u"\r\nRJAA  NOT FOUND\r\n"_s + ready;
 /// A block of RJAA with these words in the place of its winds; nothing stands for a TAF that was refused.
 QString blockOf(const QString& metar, const std::optional<QString>& taf) {
   const QString head = u"\r\nRJAA  METAR 1400I\r\n      240500Z "_s + metar + u"\n\r\nRJAA  TAF   ";
-  return head + (taf ? u"1400I\r\n      240500Z "_s + *taf + u'\n' : u"\r\n      NO FORECAST"_s) + crlf + ready;
+  return head + (taf ? u"1400I\r\n      240500Z "_s + *taf + u'\n' : u"\r\n      NO FORECAST"_s) + crlf +
+         ready;
 }
 
 } // namespace
@@ -102,7 +105,8 @@ TEST_P(TransportFaultTest, IsToldUnderItsStationAndEndsInTime) {
   // Megabytes are not for printing.
   const auto expectBlock = [this](const QString& line, const QString& wanted) {
     const QString block = blockBehind(line);
-    EXPECT_TRUE(block == wanted) << block.left(200).toStdString() << "\nwanted " << wanted.left(200).toStdString();
+    EXPECT_TRUE(block == wanted) << block.left(200).toStdString() << "\nwanted "
+                                 << wanted.left(200).toStdString();
   };
   ASSERT_TRUE(run.begin());
   expectBlock(u"RJTT RJAA"_s, blockOf(wind, wind));
