@@ -11,25 +11,34 @@ namespace soran::bench {
 
 using namespace Qt::StringLiterals;
 
-CliSession::CliSession(const Loopback& endpoint, const QString& now) {
-  const QString ini = home_.filePath(u"endpoints.ini"_s);
-  endpoint.writeEndpoints(ini);
+CliSession::CliSession(const Loopback& endpoint, const QString& now, const QJsonObject& settings) {
+  endpoint.writeEndpoints(home_.filePath(u"endpoints.ini"_s));
   process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-  process_.start(QStringView(SORAN_CLI).toString(),
-                 {u"--home"_s, home_.path(), u"--now"_s, now, u"session"_s});
-  timer_.start();
+  start(now);
+  if (settings.isEmpty())
+    return;
+  // Some settings are read at the start only.
+  send({{u"set"_s, settings}});
+  stop();
+  start(now);
 }
 
 CliSession::~CliSession() {
+  stop();
+}
+
+void CliSession::start(const QString& now) {
+  process_.start(QStringView(SORAN_CLI).toString(),
+                 {u"--home"_s, home_.path(), u"--now"_s, now, u"session"_s});
+  readState();
+}
+
+void CliSession::stop() {
   process_.closeWriteChannel();
   QEventLoop loop;
   QObject::connect(&process_, &QProcess::finished, &loop, &QEventLoop::quit);
   if (process_.state() != QProcess::NotRunning)
     loop.exec();
-}
-
-QJsonObject CliSession::started() {
-  return readState();
 }
 
 QJsonObject CliSession::send(const QJsonObject& event) {

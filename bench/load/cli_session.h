@@ -14,16 +14,15 @@ namespace soran::bench {
 /// `soran-cli session` as a process against a loopback endpoint that runs by this thread's event loop.
 class CliSession {
  public:
-  /// Starts the program with its clock at `now` (ISO 8601), its lists and settings as they are delivered.
-  CliSession(const Loopback& endpoint, const QString& now);
+  /// Starts the program with its clock at `now` (ISO 8601), its lists as they are delivered, and with these
+  /// settings over the standard ones.
+  CliSession(const Loopback& endpoint, const QString& now, const QJsonObject& settings = {});
   ~CliSession();
   CliSession(const CliSession&) = delete;
   CliSession& operator=(const CliSession&) = delete;
 
   /// The event's state line, its requests counted. Ends this program where there is none.
   QJsonObject send(const QJsonObject& event);
-  /// The state line of the start.
-  QJsonObject started();
 
   /// Makes this list the automatic one.
   void setAutomaticList(const QStringList& codes);
@@ -40,6 +39,8 @@ class CliSession {
   Figures figures() const;
 
  private:
+  void start(const QString& now);
+  void stop();
   QJsonObject readState();
 
   QTemporaryDir home_;
