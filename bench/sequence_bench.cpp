@@ -3,6 +3,7 @@
 #include "common/budget.h"
 #include "pipeline/layout.h"
 #include "pipeline/sequence.h"
+#include "pipeline/sequence_record.h"
 
 #include <array>
 
@@ -25,7 +26,8 @@ QByteArray cycleText(int hour, qsizetype size, const std::vector<QString>& codes
   const QByteArray time = "24" + QByteArray::number(hour + 100).sliced(1);
   for (int i = 0; text.size() < size; ++i) {
     const QString code = i % 50 == 0 ? codes[size_t(i / 50) % codes.size()] : codeOf(u'E', i);
-    text += "2026/11/24 05:00\n" + code.toLatin1() + ' ' + time + QByteArray::number(i / 1000 % 60 + 100).sliced(1) +
+    text += "2026/11/24 05:00\n" + code.toLatin1() + ' ' + time +
+            QByteArray::number(i / 1000 % 60 + 100).sliced(1) +
             "Z 34010KT 9999 FEW030 SCT045 BKN090 18/12 Q1013 NOSIG RMK 1CU030 3SC045 6AC090 A2992\n\n";
   }
   return text;
@@ -95,9 +97,24 @@ void cycleOfOneStation(benchmark::State& state) {
 }
 BENCHMARK(cycleOfOneStation)->Arg(2500)->Arg(10'000);
 
+/// The sequence from the program's own record: the observations of sixty stations, half an hour apart.
+void sequenceOfRecord(benchmark::State& state) {
+  QString text;
+  for (int i = 0; i < state.range(0); ++i) {
+    const QString time = QString::number(10'000 + i / 120 % 24 * 100 + i / 60 % 2 * 30).sliced(1);
+    text += codeOf(u'R', i % 60 * 37) + u"  METAR " + time + u"I\r\n      240" + time +
+            u"Z 34010KT 9999 FEW030 18/12 Q1013\r\n\r\n";
+  }
+  for (auto _ : state)
+    benchmark::DoNotOptimize(sequenceRecordBlock(text, codeOf(u'R', 37)));
+  bench::growsInLine(state, static_cast<double>(text.size()));
+}
+BENCHMARK(sequenceOfRecord)->Arg(20'000)->Arg(80'000);
+
 void layout(benchmark::State& state) {
-  const QString line = u"2026/11/24 05:05\nTAF RJTT 240505Z 2406/2512 16008KT 9999 FEW030\n"
-                       "     BECMG 2410/2412 4000 -RA BR BKN008\n       TEMPO 2414/2420 1500 +SHRA BKN004\n"_s;
+  const QString line =
+      u"2026/11/24 05:05\nTAF RJTT 240505Z 2406/2512 16008KT 9999 FEW030\n"
+      "     BECMG 2410/2412 4000 -RA BR BKN008\n       TEMPO 2414/2420 1500 +SHRA BKN004\n"_s;
   const QString response = line.repeated(state.range(0) / line.size() + 1);
   const SettingsRecord record = SettingsRecord::standard(u"+9"_s);
   for (auto _ : state)

@@ -36,8 +36,8 @@ std::string timeText(double milliseconds) {
     const char* name;
   };
   constexpr Unit units[] = {{1000, "s"}, {1, "ms"}, {1e-3, "µs"}, {0, "ns"}};
-  const Unit* unit = std::find_if(std::begin(units), std::end(units),
-                                  [=](const Unit& u) { return milliseconds >= u.size; });
+  const Unit* unit =
+      std::find_if(std::begin(units), std::end(units), [=](const Unit& u) { return milliseconds >= u.size; });
   char text[64];
   std::snprintf(text, sizeof text, "%.3g %s", milliseconds / (unit->size > 0 ? unit->size : 1e-6),
                 unit->name);
@@ -79,8 +79,8 @@ class Table final : public benchmark::BenchmarkReporter {
 
  private:
   Row& rowOf(const Run& run) {
-    const std::string name = run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") +
-                             run.run_name.args;
+    const std::string name =
+        run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") + run.run_name.args;
     const auto known = std::find_if(rows_.begin(), rows_.end(), [&](const Row& r) { return r.name == name; });
     if (known != rows_.end())
       return *known;

@@ -35,10 +35,10 @@ Loopback::Loopback() {
 
 void Loopback::writeEndpoints(const QString& path) const {
   const QString base = server.baseAddress();
-  writeWhole(path, QString(u"[endpoints]\nupdate="_s + base + u"\nhome=" + base + u"\nmetar=" + base +
-                           metarFolder + u"\ntaf=" + base + tafFolder + u"\ncycles=" + base + cycleFolder +
-                           u"\nprobe=\n")
-                       .toUtf8());
+  writeWhole(path,
+             QString(u"[endpoints]\nupdate="_s + base + u"\nhome=" + base + u"\nmetar=" + base + metarFolder +
+                     u"\ntaf=" + base + tafFolder + u"\ncycles=" + base + cycleFolder + u"\nprobe=\n")
+                 .toUtf8());
 }
 
 ProcessFigures figuresOf(qint64 pid) {

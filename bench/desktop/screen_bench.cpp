@@ -15,8 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString line = u"RJTT  METAR 1530I\r\n      240630Z 34012G24KT 3000 -SHRA BR FEW005 BKN025 OVC040 24/18 "
-                     "Q1008 NOSIG RMK 1CU005 5SC025 7AC040 A2979\r\n\r\n"_s;
+const QString line =
+    u"RJTT  METAR 1530I\r\n      240630Z 34012G24KT 3000 -SHRA BR FEW005 BKN025 OVC040 24/18 "
+    "Q1008 NOSIG RMK 1CU005 5SC025 7AC040 A2979\r\n\r\n"_s;
 
 /// A screen in a window of the usual size, with the terminal's font.
 struct ShownScreen {

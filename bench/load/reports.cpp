@@ -22,14 +22,14 @@ QByteArray metarText(const QString& code, const QDateTime& issued) {
                                             "3000 +SHRA BR SCT008 BKN015 FEW020CB", "0800 FG VV002"};
   const auto two = [](int number) { return QByteArray::number(number + 100).sliced(1); };
   return code.toLatin1() + issued.toString(u" ddHHmm'Z '").toLatin1() + two(turn % 36) + "0" +
-         two(4 + turn % 20) + "KT " + weather[turn % 4] + ' ' + two(turn % 30) + '/' + two(turn % 25) + " Q10" +
-         two(turn % 40) + " NOSIG RMK 1CU030 A2992";
+         two(4 + turn % 20) + "KT " + weather[turn % 4] + ' ' + two(turn % 30) + '/' + two(turn % 25) +
+         " Q10" + two(turn % 40) + " NOSIG RMK 1CU030 A2992";
 }
 
 QByteArray tafText(const QString& code, const QDateTime& issued, bool amended) {
   const QByteArray day = issued.toString(u"dd").toLatin1();
-  return (amended ? "TAF AMD " : "TAF ") + code.toLatin1() + issued.toString(u" ddHHmm'Z '").toLatin1() + day +
-         "06/" + day + "24 20010KT 9999 FEW030\n     BECMG " + day + "10/" + day +
+  return (amended ? "TAF AMD " : "TAF ") + code.toLatin1() + issued.toString(u" ddHHmm'Z '").toLatin1() +
+         day + "06/" + day + "24 20010KT 9999 FEW030\n     BECMG " + day + "10/" + day +
          "12 4000 -RA BR BKN008\n     TEMPO " + day + "14/" + day + "20 1500 +SHRA BKN004 FEW015CB";
 }
 
@@ -89,8 +89,8 @@ std::optional<QByteArray> Reports::file(const QString& code, bool taf) const {
   for (auto report = behind; report != found->begin();) {
     --report;
     if (report->taf == taf)
-      return entry(report->issued, taf ? tafText(code, report->issued, report->amended)
-                                       : metarText(code, report->issued));
+      return entry(report->issued,
+                   taf ? tafText(code, report->issued, report->amended) : metarText(code, report->issued));
   }
   return std::nullopt;
 }

@@ -74,7 +74,8 @@ QJsonValue resultOf(const QJsonObject& object) {
     for (const auto& [index, value] : settingValues(fields.object(u"settings"_s)))
       ownSettings->setValue(index, value);
   }
-  BatchJob job{std::move(fields), ownSettings ? *ownSettings : standard, &tables.airports, &tables.dictionaries};
+  BatchJob job{std::move(fields), ownSettings ? *ownSettings : standard, &tables.airports,
+               &tables.dictionaries};
   return operation(job);
 }
 

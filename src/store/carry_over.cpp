@@ -47,7 +47,8 @@ void carryList(const RowSet& rows, Database& database) {
 void carryOverData(const Tables& live, const QString& newFile) {
   Database database;
   database.open(newFile);
-  // The new file counts only once it is whole: a journal on the disk would guard nothing and costs three syncs.
+  // The new file counts only once it is whole: a journal on the disk would guard nothing and costs three
+  // syncs.
   database.query(u"PRAGMA journal_mode = MEMORY"_s);
   Transaction transaction(database);
   carrySettings(live, database);
