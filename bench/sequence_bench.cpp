@@ -45,9 +45,11 @@ void sequence(benchmark::State& state) {
   const int fileCount = static_cast<int>(state.range(0));
   const qsizetype size = state.range(1);
   std::vector<QString> codes;
+  codes.reserve(20);
   for (int i = 0; i < 20; ++i)
     codes.push_back(codeOf(u'R', i * 37));
   std::vector<QByteArray> texts;
+  texts.reserve(size_t(fileCount));
   for (int hour = 0; hour < fileCount; ++hour)
     texts.push_back(cycleText(hour, size, codes));
   const SettingsRecord& record = settings(fileCount - 1);

@@ -25,9 +25,11 @@ class OnTerminal {
  public:
   explicit OnTerminal(const QStringList& arguments) {
     std::vector<QByteArray> words{QStringView(SORAN_CLI).toLocal8Bit()};
+    words.reserve(size_t(arguments.size()) + 1);
     for (const QString& argument : arguments)
       words.push_back(argument.toLocal8Bit());
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (QByteArray& word : words)
       argv.push_back(word.data());
     argv.push_back(nullptr);
@@ -65,7 +67,7 @@ class OnTerminal {
     loop.exec();
     return seen;
   }
-  void type(const QByteArray& line) {
+  void type(const QByteArray& line) const {
     if (::write(terminal_, line.constData(), size_t(line.size())) < 0)
       qWarning("the terminal is gone");
   }
