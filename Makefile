@@ -24,8 +24,10 @@ test: build
 BENCH := --benchmark_repetitions=3 --benchmark_min_time=0.2
 bench: build
 	cmake --build $(BUILD) --target soran-bench soran-desktop-bench
-	$(BUILD)/bench/soran-bench $(BENCH)
-	xvfb-run -a $(BUILD)/bench/soran-desktop-bench $(BENCH)
+	@status=0; \
+	$(BUILD)/bench/soran-bench $(BENCH) || status=1; \
+	xvfb-run -a $(BUILD)/bench/soran-desktop-bench $(BENCH) || status=1; \
+	exit $$status
 
 # soran-cli beside public tools, which are installed for it.
 bench-peers: build

@@ -117,7 +117,7 @@ void startCli(benchmark::State& state, bool fresh) {
   bench::holdTo(state, 150);
   bench::holdMemory(state, most, 40);
 }
-BENCHMARK_CAPTURE(startCli, first_start, true)->UseManualTime()->Iterations(5);
-BENCHMARK_CAPTURE(startCli, later_start, false)->UseManualTime()->Iterations(5);
+BENCHMARK_CAPTURE(startCli, first_start, true)->UseManualTime()->Iterations(1)->Repetitions(9);
+BENCHMARK_CAPTURE(startCli, later_start, false)->UseManualTime()->Iterations(1)->Repetitions(9);
 
 } // namespace

@@ -26,11 +26,12 @@ double megabytesOf(const QByteArray& status, const QByteArray& name) {
 
 } // namespace
 
-Loopback::Loopback() {
+Loopback::Loopback(bool withModule) {
   server.start();
   for (const QString& name : {u"version.dat"_s, u"soran.mdb"_s, u"error.wav"_s, u"ring.wav"_s})
     server.setFile(u"/data/" + name, delivered::file(u"update/data/" + name));
-  server.setFile(u"/data/update.exe"_s, "module");
+  if (withModule)
+    server.setFile(u"/data/update.exe"_s, "module");
 }
 
 void Loopback::writeEndpoints(const QString& path) const {

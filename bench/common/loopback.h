@@ -8,10 +8,11 @@
 
 namespace soran::bench {
 
-/// An endpoint on loopback that holds what a start of the program asks for; reports are the caller's to add.
+/// An endpoint on loopback that holds what a start of the program asks for, the update module on demand only;
+/// reports are the caller's to add.
 class Loopback {
  public:
-  Loopback();
+  explicit Loopback(bool withModule = false);
 
   /// Writes the file that --endpoints takes.
   void writeEndpoints(const QString& path) const;

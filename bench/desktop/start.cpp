@@ -98,8 +98,8 @@ void startDemo(benchmark::State& state, Until until) {
     holdTo(state, 400);
   holdMemory(state, most, 150);
 }
-BENCHMARK_CAPTURE(startDemo, shown, Until::Painted)->UseManualTime()->Iterations(3);
-BENCHMARK_CAPTURE(startDemo, list_shown, Until::Ready)->UseManualTime()->Iterations(3);
+BENCHMARK_CAPTURE(startDemo, shown, Until::Painted)->UseManualTime()->Iterations(1)->Repetitions(9);
+BENCHMARK_CAPTURE(startDemo, list_shown, Until::Ready)->UseManualTime()->Iterations(1)->Repetitions(9);
 
 } // namespace
 

@@ -46,7 +46,7 @@ QString screenOf(const QJsonObject& state) {
 void listOf300() {
   const QStringList codes = stationCodes(300);
   Reports reports(codes, instant("2026-11-24T05:00:00Z"), 1);
-  Loopback endpoint;
+  Loopback endpoint(true);
   reports.serveOn(endpoint.server);
   CliSession session(endpoint, u"2026-11-24T14:05:00+09:00"_s);
   session.setAutomaticList(codes);
@@ -68,7 +68,7 @@ void listOf300() {
 void largeScreen() {
   const QStringList codes = stationCodes(300);
   Reports reports(codes, instant("2026-11-24T05:00:00Z"), 1);
-  Loopback endpoint;
+  Loopback endpoint(true);
   reports.serveOn(endpoint.server);
   CliSession session(endpoint, u"2026-11-24T14:05:00+09:00"_s, {{u"前画面クリアー"_s, false}});
   session.setAutomaticList(codes);
@@ -122,7 +122,7 @@ void watching(int days) {
   const QStringList codes = stationCodes(60);
   const QDateTime begin = instant("2026-11-24T05:03:00Z");
   Reports reports(codes, begin, days);
-  Loopback endpoint;
+  Loopback endpoint(true);
   reports.serveOn(endpoint.server);
   // A pass a minute, a comparison in five.
   CliSession session(endpoint, u"2026-11-24T14:03:00+09:00"_s, {{u"バッファ"_s, 6}});
