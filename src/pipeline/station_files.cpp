@@ -8,8 +8,10 @@ namespace soran {
 
 namespace {
 
-bool refused(const Reply& reply) {
-  return !reply.ok || reply.body.startsWith('<');
+/// Nothing where the transfer failed or brought a page.
+std::optional<QString> reportIn(const Reply& reply) {
+  const QString text = reply.text();
+  return reply.ok && !text.startsWith(u'<') ? std::optional(text) : std::nullopt;
 }
 
 } // namespace
@@ -29,7 +31,7 @@ void StationFiles::beginUpTo(size_t place) {
     const size_t station = begun_++;
     onTheWay_[station].metar =
         services_.inet.begin(addressOf(station, ReportKind::Metar), [this, station](const Reply& reply) {
-          if (forecasts_ && !refused(reply))
+          if (forecasts_ && reportIn(reply))
             onTheWay_[station].taf =
                 services_.inet.begin(addressOf(station, ReportKind::Taf), [](const Reply&) {});
         });
@@ -46,7 +48,7 @@ std::optional<QString> StationFiles::take(size_t place, ReportKind kind) {
     reply = transfer->take();
     transfer.reset();
   }
-  return refused(reply) ? std::nullopt : std::optional(reply.text());
+  return reportIn(reply);
 }
 
 } // namespace soran
