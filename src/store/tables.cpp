@@ -131,8 +131,11 @@ bool isWholeDatabase(const QString& path) {
 void compactDatabase(const QString& path, const QString& temporary) {
   if (!fileExists(path))
     throw StoreError("no database to compact");
-  if (fileExists(temporary) && !QFile::remove(temporary))
-    throw StoreError("cannot delete the stale compacted copy");
+  // The journal of a copy that was killed would be rolled back into the new one.
+  for (const QString& stale : {temporary, QString(temporary + u"-journal")}) {
+    if (fileExists(stale) && !QFile::remove(stale))
+      throw StoreError("cannot delete the stale compacted copy");
+  }
   {
     Database database;
     // An attached file is made only where the connection itself may make files.
