@@ -46,6 +46,8 @@ struct Deed {
   QStringList call = {u"run"_s, u"CLS"_s};
   QByteArray input = {};
   QList<Group> groups = mine; ///< what the groups may be beside those from before
+  bool renews = false;        ///< the module and the database become those of the endpoint
+  bool isFirst = false;       ///< there is nothing yet
 };
 
 const Deed deeds[] = {
@@ -53,7 +55,12 @@ const Deed deeds[] = {
      [](Tables& tables) {
        tables.settings().store(key::DBバージョン, 0.0);
        tables.settings().store(key::UPDATEバージョン, 0.5);
-     }},
+     },
+     {u"run"_s, u"CLS"_s},
+     {},
+     mine,
+     true},
+    {"FirstStart", {}, {u"run"_s, u"CLS"_s}, {}, mine, true, true},
     {"Reset", {}, {u"run"_s, u"RESET"_s}},
     {"Compaction", [](Tables& tables) { tables.settings().store(key::起動回数, 60); }},
     {"Editing", {}, {u"session"_s}, editingOf(edited), edited},
@@ -78,19 +85,21 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
   }
 
   /// The directory of a user with a group, a limit, and a backup from before both.
-  void prepare(const std::function<void(Tables&)>& change) {
+  void prepare(const Deed& deed) {
     QDir(desk.home()).removeRecursively();
     for (const QString& folder : {u"data"_s, u"sound"_s})
       QDir().mkpath(desk.path(folder));
-    for (const auto& [name, bytes] :
-         {std::pair{u"soran.mdb"_s, Updating::delivered()},
-          {u"soran.mdb.bak"_s, Updating::delivered()},
-          {u"sound/error.wav"_s, "sound"},
-          {u"sound/ring.wav"_s, "sound"},
-          {u"update.exe"_s, "former module"},
-          {u"update.exe.sig"_s, "former signature"},
-          {u".soran"_s, "mark"},
-          {u"endpoints.ini"_s, "[endpoints]\nupdate=" + desk.endpoints.update.toUtf8() + "\nprobe=\n"}})
+    writeWhole(desk.path(u"endpoints.ini"_s),
+               "[endpoints]\nupdate=" + desk.endpoints.update.toUtf8() + "\nprobe=\n");
+    if (deed.isFirst)
+      return;
+    for (const auto& [name, bytes] : {std::pair{u"soran.mdb"_s, Updating::delivered()},
+                                      {u"soran.mdb.bak"_s, Updating::delivered()},
+                                      {u"sound/error.wav"_s, "sound"},
+                                      {u"sound/ring.wav"_s, "sound"},
+                                      {u"update.exe"_s, "former module"},
+                                      {u"update.exe.sig"_s, "former signature"},
+                                      {u".soran"_s, "mark"}})
       ASSERT_TRUE(writeWhole(desk.path(name), bytes, true));
     Tables tables;
     tables.openAllTables(desk.path(u"soran.mdb"_s));
@@ -101,22 +110,26 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
     settings.store(key::BASEurl, desk.endpoints.update);
     settings.store(key::雲高1, limit);
     tables.rewrite(table::カンパニー, {{1, mine[0].id, mine[0].route}});
-    if (change)
-      change(tables);
+    if (deed.before)
+      deed.before(tables);
   }
 
-  void expectTheUsersRows(const Deed& deed) {
-    ASSERT_TRUE(isWholeDatabase(desk.path(u"soran.mdb"_s)));
+  void expectAllWhole(const Deed& deed) {
+    ASSERT_TRUE(deed.isFirst || isWholeDatabase(desk.path(u"soran.mdb"_s)));
     Program program(desk.services());
     Opening opening(program);
     ASSERT_EQ(opening.start(), Opening::Result::Started);
     EXPECT_EQ(opening.notice(), QString());
-    EXPECT_THAT(program.tables.groupRows(), AnyOf(mine, deed.groups));
-    EXPECT_EQ(program.settings()[key::雲高1], limit);
+    if (!deed.isFirst) {
+      EXPECT_THAT(program.tables.groupRows(), AnyOf(mine, deed.groups));
+      EXPECT_EQ(program.settings()[key::雲高1], limit);
+    }
     // What the fault kept from being done, this start has done.
     EXPECT_EQ(program.settings()[key::DBバージョン], 1.0);
     EXPECT_EQ(program.settings()[key::UPDATEバージョン], 1.0);
-    if (deed.name != std::string_view("Renewal"))
+    EXPECT_EQ(desk.bytes(u"sound/error.wav"_s), "sound");
+    EXPECT_EQ(desk.bytes(u"sound/ring.wav"_s), "sound");
+    if (!deed.renews)
       return;
     EXPECT_THAT(program.tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
     EXPECT_EQ(desk.bytes(u"update.exe"_s), QByteArray(50'000, 'm'));
@@ -132,14 +145,14 @@ TEST_P(FaultsTest, LeaveAWholeDatabaseWithTheUsersRows) {
   const auto& [deed, kind] = GetParam();
   const FaultyRun cli(QString::fromUtf16(SORAN_CLI), QStringList{u"--home"_s, desk.home()} + deed.call,
                       desk.home(), deed.input);
-  prepare(deed.before);
+  prepare(deed);
   const QStringList calls = cli.calls();
   ASSERT_GT(calls.size(), 10);
-  expectTheUsersRows(deed);
+  expectAllWhole(deed);
   for (const qsizetype at : faultsWorthTrying(calls, kind)) {
-    prepare(deed.before);
+    prepare(deed);
     cli.run(kind, at);
-    expectTheUsersRows(deed);
+    expectAllWhole(deed);
     ASSERT_FALSE(HasFailure()) << "call " << at << ": " << calls[at - 1].toStdString();
   }
 }
