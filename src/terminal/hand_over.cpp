@@ -25,6 +25,7 @@ bool startInPlace(const QString& program, const QStringList& arguments,
                   const QProcessEnvironment& environment) {
   const auto pointersTo = [](std::vector<QByteArray>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (QByteArray& text : texts)
       pointers.push_back(text.data());
     pointers.push_back(nullptr);

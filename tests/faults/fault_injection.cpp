@@ -139,10 +139,6 @@ int onFile(const char* call, int file, long number, Arguments... arguments) {
   return onPath(call, Does::Other, pathOf(file).c_str(), number, file, arguments...);
 }
 
-mode_t modeOf(int flags, va_list& rest) {
-  return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
-}
-
 } // namespace
 
 #define EXPORTED extern "C" __attribute__((visibility("default")))
@@ -150,17 +146,11 @@ mode_t modeOf(int flags, va_list& rest) {
 EXPORTED int open(const char* path, int flags, ...) {
   va_list rest;
   va_start(rest, flags);
-  const mode_t mode = modeOf(flags, rest);
+  const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
   va_end(rest);
   return opening(AT_FDCWD, path, flags, mode);
 }
-EXPORTED int open64(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = modeOf(flags, rest);
-  va_end(rest);
-  return opening(AT_FDCWD, path, flags, mode);
-}
+EXPORTED int open64(const char* path, int flags, ...) __attribute__((alias("open")));
 EXPORTED ssize_t write(int file, const void* bytes, size_t size) {
   return writing(file, bytes, size, -1);
 }
