@@ -8,9 +8,10 @@ foreach(archive ${CPACK_PACKAGE_FILES})
     COMMAND sh -ec "
       mkdir \"$1.d\"
       tar -xzf \"$1\" -C \"$1.d\"
-      tar -cf - -C \"$1.d\" --sort=name --format=ustar --mtime=@$SOURCE_DATE_EPOCH --owner=0 --group=0 --numeric-owner \
-        --mode=go=rX soran* | gzip -9n > \"$1.sorted\"
-      mv \"$1.sorted\" \"$1\"
-      rm -rf \"$1.d\"" sh ${archive}
+      cd \"$1.d\"
+      tar -cf \"$1.tar\" --sort=name --format=ustar --mtime=@$SOURCE_DATE_EPOCH --owner=0 --group=0 --numeric-owner \
+        --mode=go=rX *
+      gzip -9n < \"$1.tar\" > \"$1\"
+      rm -rf \"$1.d\" \"$1.tar\"" sh ${archive}
     COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

@@ -21,12 +21,14 @@ inline std::string_view nameOf(FaultKind kind) {
   return names[size_t(kind)];
 }
 
-/// The calls, by their numbers from 1, at which a fault is tried: of equal calls in a row the first, the
-/// middle and the last, of rows of the same calls the first, the second and the last. With SORAN_EVERY_FAULT
-/// in the environment all of them.
+/// The calls, by their numbers from 1, at which a fault is tried. A kill is tried at the first, the middle
+/// and the last of equal calls in a row, and in the first, the second and the last of such rows; other faults
+/// in the middle of the first and the last row. With SORAN_EVERY_FAULT in the environment all calls are
+/// tried.
 inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultKind kind) {
   const bool every = qEnvironmentVariableIsSet("SORAN_EVERY_FAULT");
-  constexpr int rowsTried = 2;
+  const bool kills = kind == FaultKind::Kill;
+  const int rowsTried = kills ? 2 : 1;
   QHash<QString, int> rows;
   std::vector<qsizetype> worth;
   for (qsizetype first = 0, end = 0; first < calls.size(); first = end) {
@@ -36,7 +38,8 @@ inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultK
       continue;
     const bool tried = ++rows[calls[first]] <= rowsTried || !calls.mid(end).contains(calls[first]);
     for (qsizetype i = first; i < end; ++i) {
-      if (every || (tried && (i == first || i == (first + end) / 2 || i == end - 1)))
+      const bool atEnd = i == first || i == end - 1;
+      if (every || (tried && (i == (first + end) / 2 || (kills && atEnd))))
         worth.push_back(i + 1);
     }
   }
