@@ -4,7 +4,7 @@
 BUILD := build/release
 
 .DEFAULT_GOAL := build
-.PHONY: demo test run bench format build package setup clean
+.PHONY: demo test run bench bench-peers load check-all format build package setup clean
 
 # The main job on the embedded endpoint: the window where there is a display, else the command line.
 demo: build
@@ -20,9 +20,29 @@ run: build
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure --no-tests=error -j 2
 
+# The speed of the core, of soran-cli and of the window, held to their budgets.
+BENCH := --benchmark_repetitions=3 --benchmark_min_time=0.2
 bench: build
-	cmake --build $(BUILD) --target soran-bench
-	$(BUILD)/bench/soran-bench --benchmark_counters_tabular=true
+	cmake --build $(BUILD) --target soran-bench soran-desktop-bench
+	@status=0; \
+	$(BUILD)/bench/soran-bench $(BENCH) || status=1; \
+	xvfb-run -a $(BUILD)/bench/soran-desktop-bench $(BENCH) || status=1; \
+	exit $$status
+
+# soran-cli beside public tools, which are installed for it.
+bench-peers: build
+	bench/peers/setup $(BUILD)/peers
+	bench/peers/run $(BUILD)
+
+# Large lists, large texts, DAYS of watching, many jobs.
+DAYS := 7
+load: build
+	cmake --build $(BUILD) --target soran-load
+	$(BUILD)/bench/soran-load $(DAYS)
+
+# Every proof there is, one after the other, with a verdict on each.
+check-all: build
+	tools/check-all
 
 build: setup $(BUILD)/build.ninja
 	cmake --build $(BUILD)

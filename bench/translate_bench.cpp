@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "common/budget.h"
 #include "interpret/explain_selection.h"
 #include "interpret/translate_report.h"
 
 #include <QFile>
 #include <QTextStream>
-#include <benchmark/benchmark.h>
 
 using namespace soran;
 
@@ -67,18 +67,28 @@ void translateReports(benchmark::State& state) {
   for (auto _ : state)
     benchmark::DoNotOptimize(
         TranslateReport(u"RJTT", u"0630Z", bodies[next++ % std::size(bodies)], settings(), tables()));
-  state.SetItemsProcessed(state.iterations());
+  bench::holdTo(state, 0.01);
 }
 BENCHMARK(translateReports);
+
+/// A report with a remark of so many groups.
+void translateLongReport(benchmark::State& state) {
+  const QString body = QStringLiteral("34010KT 9999 FEW030 18/12 Q1013 RMK ") +
+                       QStringLiteral("1CU030 A2992 CB 20KM E MOV NE ").repeated(state.range(0));
+  for (auto _ : state)
+    benchmark::DoNotOptimize(TranslateReport(u"RJTT", u"0630Z", body, settings(), tables()));
+  bench::growsInLine(state, static_cast<double>(body.size()));
+}
+BENCHMARK(translateLongReport)->Arg(1000)->Arg(4000);
 
 void refuseReportWithoutTemperature(benchmark::State& state) {
   const QString body =
       QStringLiteral("34010KT 9999 ") + QStringLiteral("FEW030 BR ").repeated(state.range(0));
   for (auto _ : state)
     benchmark::DoNotOptimize(TranslateReport(u"RJTT", u"0630Z", body, settings(), tables()));
-  state.SetComplexityN(state.range(0));
+  bench::growsInLine(state, static_cast<double>(body.size()));
 }
-BENCHMARK(refuseReportWithoutTemperature)->RangeMultiplier(8)->Range(8, 32768)->Complexity(benchmark::oN);
+BENCHMARK(refuseReportWithoutTemperature)->Arg(8192)->Arg(32768);
 
 void explainGroups(benchmark::State& state) {
   const QString line =
@@ -97,9 +107,19 @@ void explainGroups(benchmark::State& state) {
     benchmark::DoNotOptimize(
         ExplainSelection(screen, start, length, QDate(2026, 11, 24), settings(), tables()));
   }
-  state.SetItemsProcessed(state.iterations());
+  bench::growsInLine(state, static_cast<double>(screen.size()));
 }
-BENCHMARK(explainGroups)->Arg(1000)->Arg(200000);
+BENCHMARK(explainGroups)->Arg(50'000)->Arg(200'000);
+
+/// One selection over so much text.
+void explainLongSelection(benchmark::State& state) {
+  const QString screen = QStringLiteral("BKN020CB ").repeated(state.range(0) / 9);
+  for (auto _ : state)
+    benchmark::DoNotOptimize(
+        ExplainSelection(screen, 0, screen.size(), QDate(2026, 11, 24), settings(), tables()));
+  bench::growsInLine(state, static_cast<double>(screen.size()));
+}
+BENCHMARK(explainLongSelection)->Arg(50'000)->Arg(200'000);
 
 /// How many groups of recorded reports end as unknown, and how many reports fail.
 void unknownShare(benchmark::State& state) {
@@ -121,11 +141,10 @@ void unknownShare(benchmark::State& state) {
         unknown += line.contains(u"解析不能") || line.contains(u"記号該当なし") ? 1 : 0;
     }
   }
-  state.SetItemsProcessed(state.iterations() * reports.size());
   state.counters["groups"] = static_cast<double>(groups);
   state.counters["unknown_percent"] = 100.0 * static_cast<double>(unknown) / static_cast<double>(groups);
   state.counters["failed_reports"] = static_cast<double>(failed);
 }
-BENCHMARK(unknownShare)->Unit(benchmark::kMillisecond);
+BENCHMARK(unknownShare);
 
 } // namespace

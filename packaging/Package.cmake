@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk, qt6-translations-l10n")
 
 execute_process(COMMAND sh -c "date -d \"$(sed -n 's/^ -- .*>  //p;T;q' changelog)\" +%s"
   WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}/debian OUTPUT_VARIABLE CPACK_SORAN_RELEASE_TIME

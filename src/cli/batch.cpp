@@ -68,11 +68,14 @@ QJsonValue resultOf(const QJsonObject& object) {
   if (fields.has(u"tables"_s))
     ownTables.emplace(tablesOf(fields.object(u"tables"_s)));
   const JobTables& tables = ownTables ? *ownTables : deliveredTables();
-  BatchJob job{std::move(fields), standard, &tables.airports, &tables.dictionaries};
-  if (job.fields.has(u"settings"_s)) {
-    for (const auto& [index, value] : settingValues(job.fields.object(u"settings"_s)))
-      job.settings.setValue(index, value);
+  std::optional<SettingsRecord> ownSettings;
+  if (fields.has(u"settings"_s)) {
+    ownSettings = standard;
+    for (const auto& [index, value] : settingValues(fields.object(u"settings"_s)))
+      ownSettings->setValue(index, value);
   }
+  BatchJob job{std::move(fields), ownSettings ? *ownSettings : standard, &tables.airports,
+               &tables.dictionaries};
   return operation(job);
 }
 

@@ -11,7 +11,7 @@ namespace soran {
 /// What every job has: the settings and the tables in force, and its own fields.
 struct BatchJob {
   Fields fields;
-  SettingsRecord settings;
+  const SettingsRecord& settings;
   const QList<Airport>* airports;
   const Dictionaries* dictionaries;
 };

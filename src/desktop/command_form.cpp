@@ -51,7 +51,6 @@ CommandForm::CommandForm(QWidget* parent)
       auto* label = new QLabel(text.toString(), this);
       label->setTextFormat(Qt::PlainText);
       label->setObjectName(u"lbl%1_%2"_s.arg(index).arg(column));
-      label->setAccessibleName(text.toString());
       ui_->layout->addWidget(label, index, column++);
     }
     ++index;

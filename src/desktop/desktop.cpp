@@ -95,7 +95,13 @@ void Desktop::setMinimised(bool minimised) {
   view_.guarded([&] { view_.setMinimised(minimised); });
   // With an icon in the tray the window needs no place among the others.
   if (minimised && TaskIcon::isAvailable())
-    QMetaObject::invokeMethod(window_.get(), &QWidget::hide, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        window_.get(),
+        [this] {
+          if (window_->isMinimized())
+            window_->hide();
+        },
+        Qt::QueuedConnection);
 }
 
 void Desktop::explain(qsizetype start, qsizetype length, QPoint mouse) {

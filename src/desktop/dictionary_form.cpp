@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/dictionary_form.h"
 
-#include "desktop/cell_delegate.h"
-#include "desktop/editor_grid.h"
+#include "desktop/grid_editing.h"
 #include "desktop/look.h"
 #include "desktop/picture_drop.h"
 #include "desktop/run_dialog.h"
@@ -28,7 +27,6 @@ DictionaryForm::DictionaryForm(QWidget* parent, View& view)
   ui_->grid->showList(editor_.list(), headings, pictures ? nameWidth : keyWidth);
   actions_ = std::make_unique<RowActions>(*ui_->grid);
   connectButtons();
-  connectCells();
   connectPicture();
   for (QWidget* widget :
        std::initializer_list<QWidget*>{ui_->tool_new, ui_->tool_edit, ui_->tool_del, ui_->cmd0, ui_->cmd1})
@@ -43,33 +41,13 @@ DictionaryForm::DictionaryForm(QWidget* parent, View& view)
 DictionaryForm::~DictionaryForm() = default;
 
 void DictionaryForm::connectButtons() {
-  const std::pair<QToolButton*, QAction*> tools[] = {{ui_->tool_new, &actions_->addition()},
-                                                     {ui_->tool_edit, &actions_->edit()},
-                                                     {ui_->tool_del, &actions_->removal()}};
-  for (const auto& [tool, action] : tools)
-    tool->setDefaultAction(action);
-  connect(&actions_->addition(), &QAction::triggered, this, [this] { editor_.addRow(); });
-  connect(&actions_->edit(), &QAction::triggered, this, [this] { editor_.edit(); });
-  connect(&actions_->removal(), &QAction::triggered, this,
-          [this] { view_.guarded([&] { editor_.remove(); }); });
+  actions_->showOn(*ui_->tool_new, *ui_->tool_edit, *ui_->tool_del);
+  connectGrid(*ui_->grid, *actions_, editor_, view_).held = [this](const QString& typed) {
+    return editor_.held(typed);
+  };
   connect(ui_->cmd0, &QPushButton::clicked, this, [this] { editor_.moveDown(); });
   connect(ui_->cmd1, &QPushButton::clicked, this, [this] { editor_.moveUp(); });
   connect(ui_->cmdClose, &QPushButton::clicked, this, &DictionaryForm::reject);
-}
-
-void DictionaryForm::connectCells() {
-  connect(ui_->grid, &EditorGrid::cellChosen, this,
-          [this](int row, int column) { editor_.select(row, column); });
-  connect(ui_->grid, &QTableView::activated, this, [this] { editor_.edit(); });
-  auto* cells = new CellDelegate(ui_->grid);
-  cells->held = [this](const QString& typed) { return editor_.held(typed); };
-  cells->commit = [this](const QString& text) {
-    bool done = false;
-    view_.guarded([&] { done = editor_.commit(text); });
-    return done;
-  };
-  cells->abandon = [this] { editor_.abandon(); };
-  ui_->grid->setItemDelegate(cells);
 }
 
 void DictionaryForm::connectPicture() {

@@ -26,7 +26,6 @@ class DictionaryForm : public QDialog {
 
  private:
   void connectButtons();
-  void connectCells();
   void connectPicture();
   void choosePicture();
   void mirror();

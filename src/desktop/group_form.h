@@ -25,7 +25,6 @@ class GroupForm : public QDialog {
   void reject() override;
 
  private:
-  void connectCells(View& view);
   void mirror();
 
   std::unique_ptr<Ui::GroupForm> ui_;

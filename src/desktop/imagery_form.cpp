@@ -19,6 +19,7 @@ ImageryForm::ImageryForm(QWidget* parent, View& view)
                  Qt::WindowCloseButtonHint);
   menuBar_->setObjectName(u"menubar"_s);
   menuBar_->setAccessibleName(u"メニュー"_s);
+  connect(this, &QWidget::windowTitleChanged, imagery_, &ImageryView::describe);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setMenuBar(menuBar_);

@@ -21,10 +21,10 @@ namespace {
 
 constexpr int answerSeconds = 20;
 
-QLabel* addLine(QWidget* page, const QString& name, const QString& spokenName) {
+QLabel* addLine(QWidget* page, const QString& name, const QString& description) {
   auto* label = new QLabel(page);
   label->setObjectName(name);
-  label->setAccessibleName(spokenName);
+  label->setAccessibleDescription(description);
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
   label->setWordWrap(true);
@@ -50,6 +50,7 @@ ImageryView::ImageryView(QWidget* parent, const Endpoints& endpoints, const Shut
   setAccessibleName(u"画像"_s);
   picture_->setObjectName(u"picture"_s);
   picture_->setAccessibleName(u"画像"_s);
+  picture_->setFocusPolicy(Qt::StrongFocus);
   inet_->setRequestTimeout(answerSeconds);
   addWidget(picture_);
   failure_ = makeFailurePage();
@@ -76,10 +77,15 @@ QWidget* ImageryView::makeFailurePage() {
   auto* again = new QPushButton(u"再試行"_s, page);
   again->setObjectName(u"cmdRetry"_s);
   again->setAccessibleName(u"再試行"_s);
+  page->setFocusProxy(again);
   connect(again, &QPushButton::clicked, this, [this] { guard_([this] { refresh(); }); });
   layout->addWidget(again, 0, Qt::AlignHCenter);
   layout->addStretch();
   return page;
+}
+
+void ImageryView::describe(const QString& title) {
+  picture_->setAccessibleName(title.trimmed());
 }
 
 void ImageryView::open(const ImageryTarget& target) {
@@ -144,6 +150,8 @@ void ImageryView::onPageState(WebPage::State state) {
 
 void ImageryView::settle(QWidget* page) {
   setCurrentWidget(page);
+  if (isActiveWindow())
+    page->setFocus();
   emit settled();
 }
 

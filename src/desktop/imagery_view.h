@@ -36,6 +36,9 @@ class ImageryView : public QStackedWidget {
   ImageryView(QWidget* parent, const Endpoints& endpoints, const Shutdown& shutdown, Guard guard);
   ~ImageryView() override;
 
+  /// What screen readers call the picture.
+  void describe(const QString& title);
+
   /// Goes to the target; the picture before stays until it is there.
   void open(const ImageryTarget& target);
   /// Loads what is shown once more.

@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/look.h"
 
+#include "desktop/terminal_style.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QTranslator>
 #include <QWidget>
 
 namespace soran {
@@ -84,7 +87,11 @@ QIcon programIcon(bool connected) {
 }
 
 void dressApplication(QApplication& application) {
-  QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+  // The toolkit's own dialogues speak Japanese where its texts are installed.
+  auto* texts = new QTranslator(&application);
+  if (texts->load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(texts);
+  QApplication::setStyle(new TerminalStyle);
   QPalette palette;
   for (const auto& [role, colour] : roles)
     palette.setColor(role, QColor::fromRgba(colour));

@@ -5,6 +5,7 @@
 #include "desktop/browser_frame.h"
 #include "desktop/look.h"
 #include "desktop/menu_mirror.h"
+#include "desktop/report_alert.h"
 #include "desktop/screen_view.h"
 #include "desktop/start_banner.h"
 #include "desktop/toolbar_frame.h"
@@ -28,10 +29,10 @@ constexpr QStringView demonstrationMark = u"DEMONSTRATION DATA";
 constexpr int fewStations = 5;
 
 /// A field of the status bar.
-QLabel* makePanel(const QString& name, const QString& spokenName, QWidget* parent) {
+QLabel* makePanel(const QString& name, const QString& description, QWidget* parent) {
   auto* panel = new QLabel(parent);
   panel->setObjectName(name);
-  panel->setAccessibleName(spokenName);
+  panel->setAccessibleDescription(description);
   panel->setTextFormat(Qt::PlainText);
   panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
   panel->setMargin(2);
@@ -55,6 +56,7 @@ MainWindow::MainWindow(View& view, bool demonstration)
   popup_->setAccessibleName(u"ポップアップ"_s);
   if (demonstration_)
     setWindowTitle(windowTitle() + u" - " + demonstrationMark);
+  alert_ = new ReportAlert(this);
   ui_->imgGo->setIcon(facedIcon(u"imgGo0"_s, u"imgGo1"_s));
   drawFrameOf(*ui_->Line);
   makeStatusBar();
@@ -108,6 +110,8 @@ void MainWindow::connectTerminal() {
   connect(&console_, &Console::inputChanged, this, &MainWindow::showInput);
   connect(&console_, &Console::busyChanged, this, &MainWindow::showBusy);
   connect(&console_, &Console::progress, this, &MainWindow::showProgress);
+  connect(&console_, &Console::newReports, alert_,
+          [this](const QStringList& notices) { alert_->announce(notices.join(u", ")); });
   connect(&console_, &Console::overlayChanged, this, &MainWindow::showBanner);
   connect(&console_, &Console::displaySettingsApplied, this, &MainWindow::applyDisplaySettings);
   connect(&console_.status(), &StatusBar::changed, this, &MainWindow::showPanels);

@@ -19,6 +19,7 @@ namespace soran {
 
 class BrowserFrame;
 class MenuMirror;
+class ReportAlert;
 class ScreenView;
 class StartBanner;
 class ToolbarFrame;
@@ -91,6 +92,7 @@ class MainWindow : public QMainWindow {
   QLabel* panel1_ = nullptr;
   QLabel* panel2_ = nullptr;
   QProgressBar* progress_ = nullptr;
+  ReportAlert* alert_;
   bool released_ = false;
 };
 

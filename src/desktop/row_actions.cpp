@@ -3,6 +3,7 @@
 #include "desktop/row_actions.h"
 
 #include <QAbstractItemView>
+#include <QToolButton>
 
 namespace soran {
 
@@ -13,6 +14,12 @@ RowActions::RowActions(QAbstractItemView& grid) : grid_(grid) {
   make(edit_, u"menu_edit"_s, u"編集(&E)"_s, Qt::Key_F2);
   make(removal_, u"menu_del"_s, u"削除(&D)"_s, Qt::Key_Delete);
   grid.setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void RowActions::showOn(QToolButton& addition, QToolButton& edit, QToolButton& removal) {
+  addition.setDefaultAction(&addition_);
+  edit.setDefaultAction(&edit_);
+  removal.setDefaultAction(&removal_);
 }
 
 void RowActions::make(QAction& action, const QString& name, const QString& text, const QKeySequence& key) {

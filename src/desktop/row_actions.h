@@ -17,6 +17,9 @@ class RowActions : public QObject {
   /// `grid` opens the menu and outlives the actions.
   explicit RowActions(QAbstractItemView& grid);
 
+  /// Has three buttons stand for the entries.
+  void showOn(QToolButton& addition, QToolButton& edit, QToolButton& removal);
+
   QAction& addition() { return addition_; }
   QAction& edit() { return edit_; }
   QAction& removal() { return removal_; }

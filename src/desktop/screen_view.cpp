@@ -18,6 +18,8 @@
 
 namespace soran {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QChar backspace = u'\b';
@@ -45,6 +47,16 @@ bool movesOverText(int key) {
   return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
+/// True where a stretch without a blank is longer than any word of a report.
+bool holdsEndlessWord(QStringView text) {
+  constexpr qsizetype longestWord = 4096;
+  qsizetype length = 0;
+  return std::any_of(text.begin(), text.end(), [&length](QChar c) {
+    length = c.isSpace() ? 0 : length + 1;
+    return length > longestWord;
+  });
+}
+
 QTextCharFormat formatOf(const AttributeRun& run) {
   QTextCharFormat format;
   format.setForeground(toQColor(run.colour));
@@ -59,12 +71,12 @@ ScreenView::ScreenView(QWidget* parent) : QPlainTextEdit(parent) {
   setReadOnly(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setFrameShape(QFrame::NoFrame);
-  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTabChangesFocus(true);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   document()->setDocumentMargin(2);
+  verticalScrollBar()->setAccessibleName(u"画面のスクロール"_s);
 }
 
 void ScreenView::show(const Screen& screen) {
@@ -90,7 +102,19 @@ std::pair<qsizetype, qsizetype> ScreenView::selectedStretch() const {
   return {start, positions_.toScreen(cursor.selectionEnd()) - start};
 }
 
+void ScreenView::wrapFor(QStringView text) {
+  // Each line of an endless word is looked through to its end for a place to break at: megabytes of garbage
+  // would hold the window for hours.
+  const QTextOption::WrapMode mode =
+      holdsEndlessWord(text) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+  if (mode != wordWrapMode())
+    setWordWrapMode(mode);
+}
+
 void ScreenView::replaceText() {
+  // The former text is not to be laid out in the way of the new one.
+  clear();
+  wrapFor(screen_->text());
   positions_.clear();
   positions_.extend(screen_->text(), 0);
   setPlainText(screen_->text());
@@ -104,6 +128,8 @@ void ScreenView::appendText(qsizetype from) {
     replaceText();
     return;
   }
+  if (holdsEndlessWord(QStringView(text).sliced(from)))
+    wrapFor(text);
   positions_.extend(text, from);
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);

@@ -46,6 +46,8 @@ class ScreenView : public QPlainTextEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  /// Breaks lines behind words where `text` has words.
+  void wrapFor(QStringView text);
   void replaceText();
   void appendText(qsizetype from);
   void showAttributes(qsizetype from = 0);

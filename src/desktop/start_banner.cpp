@@ -20,9 +20,9 @@ StartBanner::StartBanner(QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(margin, margin, margin, margin);
   label_->setObjectName(u"Label1"_s);
-  label_->setAccessibleName(u"プログラムの名称とバージョン"_s);
+  label_->setAccessibleDescription(u"プログラムの名称とバージョン"_s);
   mark_->setObjectName(u"bannerMark"_s);
-  mark_->setAccessibleName(u"試験データの表示"_s);
+  mark_->setAccessibleDescription(u"試験データの表示"_s);
   mark_->setAlignment(Qt::AlignCenter);
   for (QLabel* label : {label_, mark_}) {
     label->setTextFormat(Qt::PlainText);

@@ -54,6 +54,9 @@ class Comparison {
       tell(code, tafNotice(*response));
   }
 
+  /// What was told so far, in the order of the table.
+  const QStringList& notices() const { return notices_; }
+
  private:
   std::optional<QString> fetch(const QString& base, const QString& code) {
     const Reply reply = program_.services.inet.open(stationFile(base, code));
@@ -78,10 +81,12 @@ class Comparison {
     if (pad.contains(code))
       return;
     program_.console.setPad(pad + code + notice.pad);
-    program_.console.addLogEntry(code + notice.log);
+    notices_.append(code + notice.log);
+    program_.console.addLogEntry(notices_.last());
   }
 
   Program& program_;
+  QStringList notices_;
 };
 
 } // namespace
@@ -94,6 +99,8 @@ void checkForChanges(Program& program) {
   Comparison comparison(program);
   for (size_t row = 0; row < program.stationTable.rows().size(); ++row)
     comparison.compare(row);
+  if (!comparison.notices().isEmpty())
+    emit program.console.newReports(comparison.notices());
 }
 
 } // namespace soran

@@ -86,11 +86,12 @@ void DecodeRun::normalRun() {
   if (console.flags.groupMode && console.flags.fullLoad)
     appendGroupOpening(list);
 
-  const std::vector<QString> codes = codesOf(list);
+  StationFiles files(program_.services, codesOf(list), true);
+  const std::vector<QString>& codes = files.codes();
   for (size_t i = 0; i < codes.size(); ++i) {
     emit console.progress(int(i), int(codes.size()));
     program_.currentInput = codes[i];
-    decodeStation(codes[i]);
+    decodeStation(files, i);
   }
   emit console.progress(int(codes.size()), int(codes.size()));
 
@@ -123,10 +124,11 @@ void DecodeRun::appendGroupOpening(const QString& list) {
   program_.console.caretToEnd();
 }
 
-void DecodeRun::decodeStation(const QString& code) {
+void DecodeRun::decodeStation(StationFiles& files, size_t place) {
   Console& console = program_.console;
+  const QString& code = files.codes()[place];
   rememberWord(console.recentCodes, code);
-  const FetchResult metar = fetchReport(code, ReportKind::Metar);
+  const FetchResult metar = fetchReport(files, place, ReportKind::Metar);
   if (!metar.found) {
     console.addLogEntry(u"NOT FOUND " + code);
     console.staging += crlf + code + u"  NOT FOUND" + crlf;
@@ -140,7 +142,7 @@ void DecodeRun::decodeStation(const QString& code) {
   if (!appendSequenceRecord(program_.services.path(u"data/sequence.dat"), record))
     qCWarning(lcPipeline) << "passed over: appending to the sequence record";
 
-  const FetchResult taf = fetchReport(code, ReportKind::Taf);
+  const FetchResult taf = fetchReport(files, place, ReportKind::Taf);
   console.staging += crlf + code + u"  TAF   " + taf.obsTime + crlf + taf.fetchedText + crlf;
   if (console.flags.fullLoad)
     logTaf(code, taf.fetchedText);
@@ -164,26 +166,15 @@ void DecodeRun::logTaf(const QString& code, const QString& fetchedText) {
   program_.console.addLogEntry(code + u" TAF   RECEIVED");
 }
 
-std::optional<QString> DecodeRun::fetchStation(const QString& code, ReportKind kind) {
-  const Endpoints& endpoints = program_.services.endpoints;
-  const Reply reply = program_.services.inet.open(
-      stationFile(kind == ReportKind::Metar ? endpoints.metar : endpoints.taf, code));
-  if (!reply.ok)
-    return std::nullopt;
-  QString text = reply.text();
-  if (text.startsWith(u'<'))
-    return std::nullopt;
-  return text;
-}
-
-FetchResult DecodeRun::fetchReport(const QString& code, ReportKind kind) {
+FetchResult DecodeRun::fetchReport(StationFiles& files, size_t place, ReportKind kind) {
   Console& console = program_.console;
+  const QString& code = files.codes()[place];
   if (kind == ReportKind::Metar && console.flags.fullLoad) {
     if (console.flags.autoMode || console.flags.groupMode)
       console.appendScreen(u' ' + code);
     console.caretToEnd();
   }
-  const std::optional<QString> response = fetchStation(code, kind);
+  const std::optional<QString> response = files.take(place, kind);
   if (!response)
     return {kind == ReportKind::Metar ? u"      NO OBSERVATION"_s : u"      NO FORECAST"_s, QString(), false};
   StationReport report = layoutReport(*response, kind, program_.record());

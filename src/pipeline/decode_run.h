@@ -4,6 +4,7 @@
 
 #include "pipeline/layout.h"
 #include "pipeline/program.h"
+#include "pipeline/station_files.h"
 
 #include <functional>
 #include <optional>
@@ -46,10 +47,8 @@ class DecodeRun {
   void sequenceFromCycles(const QString& list);
   void commonEnd();
 
-  void decodeStation(const QString& code);
-  FetchResult fetchReport(const QString& code, ReportKind kind);
-  /// The text of a METAR station file, nothing where it was refused or the transfer failed.
-  std::optional<QString> fetchStation(const QString& code, ReportKind kind);
+  void decodeStation(StationFiles& files, size_t place);
+  FetchResult fetchReport(StationFiles& files, size_t place, ReportKind kind);
   void appendTitle(const QString& list);
   void appendGroupOpening(const QString& list);
   void logTaf(const QString& code, const QString& fetchedText);

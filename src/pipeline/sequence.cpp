@@ -35,6 +35,60 @@ size_t filterSlot(quint32 key) {
   return (key * 2654435761U) >> 18;
 }
 
+/// The keys of the lines so far, one behind the other with a blank in front of each; a key is found wherever
+/// it stands in them. Each place is taken into a hash table once for each length of key that is asked for.
+class SeenKeys {
+ public:
+  static constexpr qsizetype longest = 12;
+
+  void add(QStringView key) {
+    text_ += u' ';
+    text_ += key;
+  }
+  bool contains(QStringView key) {
+    Places& places = places_.at(static_cast<size_t>(key.size()));
+    for (; places.next + key.size() <= text_.size(); ++places.next)
+      take(places, key.size());
+    return places.table[slotOf(places, key)] >= 0;
+  }
+
+ private:
+  static constexpr qsizetype none = -1;
+  struct Places {
+    qsizetype next = 0; ///< the first place that is not taken in yet
+    size_t used = 0;
+    std::vector<qsizetype> table = std::vector<qsizetype>(64, none);
+  };
+
+  QStringView at(qsizetype place, qsizetype size) const { return QStringView(text_).sliced(place, size); }
+
+  /// The slot that holds a place of `key`, or a free one.
+  size_t slotOf(const Places& places, QStringView key) const {
+    const size_t mask = places.table.size() - 1;
+    size_t slot = qHash(key, QHashSeed::globalSeed()) & mask;
+    while (places.table[slot] != none && at(places.table[slot], key.size()) != key)
+      slot = (slot + 1) & mask;
+    return slot;
+  }
+  void take(Places& places, qsizetype size) {
+    const size_t slot = slotOf(places, at(places.next, size));
+    if (places.table[slot] != none)
+      return;
+    places.table[slot] = places.next;
+    if (++places.used * 2 < places.table.size())
+      return;
+    const std::vector<qsizetype> former =
+        std::exchange(places.table, std::vector<qsizetype>(places.table.size() * 4, none));
+    for (const qsizetype place : former) {
+      if (place != none)
+        places.table[slotOf(places, at(place, size))] = place;
+    }
+  }
+
+  QString text_;
+  std::array<Places, longest + 1> places_;
+};
+
 QString blockLine(const QString& code, QStringView line, const SettingsRecord& settings, bool latest) {
   QString text = lineHeading(code, line, settings).text;
   if (latest)
@@ -92,6 +146,7 @@ void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
     return;
   const char* const data = text_.constData();
   const qsizetype last = text_.size() - 4;
+  qsizetype end = 0; // of the line of the last hit
   for (qsizetype i = 0; i <= last; ++i) {
     const quint32 key = keyAt(data + i);
     if (!filter.test(filterSlot(key)))
@@ -99,8 +154,10 @@ void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
     const auto hit = wanted.find(key);
     if (hit == wanted.end())
       continue;
-    const qsizetype lf = text_.indexOf('\n', i);
-    const qsizetype end = lf < 0 ? text_.size() : lf;
+    if (end <= i) {
+      const qsizetype lf = text_.indexOf('\n', i);
+      end = lf < 0 ? text_.size() : lf;
+    }
     for (const size_t index : hit->second) {
       // The search goes on behind the line that was taken.
       if (found_[index].empty() || found_[index].back().end <= i)
@@ -131,13 +188,12 @@ std::vector<QString> CycleFile::lines(size_t index) const {
 SequenceBlock sequenceBlock(const QString& code, size_t index, const std::optional<QString>& latestText,
                             const std::vector<int>& hours, const CycleFiles& files,
                             const SettingsRecord& settings, bool& latestShown) {
-  constexpr qsizetype keyLength = 12;
   SequenceBlock block;
   if (!latestText) {
     block.text = crlf + code + u"  NOT FOUND" + crlf;
     return block;
   }
-  QString seenKeys;
+  SeenKeys seenKeys;
   for (size_t h = 0; h < hours.size(); ++h) {
     const QString label = sequenceHourLabel(hours[h], settings);
     const CycleFile* file = files(hours[h]);
@@ -148,10 +204,10 @@ SequenceBlock sequenceBlock(const QString& code, size_t index, const std::option
     }
     bool gaveSomething = false;
     for (const QString& line : file->lines(index)) {
-      const QString key = line.left(keyLength);
+      const QStringView key = QStringView(line).left(SeenKeys::longest);
       if (seenKeys.contains(key))
         continue;
-      seenKeys += u' ' + key;
+      seenKeys.add(key);
       block.text += blockLine(code, line, settings, latestShown) + crlf;
       gaveSomething = true;
     }
@@ -159,7 +215,7 @@ SequenceBlock sequenceBlock(const QString& code, size_t index, const std::option
       block.text += crlf + code + u"  NO DATA AT " + label + crlf;
   }
   const QStringView report = mid1(*latestText, 18);
-  if (!report.isEmpty() && !seenKeys.contains(report.left(keyLength))) {
+  if (!report.isEmpty() && !seenKeys.contains(report.left(SeenKeys::longest))) {
     latestShown = true;
     block.text += blockLine(code, report, settings, true);
   }

@@ -41,7 +41,8 @@ void DecodeRun::sequenceFromCycles(const QString& list) {
   bool latestShown = false;
   const std::vector<int> hours =
       sequenceHours(program_.services.clock.now().time(), program_.record(), program_.systemZoneOffset);
-  const std::vector<QString> codes = codesOf(list);
+  StationFiles stations(program_.services, codesOf(list), false);
+  const std::vector<QString>& codes = stations.codes();
 
   // A file is read once for all stations; one that is missing is looked for again, as it may come meanwhile.
   std::map<int, CycleFile> read;
@@ -59,7 +60,7 @@ void DecodeRun::sequenceFromCycles(const QString& list) {
     rememberWord(console.recentCodes, codes[i]);
     console.staging += (i > 0 ? crlf.toString() : QString()) + u"*** " + codes[i] +
                        u" - SEQUENCE WEATHER OBSERVATION ***" + crlf;
-    const std::optional<QString> latest = fetchStation(codes[i], ReportKind::Metar);
+    const std::optional<QString> latest = stations.take(i, ReportKind::Metar);
     const SequenceBlock block =
         sequenceBlock(codes[i], i, latest, hours, files, program_.record(), latestShown);
     if (block.missingFile)
@@ -100,14 +101,15 @@ void DecodeRun::japaneseRun() {
   console.setBusy(true);
   console.setPanel(2, u"日本語デコード中"_s);
   const QString list = program_.currentInput;
-  const std::vector<QString> codes = codesOf(list);
+  StationFiles files(program_.services, codesOf(list), false);
+  const std::vector<QString>& codes = files.codes();
   for (size_t i = 0; i < codes.size(); ++i) {
     emit console.progress(int(i), int(codes.size()));
     const QString& code = codes[i];
     rememberWord(console.recentCodes, code);
     console.staging += (i > 0 ? crlf.toString() : QString()) + u"*** " + code +
                        u" - JAPANESE TRANSLATION WEATHER OBSERVATION ***" + crlf;
-    const std::optional<QString> response = fetchStation(code, ReportKind::Metar);
+    const std::optional<QString> response = files.take(i, ReportKind::Metar);
     if (!response) {
       console.staging += crlf + code + u"  NOT FOUND" + crlf;
       continue;

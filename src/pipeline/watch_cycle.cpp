@@ -119,13 +119,10 @@ void WatchCycle::networkFailed() {
     console.appendScreen(crlf + u"DISCONNECT NETWORK" + crlf);
     console.caretToEnd();
     console.colourScreenText();
-    Forms& forms = program_.services.forms;
-    if (program_.minimised) {
-      forms.hide(u"taskicon"_s);
-      forms.show(u"taskicon"_s);
-    } else if (program_.settings()[key::切断時メッセージ] == true) {
+    if (program_.minimised)
+      renewTaskIcon();
+    else if (program_.settings()[key::切断時メッセージ] == true)
       alert();
-    }
   }
   console.addLogEntry(u"NETWORK DISCONNECTED"_s);
   console.addLogEntry(u"STANDBY DATA RELOAD"_s);
@@ -147,15 +144,17 @@ void WatchCycle::networkReturned() {
   console.appendScreen(crlf + u"RECONNECT NETWORK" + crlf);
   console.caretToEnd();
   console.colourScreenText();
-  Forms& forms = program_.services.forms;
-  if (program_.minimised) {
-    forms.hide(u"taskicon"_s);
-    forms.show(u"taskicon"_s);
-  }
+  if (program_.minimised)
+    renewTaskIcon();
   console.addLogEntry(u"RECONNECT NETWORK"_s);
-  forms.hide(u"message"_s);
+  program_.services.forms.hide(u"message"_s);
   program_.watchTicks = 0;
   timer_->setEnabled(true);
+}
+
+void WatchCycle::renewTaskIcon() {
+  program_.services.forms.hide(u"taskicon"_s);
+  program_.services.forms.show(u"taskicon"_s);
 }
 
 bool WatchCycle::cycleIsDue() const {

@@ -51,6 +51,8 @@ class WatchCycle {
   void networkFailed();
   void alert();
   void networkReturned();
+  /// The icon in the tray shows the state of the network anew.
+  void renewTaskIcon();
   void cycle();
   bool cycleIsDue() const;
   void announceChanges();

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,12 @@ QString addressIn(const QString& iniFile, const QString& value) {
     return value;
   return QUrl::fromLocalFile(QDir::cleanPath(QFileInfo(iniFile).absolutePath() + u'/' + value))
       .toString(QUrl::FullyEncoded);
+}
+
+int aheadOf(const QString& value) {
+  constexpr double most = 8;
+  const double number = value.toDouble(); // 0 where it is none
+  return std::isfinite(number) ? int(std::clamp(number, 0.0, most)) : 0;
 }
 
 } // namespace
@@ -50,6 +57,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
     const QString value = addressIn(iniFile, ini.value(name).toStringList().join(u','));
     if (QString* const* field = known.constFind(name) == known.cend() ? nullptr : &*known.constFind(name))
       **field = value;
+    else if (name == u"ahead")
+      e.ahead = aheadOf(value);
     else if (name == u"signed")
       e.signedUpdates = ini.value(name).toBool();
     else

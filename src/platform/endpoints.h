@@ -16,6 +16,7 @@ struct Endpoints {
   QString cycles;                 ///< hourly METAR cycle files, with trailing slash
   QString home;                   ///< home page and help, without trailing slash
   QString probe;                  ///< what the network watch asks; empty for the version file of `update`
+  int ahead = 0;                  ///< stations whose reports are on the way ahead of their turn, 0 to 8
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
   QHash<QString, QString> others; ///< hosts of charts and cameras, by key
 

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
+#include <functional>
+#include <memory>
 
 namespace soran {
 
@@ -19,7 +21,17 @@ struct Reply {
   QString text() const;
 };
 
-/// A client that fetches one address at a time. The call waits in the event loop, so keys and ticks are
+/// A transfer that was begun ahead of its need. Destroying it ends it.
+class Transfer {
+ public:
+  virtual ~Transfer() = default;
+
+  /// What it brought; waits in the event loop where it is still under way. Called once. Throws Unwind where
+  /// the program was closed.
+  virtual Reply take() = 0;
+};
+
+/// A client that fetches addresses. open() and Transfer::take() wait in the event loop, so keys and ticks are
 /// served meanwhile.
 class Inet {
  public:
@@ -29,13 +41,20 @@ class Inet {
   /// program was closed during the wait.
   virtual Reply open(const QUrl& url) = 0;
 
+  /// Begins to fetch `url` and returns without waiting. `ended` is called with the reply as soon as that is
+  /// there or failed, which may be inside this call; it destroys no transfer and throws nothing. Only so many
+  /// of these are under way at a time that an open() need not wait for them; the others follow in their
+  /// order.
+  virtual std::unique_ptr<Transfer> begin(const QUrl& url, std::function<void(const Reply&)> ended) = 0;
+
   /// True while a transfer of this client is under way.
   virtual bool stillExecuting() const = 0;
 
-  /// Ends what is open; the wait returns at once with a failed reply.
+  /// Ends what is waited for; the wait returns at once with a failed reply. A transfer for which nobody waits
+  /// yet goes on, as it would be begun later had it not been begun ahead.
   virtual void cancel() = 0;
 
-  /// Seconds after which a transfer that has not ended fails.
+  /// Seconds after which a transfer that has not ended fails, counted from when it is sent.
   virtual void setRequestTimeout(int seconds) = 0;
   virtual int requestTimeout() const = 0;
 };

@@ -7,10 +7,11 @@
 #include <QFileInfo>
 #include <QHostAddress>
 #include <QNetworkProxyFactory>
-#include <QScopeGuard>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -45,8 +46,8 @@ QNetworkRequest requestFor(const QUrl& url) {
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
   request.setMaximumRedirectsAllowed(10);
-  // Requests go out one after the other: multiplexing has nothing to give, and some plain servers stumble
-  // over the upgrade header.
+  // At most a handful of requests are under way: multiplexing has little to give, and some plain servers
+  // stumble over the upgrade header.
   request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
   return request;
 }
@@ -70,6 +71,103 @@ std::shared_ptr<QNetworkAccessManager> makeNetwork() {
   return network;
 }
 
+/// A transfer of one client: queued, under way, or ended with its reply.
+class NetInet::OneTransfer final : public Transfer {
+ public:
+  OneTransfer(NetInet& client, const QUrl& url, std::function<void(const Reply&)> ended = {})
+      : client_(client), url_(url), ended_(std::move(ended)) {
+    client_.transfers_.append(this);
+    QObject::connect(&client_.shutdown_, &Shutdown::closing, &timer_, [this] { abort(); });
+  }
+  ~OneTransfer() override {
+    client_.transfers_.removeOne(this);
+    if (transfer_)
+      transfer_->disconnect();
+  }
+  OneTransfer(const OneTransfer&) = delete;
+  OneTransfer& operator=(const OneTransfer&) = delete;
+
+  bool begunAhead() const { return bool(ended_); }
+  bool sent() const { return sent_; }
+  bool awaited() const { return awaited_; }
+
+  void send() {
+    sent_ = true;
+    if (client_.hook_)
+      client_.hook_(url_);
+    if (reply_)
+      return; // the hook ended it
+    if (url_.isLocalFile() || url_.scheme() == u"qrc")
+      end(client_.readFile(url_));
+    else if (url_.scheme() == u"http" || url_.scheme() == u"https")
+      get();
+    else
+      end({});
+  }
+
+  Reply take() override {
+    client_.shutdown_.check();
+    awaited_ = true;
+    if (!reply_) {
+      QEventLoop loop;
+      loop_ = &loop;
+      loop.exec();
+      loop_ = nullptr;
+    }
+    client_.shutdown_.check();
+    // The loop also ends, without a reply, where the application quits.
+    return reply_ ? *std::exchange(reply_, Reply()) : Reply();
+  }
+
+  void abort() {
+    if (transfer_)
+      transfer_->abort();
+    else
+      end({});
+  }
+
+ private:
+  void get() {
+    transfer_.reset(client_.network_->get(requestFor(url_)));
+    QNetworkReply* const transfer = transfer_.get();
+    QObject::connect(transfer, &QNetworkReply::finished, transfer,
+                     [this] { end(client_.judged(*transfer_)); });
+    QObject::connect(transfer, &QNetworkReply::readyRead, transfer, [this, transfer] {
+      if (transfer->bytesAvailable() > client_.bodyLimit_)
+        transfer->abort();
+    });
+    QObject::connect(&timer_, &QTimer::timeout, transfer, &QNetworkReply::abort);
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.start(std::chrono::seconds(client_.timeout_));
+    if (transfer->isFinished())
+      end(client_.judged(*transfer));
+  }
+
+  void end(Reply reply) {
+    if (reply_)
+      return;
+    timer_.stop();
+    reply_ = std::move(reply);
+    client_.transfers_.removeOne(this);
+    if (loop_)
+      loop_->quit();
+    if (ended_)
+      ended_(*reply_);
+    client_.sendQueued();
+  }
+
+  NetInet& client_;
+  QUrl url_;
+  std::function<void(const Reply&)> ended_;
+  QTimer timer_;
+  std::unique_ptr<QNetworkReply> transfer_;
+  std::optional<Reply> reply_;
+  QEventLoop* loop_ = nullptr; // that of the wait
+  bool sent_ = false;
+  bool awaited_ = false;
+};
+
 NetInet::NetInet(std::shared_ptr<QNetworkAccessManager> network, const Shutdown& shutdown, qint64 bodyLimit)
     : network_(std::move(network)), shutdown_(shutdown), bodyLimit_(bodyLimit) {}
 
@@ -77,21 +175,38 @@ NetInet::~NetInet() = default;
 
 Reply NetInet::open(const QUrl& url) {
   shutdown_.check();
-  if (hook_)
-    hook_(url);
-  Reply reply;
-  if (url.isLocalFile() || url.scheme() == u"qrc")
-    reply = readFile(url);
-  else if (url.scheme() == u"http" || url.scheme() == u"https")
-    reply = fetch(url);
-  shutdown_.check();
-  return reply;
+  OneTransfer transfer(*this, url);
+  transfer.send();
+  return transfer.take();
+}
+
+std::unique_ptr<Transfer> NetInet::begin(const QUrl& url, std::function<void(const Reply&)> ended) {
+  auto transfer = std::make_unique<OneTransfer>(*this, url, std::move(ended));
+  sendQueued();
+  return transfer;
 }
 
 void NetInet::cancel() {
-  const QList<QNetworkReply*> open = transfers_;
-  for (QNetworkReply* transfer : open)
-    transfer->abort();
+  const QList<OneTransfer*> open = transfers_;
+  for (OneTransfer* transfer : open) {
+    if (transfer->awaited())
+      transfer->abort();
+  }
+}
+
+void NetInet::sendQueued() {
+  // The network opens six connections to a host. A transfer handed to it beyond those would wait there with
+  // its time running.
+  constexpr qsizetype mostUnderWay = 5;
+  const auto underWay = [](const OneTransfer* t) { return t->begunAhead() && t->sent(); };
+  while (!shutdown_.requested() &&
+         std::count_if(transfers_.cbegin(), transfers_.cend(), underWay) < mostUnderWay) {
+    const auto next = std::find_if(transfers_.cbegin(), transfers_.cend(),
+                                   [](const OneTransfer* t) { return t->begunAhead() && !t->sent(); });
+    if (next == transfers_.cend())
+      return;
+    (*next)->send();
+  }
 }
 
 Reply NetInet::readFile(const QUrl& url) const {
@@ -106,28 +221,6 @@ Reply NetInet::readFile(const QUrl& url) const {
   if (file.error() != QFileDevice::NoError)
     return {};
   return {true, std::move(body)};
-}
-
-Reply NetInet::fetch(const QUrl& url) {
-  const std::unique_ptr<QNetworkReply> owner(network_->get(requestFor(url)));
-  QNetworkReply* const transfer = owner.get();
-  QEventLoop loop;
-  QTimer timer;
-  timer.setSingleShot(true);
-  timer.setTimerType(Qt::PreciseTimer);
-  QObject::connect(transfer, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-  QObject::connect(&timer, &QTimer::timeout, transfer, &QNetworkReply::abort);
-  QObject::connect(&shutdown_, &Shutdown::closing, transfer, &QNetworkReply::abort);
-  QObject::connect(transfer, &QNetworkReply::readyRead, transfer, [this, transfer] {
-    if (transfer->bytesAvailable() > bodyLimit_)
-      transfer->abort();
-  });
-  timer.start(std::chrono::seconds(timeout_));
-  transfers_.append(transfer);
-  const auto forget = qScopeGuard([this, transfer] { transfers_.removeOne(transfer); });
-  if (!transfer->isFinished())
-    loop.exec();
-  return judged(*transfer);
 }
 
 Reply NetInet::judged(QNetworkReply& transfer) const {

@@ -21,8 +21,8 @@ std::shared_ptr<QNetworkAccessManager> makeNetwork();
 /// The client for http, https and file addresses, and for files compiled into the program (qrc).
 ///
 /// Redirects are followed, at most ten and never from https to http. An error status whose body begins with
-/// "<" is an answer like any other. A file address is read at once, without the event loop. open() may be
-/// called again while another open() of the same client waits; each then has its own transfer.
+/// "<" is an answer like any other. A file address is read at once, without the event loop. open() and
+/// begin() may be called while another wait of the same client goes on; each call has its own transfer.
 class NetInet final : public Inet {
  public:
   static constexpr qint64 largestBody = 64LL * 1024 * 1024;
@@ -35,21 +35,23 @@ class NetInet final : public Inet {
   NetInet& operator=(const NetInet&) = delete;
 
   Reply open(const QUrl& url) override;
+  std::unique_ptr<Transfer> begin(const QUrl& url, std::function<void(const Reply&)> ended) override;
   bool stillExecuting() const override { return !transfers_.isEmpty(); }
 
-  /// Ends all transfers of this client, those of its outer waits included.
+  /// Ends all transfers that are waited for, those of outer waits included.
   void cancel() override;
 
   /// The total time of a transfer in seconds, redirects included; 60 at first, less than 1 counts as 1.
   void setRequestTimeout(int seconds) override { timeout_ = seconds < 1 ? 1 : seconds; }
   int requestTimeout() const override { return timeout_; }
 
-  /// Called with the address of each open() before it is asked; not for redirects.
+  /// Called with the address of each transfer before it is asked; not for redirects.
   void onRequest(std::function<void(const QUrl&)> hook) { hook_ = std::move(hook); }
 
  private:
+  class OneTransfer;
+  void sendQueued();
   Reply readFile(const QUrl& url) const;
-  Reply fetch(const QUrl& url);
   Reply judged(QNetworkReply& transfer) const;
 
   std::shared_ptr<QNetworkAccessManager> network_;
@@ -57,7 +59,7 @@ class NetInet final : public Inet {
   qint64 bodyLimit_;
   int timeout_ = 60;
   std::function<void(const QUrl&)> hook_;
-  QList<QNetworkReply*> transfers_;
+  QList<OneTransfer*> transfers_; // those that have not ended
 };
 
 } // namespace soran

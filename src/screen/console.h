@@ -71,6 +71,8 @@ class Console : public QObject {
   void busyChanged();
   /// `done` of `total` stations of a run are taken over.
   void progress(int done, int total);
+  /// The cycle found new reports, each as the log tells it: "RJTT METAR CHANGED".
+  void newReports(const QStringList& notices);
   void overlayChanged();
   /// Font, size, colours, scroll bar, pad or toolbar follow the settings anew.
   void displaySettingsApplied();

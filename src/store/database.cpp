@@ -13,7 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 [[noreturn]] void fail(sqlite3* handle, const char* what) {
-  throw StoreError(std::string(what) + ": " + (handle ? sqlite3_errmsg(handle) : "no connection"));
+  const std::string text = std::string(what) + ": " + (handle ? sqlite3_errmsg(handle) : "no connection");
+  if (handle && (sqlite3_errcode(handle) & 0xFF) == SQLITE_BUSY)
+    throw StoreBusy(text);
+  throw StoreError(text);
 }
 
 /// The key is the hash of the password. The password is the same everywhere, so stretching it would cost

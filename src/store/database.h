@@ -18,6 +18,12 @@ class StoreError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// Another process holds the file; it is as whole as it was.
+class StoreBusy final : public StoreError {
+ public:
+  using StoreError::StoreError;
+};
+
 /// One encrypted database file. Every operation throws StoreError where it fails.
 class Database {
  public:

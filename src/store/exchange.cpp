@@ -27,7 +27,7 @@ bool isUsersOwn(SettingIndex index) {
 
 QJsonArray rowsJson(const RowSet& rows) {
   QJsonArray list;
-  const QStringList& columns = rows.columns();
+  const QStringList columns = listColumns(rows.table());
   for (int i = 0; i < rows.recordCount(); ++i)
     list.append(QJsonArray{rows.valueAt(i, columns.value(1)).toString(),
                            rows.valueAt(i, columns.value(2)).toString()});

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/json_fields.h"
 
+#include "base/text.h"
+
 #include <QJsonDocument>
 #include <cmath>
 #include <limits>
@@ -9,6 +11,26 @@
 namespace soran {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A date of four, two and two figures, read without the machinery of formats; else none.
+QDate plainDate(QStringView text) {
+  if (text.size() != 10 || text[4] != u'-' || text[7] != u'-')
+    return {};
+  const auto number = [text](qsizetype from, qsizetype to) {
+    int value = 0;
+    for (qsizetype i = from; i < to; ++i) {
+      if (!isAsciiDigit(text[i]))
+        return 0;
+      value = value * 10 + text[i].digitValue();
+    }
+    return value;
+  };
+  return {number(0, 4), number(5, 7), number(8, 10)};
+}
+
+} // namespace
 
 QJsonObject objectOf(const QByteArray& line) {
   QJsonParseError error{};
@@ -24,7 +46,7 @@ QJsonValue Fields::take(const QString& name) {
   const auto found = object_.constFind(name);
   if (found == object_.constEnd())
     throw InputError(u"missing field \""_s + name + u'"');
-  taken_.insert(name);
+  taken_[size_t(found - object_.constBegin())] = true;
   return *found;
 }
 
@@ -94,7 +116,9 @@ QStringList Fields::texts(const QString& name) {
 
 QDate Fields::date(const QString& name) {
   const QString value = text(name);
-  const QDate date = QDate::fromString(value, u"yyyy-MM-dd"_s);
+  QDate date = plainDate(value);
+  if (!date.isValid())
+    date = QDate::fromString(value, u"yyyy-MM-dd"_s);
   if (!date.isValid())
     throw InputError(u"field \""_s + name + u"\" is not a date such as 2026-11-24");
   return date;
@@ -110,7 +134,7 @@ QDateTime Fields::localTime(const QString& name) {
 
 void Fields::finish() const {
   for (auto i = object_.constBegin(); i != object_.constEnd(); ++i) {
-    if (!taken_.contains(i.key()))
+    if (!taken_[size_t(i - object_.constBegin())])
       throw InputError(u"unknown field \""_s + i.key() + u'"');
   }
 }

@@ -7,9 +7,9 @@
 #include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSet>
 #include <optional>
 #include <stdexcept>
+#include <vector>
 
 namespace soran {
 
@@ -30,7 +30,7 @@ QJsonObject objectOf(const QByteArray& line);
 /// that nobody asked for, throws InputError.
 class Fields {
  public:
-  explicit Fields(QJsonObject object) : object_(std::move(object)) {}
+  explicit Fields(QJsonObject object) : object_(std::move(object)), taken_(size_t(object_.size())) {}
 
   bool has(const QString& name) const { return object_.contains(name); }
   QString text(const QString& name);
@@ -55,7 +55,7 @@ class Fields {
   QJsonValue take(const QString& name);
 
   QJsonObject object_;
-  QSet<QString> taken_;
+  std::vector<bool> taken_; ///< of each field, in the order of the object
 };
 
 /// The whole number of a value; throws InputError, naming `name`, where it is none.

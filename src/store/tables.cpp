@@ -5,11 +5,22 @@
 #include "base/files.h"
 
 #include <QFile>
+#include <QScopeGuard>
 #include <cstdio>
 
 namespace soran {
 
 using namespace Qt::StringLiterals;
+
+QStringList listColumns(QStringView table) {
+  if (table == table::飛行場情報 || table == table::自動デコード)
+    return {u"順位"_s, u"ICAOコード"_s, u"飛行場名"_s};
+  if (table == table::カンパニー)
+    return {u"順位"_s, u"id"_s, u"route"_s};
+  if (table == table::気象略語 || table == table::日本語解析)
+    return {u"順位"_s, u"略語"_s, u"意味"_s};
+  return {};
+}
 
 Tables::Tables()
     : sets_{
@@ -46,7 +57,8 @@ void Tables::rewrite(QStringView table, const std::vector<QVariantList>& rows) {
   RowSet* set = byName(table);
   if (!set || !set->isOpen())
     throw StoreError("not open: " + table.toString().toStdString());
-  const QStringList& columns = set->columns();
+  const QStringList known = listColumns(table);
+  const QStringList& columns = known.isEmpty() ? set->columns() : known;
   QStringList quoted;
   for (const QString& column : columns)
     quoted.append(quotedName(column));
@@ -136,6 +148,8 @@ void compactDatabase(const QString& path, const QString& temporary) {
     if (fileExists(stale) && !QFile::remove(stale))
       throw StoreError("cannot delete the stale compacted copy");
   }
+  // On a full disk what there is of the copy would take the last room.
+  const auto removal = qScopeGuard([&temporary] { QFile::remove(temporary); });
   {
     Database database;
     // An attached file is made only where the connection itself may make files.
@@ -144,10 +158,8 @@ void compactDatabase(const QString& path, const QString& temporary) {
     database.query(u"SELECT sqlcipher_export('compacted')"_s);
     database.execute(u"DETACH DATABASE compacted"_s);
   }
-  if (!isWholeDatabase(temporary)) {
-    QFile::remove(temporary);
+  if (!isWholeDatabase(temporary))
     throw StoreError("the compacted copy is not whole");
-  }
   QFile::setPermissions(temporary, QFile::ReadOwner | QFile::WriteOwner);
   // Qt's rename does not replace an existing file; this one does, in one step.
   if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) != 0)

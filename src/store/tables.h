@@ -25,6 +25,10 @@ inline constexpr std::array allTables = {table::飛行場情報, table::自動�
                                          table::気象略語,   table::日本語解析,   table::データ,
                                          table::設定};
 
+/// The columns of a list table that an editor fills, in the order of a rewritten row; empty for another
+/// table. A file made for a newer program may hold further ones.
+QStringList listColumns(QStringView table);
+
 /// The program's database: one connection and its seven row sets, open from the start to the exit.
 class Tables {
  public:
@@ -51,8 +55,8 @@ class Tables {
   const RowSet* byName(QStringView table) const;
 
   /// Replaces all rows of a list table in one transaction and loads it anew: after a failure at any moment
-  /// the file holds the former rows or the new ones. Each row is 順位 (where the table has it) and the other
-  /// columns in their order. Throws StoreError.
+  /// the file holds the former rows or the new ones. Each row holds the columns of
+  /// listColumns(), or all columns of a table that is no list. Throws StoreError.
   void rewrite(QStringView table, const std::vector<QVariantList>& rows);
 
   /// Carries out several changes of the tables as one: where one of them throws, all of them are undone, in

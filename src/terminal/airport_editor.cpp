@@ -66,7 +66,7 @@ void AirportEditor::moveDown() {
 }
 
 void AirportEditor::close() {
-  writeBack([this] { storeAirports(program_.tables, list_.rows()); });
+  writeBack(program_, [this] { storeAirports(program_.tables, list_.rows()); });
 }
 
 } // namespace soran

@@ -80,7 +80,7 @@ void DecodeListEditor::moveDown() {
 }
 
 void DecodeListEditor::close() {
-  writeBack([this] { storeAutoList(program_.tables, target_.rows()); });
+  writeBack(program_, [this] { storeAutoList(program_.tables, target_.rows()); });
 }
 
 } // namespace soran

@@ -178,7 +178,7 @@ void DictionaryEditor::registerPicture(const QByteArray& bytes) {
   changed();
   const QString name = list_.current().first;
   if (confirmed(program_, u"写真を登録しますか？　　"_s))
-    writeBack([&] { storePicture(name); });
+    writeBack(program_, [&] { storePicture(name); });
 }
 
 void DictionaryEditor::storePicture(const QString& name) {
@@ -199,7 +199,7 @@ void DictionaryEditor::close() {
   std::vector<EditedRow> rows = list_.rows();
   std::erase_if(rows, [](const EditedRow& row) { return row.first.isEmpty() && row.second.isEmpty(); });
   const QStringView name = mode_ == DictionaryMode::Phrases ? table::日本語解析 : table::気象略語;
-  writeBack([&] { storeDictionary(program_.tables, name, rows); });
+  writeBack(program_, [&] { storeDictionary(program_.tables, name, rows); });
 }
 
 } // namespace soran

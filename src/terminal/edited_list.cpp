@@ -24,8 +24,9 @@ void tell(Program& program, const QString& text) {
   program.services.dialogs.message(u" 確認"_s, text);
 }
 
-void writeBack(const std::function<void()>& store) {
-  passOver(lcEditors(), "writing a list back", store);
+void writeBack(Program& program, const std::function<void()>& store) {
+  if (!passOver(lcEditors(), "writing a list back", store) && !program.services.shutdown.requested())
+    tell(program, u"保存できませんでした　　"_s);
 }
 
 } // namespace soran

@@ -73,7 +73,8 @@ bool confirmed(Program& program, const QString& text);
 bool confirmedDeletion(Program& program, const QString& what);
 /// Tells the user, under the title of all editors.
 void tell(Program& program, const QString& text);
-/// Writes what an editor holds as it closes; a failure is passed over, and the table then keeps its rows.
-void writeBack(const std::function<void()>& store);
+/// Writes what an editor holds as it closes; a failure is passed over and told, and the table then keeps its
+/// rows.
+void writeBack(Program& program, const std::function<void()>& store);
 
 } // namespace soran

@@ -98,7 +98,7 @@ void GroupEditor::abandon() {
 }
 
 void GroupEditor::close() {
-  writeBack([this] { storeGroups(program_.tables, list_.rows()); });
+  writeBack(program_, [this] { storeGroups(program_.tables, list_.rows()); });
 }
 
 } // namespace soran

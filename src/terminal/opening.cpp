@@ -24,6 +24,15 @@ bool isAnswer(const Reply& reply) {
   return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
 }
 
+/// The first name that no earlier damaged database has; the last one is used again and again.
+QString damagedName(const QString& database) {
+  constexpr int mostKept = 9;
+  QString name = database + u".damaged";
+  for (int i = 2; i <= mostKept && fileExists(name); ++i)
+    name = database + u".damaged" + QString::number(i);
+  return name;
+}
+
 bool replaceFile(const QString& from, const QString& to) {
   return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
@@ -86,15 +95,24 @@ void Opening::fetchMissing() {
 }
 
 bool Opening::openDatabase() {
-  const auto open = [this] {
-    return passOver(lcTerminal(), "opening the database",
-                    [this] { program_.tables.openAllTables(databasePath()); }) &&
+  bool busy = false;
+  const auto open = [this, &busy] {
+    const auto openTables = [this, &busy] {
+      try {
+        program_.tables.openAllTables(databasePath());
+      } catch (const StoreBusy&) {
+        busy = true;
+        throw;
+      }
+    };
+    return passOver(lcTerminal(), "opening the database", openTables) &&
            program_.tables.byName(table::設定)->recordCount() == 1;
   };
   if (open())
     return true;
   program_.tables.closeAll();
-  return restoreDatabase() && open();
+  // A database that another process holds for a while is not to be replaced by an older one.
+  return !busy && restoreDatabase() && open();
 }
 
 QString Opening::restorationSource(const QString& target) {
@@ -122,11 +140,12 @@ bool Opening::restoreDatabase() {
   }
   const QString database = databasePath();
   // What cannot be read today may be mended by hand tomorrow.
+  const QString damaged = damagedName(database);
   if (fileExists(database))
-    replaceFile(database, database + u".damaged");
+    replaceFile(database, damaged);
   // Its journal goes with it: beside the restored file it would be rolled back into that one.
   if (fileExists(database + u"-journal"))
-    replaceFile(database + u"-journal", database + u".damaged-journal");
+    replaceFile(database + u"-journal", damaged + u"-journal");
   if (!replaceFile(database + u".new", database))
     return false;
   QFile::setPermissions(database, QFile::ReadOwner | QFile::WriteOwner);

@@ -36,7 +36,7 @@ TEST_F(WindowTest, FormsOpenAndClose) {
     QStringList labels;
     for (const QLabel* label : form->findChildren<QLabel*>()) {
       labels.append(label->text());
-      EXPECT_FALSE(label->accessibleName().isEmpty()) << label->objectName().toStdString();
+      EXPECT_FALSE(spokenName(label).isEmpty()) << label->objectName().toStdString();
       EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
     }
     for (const QString& text : c.texts)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/look.h"
 #include "desktop/toolbar_frame.h"
+#include "pipeline/change_detector.h"
 #include "printing.h"
 #include "window_fixture.h"
 
@@ -62,10 +63,10 @@ TEST_F(WindowTest, StartShowsBannerAndSettingsAndControlsAreNamed) {
   EXPECT_EQ(screen().palette().color(QPalette::Base), QColor(10, 20, 30));
   EXPECT_EQ(screen().font().pointSize(), 20);
 
-  for (const QString& name : {u"TextBox0"_s, u"TextBox1"_s, u"padlbl"_s, u"Frame"_s, u"StatusBar"_s,
-                              u"Panel1"_s, u"inputURL"_s, u"WebBrowser"_s, u"Line"_s}) {
+  for (const QString& name : {u"TextBox0"_s, u"TextBox1"_s, u"Frame"_s, u"StatusBar"_s, u"Panel1"_s,
+                              u"inputURL"_s, u"WebBrowser"_s, u"Line"_s}) {
     ASSERT_NE(child(name), nullptr) << name.toStdString();
-    EXPECT_FALSE(child(name)->accessibleName().isEmpty()) << name.toStdString();
+    EXPECT_FALSE(spokenName(child(name)).isEmpty()) << name.toStdString();
   }
 }
 
@@ -132,6 +133,26 @@ TEST_F(WindowTest, MenusAndButtonsShowAndRunTheirEntries) {
   EXPECT_TRUE(desktop_->window().popup().menuAction()->isVisible());
   child<QAction>(u"menu_exit")->trigger();
   EXPECT_TRUE(desktop_->view().ended());
+}
+
+// Run on a display too, where the alert is heard over the bus.
+TEST_F(WindowTest, NewReportsAlertAssistiveTechnology) {
+  start();
+  type(u"RJTT"_s);
+  // Keys go over the bus and come back where there is one.
+  ASSERT_TRUE(QTest::qWaitFor([this] { return shown().contains(u"READY"); }));
+  Program& program = desktop_->view().program();
+  program.settings().store(key::自動デコード有効, true);
+  const QWidget* alert = child(u"reportAlert");
+  ASSERT_EQ(QAccessible::queryAccessibleInterface(child(u"reportAlert"))->role(), QAccessible::Notification);
+  checkForChanges(program);
+  EXPECT_EQ(spokenName(alert), QString());
+  server_.setFile(u"/metar/RJTT.TXT"_s, "2026/11/24 05:10\nRJTT 240510Z 16008KT 9999 FEW008 22/18 Q1013\n");
+  checkForChanges(program);
+  EXPECT_EQ(spokenName(alert), u"RJTT SPECI RECEIVED");
+  // A reader on the bus asks what has come up.
+  if (QGuiApplication::platformName() != u"offscreen")
+    QTest::qWait(400);
 }
 
 TEST_F(WindowTest, ProgressShowsForLongListsOnly) {

@@ -175,7 +175,7 @@ TEST_F(SettingsFormViewTest, ShowsEveryControlUnderItsName) {
         EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << widget->objectName().toStdString();
         if (qobject_cast<const QTabBar*>(widget->parent()))
           continue;
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+        EXPECT_FALSE(spokenName(widget).isEmpty()) << widget->objectName().toStdString();
         EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
       }
     }

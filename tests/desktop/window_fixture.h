@@ -7,12 +7,19 @@
 #include "desktop/screen_view.h"
 #include "platform/endpoint_server.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace soran {
+
+/// What screen readers call the widget.
+inline QString spokenName(const QWidget* widget) {
+  const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));
+  return spoken ? spoken->text(QAccessible::Name) : QString();
+}
 
 /// The program with its window against an endpoint of the test's own. No timer ticks by itself.
 class WindowTest : public testing::Test {

@@ -179,6 +179,54 @@ TEST_F(NetInetTest, AnOpenInsideAWaitHasItsOwnAnswer) {
   }
 }
 
+TEST_F(NetInetTest, TheTimeOfATransferBegunAheadCountsFromWhenItIsSent) {
+  server.setHandler(u"/"_s, [](const QUrl& url) { return Answer{.body = url.path().toLatin1()}; });
+  server.setDelivery(u"/"_s, {.delay = 600});
+  server.setDelivery(u"/open"_s, {});
+  inet.setRequestTimeout(1);
+  std::vector<std::unique_ptr<Transfer>> transfers;
+  QStringList ended;
+  for (int i = 0; i < 10; ++i)
+    transfers.push_back(
+        inet.begin(at(u'/' + QString::number(i)), [&](const Reply& reply) { ended.append(reply.text()); }));
+  EXPECT_EQ(inet.open(at(u"/open"_s)).body, "/open");
+  EXPECT_EQ(ended, QStringList()); // those ahead left it a connection
+  EXPECT_EQ(server.requests().size(), 6);
+  for (int i = 9; i >= 0; --i)
+    EXPECT_EQ(transfers[size_t(i)]->take().body, '/' + QByteArray::number(i));
+  EXPECT_EQ(ended.size(), 10);
+  EXPECT_FALSE(inet.stillExecuting());
+}
+
+TEST_F(NetInetTest, WhatIsBegunAheadEndsWithItsWaitItsOwnerOrTheProgram) {
+  server.setFile(u"/silent"_s, report);
+  server.setDelivery(u"/silent"_s, {.delay = 60'000});
+  server.setFile(u"/late"_s, report);
+  server.setDelivery(u"/late"_s, {.delay = 200});
+  QStringList asked;
+  inet.onRequest([&](const QUrl& url) { asked.append(url.path()); });
+  const auto begin = [&](const QString& path) { return inet.begin(at(path), [](const Reply&) {}); };
+  const auto waited = begin(u"/silent"_s);
+  const auto late = begin(u"/late"_s);
+  after(50, [&] { inet.cancel(); });
+  EXPECT_FALSE(waited->take().ok);
+  EXPECT_EQ(late->take().body, report);
+  std::vector<std::unique_ptr<Transfer>> silent;
+  for (int i = 0; i < 8; ++i)
+    silent.push_back(begin(u"/silent"_s));
+  EXPECT_EQ(asked.size(), 2 + 5);
+  // One that is still queued goes unasked.
+  silent.pop_back();
+  after(50, [&] { inet.cancel(); });
+  EXPECT_FALSE(silent.back()->take().ok);
+  EXPECT_EQ(asked.size(), 2 + 5);
+  after(50, [&] { shutdown.request(); });
+  EXPECT_THROW(silent.front()->take(), Unwind);
+  EXPECT_THROW(begin(u"/late"_s)->take(), Unwind);
+  EXPECT_EQ(asked.size(), 2 + 5);
+  EXPECT_FALSE(inet.stillExecuting());
+}
+
 TEST_F(NetInetTest, FortyStationsShareOneConnection) {
   server.setHandler(u"/"_s, [](const QUrl& url) { return Answer{.body = url.path().toLatin1()}; });
   server.setDelivery(u"/"_s, {.delay = 50});

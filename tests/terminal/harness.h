@@ -197,6 +197,12 @@ class ProgramRun {
   QStringList asked_;
 };
 
+/// The bytes of a file, none where it cannot be read.
+inline QByteArray contents(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// The texts of the dialogues since the last call, and the names of forms, sounds and pages.
 inline QStringList textsOf(const QJsonArray& seen) {
   QStringList texts;

@@ -27,11 +27,15 @@ void provideSharedContext() {
 }
 
 // Pages of text need no graphics device, and without one none has to be set up before the program's window.
-void renderInSoftware() {
+// Those with a dark face show it, as the window does.
+void setEngineUp() {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
-  if (!flags.contains("--disable-gpu"))
-    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", flags.append(" --disable-gpu").trimmed());
+  for (const char* flag : {"--disable-gpu", "--blink-settings=preferredColorScheme=0"}) {
+    if (!flags.contains(flag))
+      flags.append(' ').append(flag);
+  }
+  qputenv("QTWEBENGINE_CHROMIUM_FLAGS", flags.trimmed());
 }
 
 void closeDoors(QWebEngineSettings& settings) {
@@ -89,7 +93,7 @@ void WebEnginePage::stop() {
 
 std::unique_ptr<WebPage> WebEngineFactory::make(QWidget* parent) {
   provideSharedContext();
-  renderInSoftware();
+  setEngineUp();
   return std::make_unique<WebEnginePage>(parent);
 }
 

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/start.h"
+
+#include "common/budget.h"
+#include "common/loopback.h"
+#include "delivered.h"
+#include "desktop/desktop.h"
+#include "desktop/screen_view.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <chrono>
+#include <cstdio>
+#include <unistd.h>
+
+namespace soran::bench {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+qint64 monotonic() {
+  return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+/// Notes the first painting of the screen's ground.
+class FirstPaint final : public QObject {
+ public:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (seen == 0 && event->type() == QEvent::Paint && object->objectName() == u"qt_scrollarea_viewport" &&
+        qobject_cast<ScreenView*>(object->parent()))
+      seen = monotonic();
+    return false;
+  }
+  qint64 seen = 0;
+};
+
+} // namespace
+
+int startWindow(const QString& home) {
+  LaunchOptions options;
+  options.home = home;
+  options.demo = true;
+  FirstPaint paint;
+  qApp->installEventFilter(&paint);
+  LoopTimers timers;
+  Launch launch(options, timers, delivered::file);
+  Desktop desktop(launch);
+  if (!desktop.start())
+    return 1;
+  const qint64 ready = monotonic();
+  while (paint.seen == 0)
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  std::printf("%lld %lld %.1f\n", static_cast<long long>(paint.seen), static_cast<long long>(ready),
+              figuresOf(getpid()).peak);
+  std::fflush(stdout);
+  desktop.view().close();
+  return 0;
+}
+
+namespace {
+
+enum class Until { Painted, Ready };
+
+/// In the directory of an earlier run: the very first start stops at a message that the user closes.
+void startDemo(benchmark::State& state, Until until) {
+  QTemporaryDir folder;
+  const QString home = folder.filePath(u"home"_s);
+  QProcess first;
+  first.start(QStringView(SORAN_CLI).toString(), {u"--demo"_s, u"--home"_s, home, u"run"_s, u"CLS"_s});
+  first.waitForFinished();
+  double most = 0;
+  const auto start = [&]() -> double {
+    QProcess process;
+    const qint64 begin = monotonic();
+    process.start(QApplication::applicationFilePath(), {startWord, home});
+    if (!process.waitForFinished(10'000)) {
+      process.kill();
+      process.waitForFinished();
+    }
+    const QList<QByteArray> told = process.readAllStandardOutput().trimmed().split(' ');
+    if (told.size() != 3)
+      return 0;
+    most = std::max(most, told[2].toDouble());
+    return double(told[until == Until::Painted ? 0 : 1].toLongLong() - begin) / 1e9;
+  };
+  for (auto _ : state) {
+    const double seconds = start();
+    if (seconds <= 0) {
+      state.SkipWithError("the window did not come");
+      return;
+    }
+    state.SetIterationTime(seconds);
+  }
+  if (until == Until::Painted)
+    holdTo(state, 400);
+  holdMemory(state, most, 150);
+}
+BENCHMARK_CAPTURE(startDemo, shown, Until::Painted)->UseManualTime()->Iterations(1)->Repetitions(9);
+BENCHMARK_CAPTURE(startDemo, list_shown, Until::Ready)->UseManualTime()->Iterations(1)->Repetitions(9);
+
+} // namespace
+
+} // namespace soran::bench

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// soran-cli as a process on a terminal, from its start to the first prompt.
+
+#include "common/budget.h"
+#include "common/loopback.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QSocketNotifier>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A process on a terminal of its own; this thread's event loop serves its requests meanwhile.
+class OnTerminal {
+ public:
+  explicit OnTerminal(const QStringList& arguments) {
+    std::vector<QByteArray> words{QStringView(SORAN_CLI).toLocal8Bit()};
+    words.reserve(size_t(arguments.size()) + 1);
+    for (const QString& argument : arguments)
+      words.push_back(argument.toLocal8Bit());
+    std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
+    for (QByteArray& word : words)
+      argv.push_back(word.data());
+    argv.push_back(nullptr);
+    pid_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
+    if (pid_ == 0) {
+      setenv("TERM", "xterm", 1);
+      execv(argv[0], argv.data());
+      _exit(127);
+    }
+  }
+  ~OnTerminal() {
+    if (terminal_ >= 0)
+      ::close(terminal_);
+    if (pid_ > 0)
+      waitpid(pid_, nullptr, 0);
+  }
+  OnTerminal(const OnTerminal&) = delete;
+  OnTerminal& operator=(const OnTerminal&) = delete;
+
+  /// Runs the event loop until `text` was written. False after ten seconds, or where the process ended.
+  bool waitFor(const QByteArray& text) {
+    QEventLoop loop;
+    bool seen = false;
+    QSocketNotifier ready(terminal_, QSocketNotifier::Read);
+    QObject::connect(&ready, &QSocketNotifier::activated, &loop, [&] {
+      char buffer[65536];
+      const ssize_t got = ::read(terminal_, buffer, sizeof buffer);
+      if (got > 0)
+        written_.append(buffer, got);
+      seen = written_.contains(text);
+      if (seen || got <= 0)
+        loop.quit();
+    });
+    QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
+    loop.exec();
+    return seen;
+  }
+  void type(const QByteArray& line) const {
+    if (::write(terminal_, line.constData(), size_t(line.size())) < 0)
+      qWarning("the terminal is gone");
+  }
+  pid_t pid() const { return pid_; }
+
+ private:
+  int terminal_ = -1;
+  pid_t pid_ = -1;
+  QByteArray written_;
+};
+
+/// `fresh` for the very first start, which fetches the database; else a directory of an earlier run.
+void startCli(benchmark::State& state, bool fresh) {
+  bench::Loopback endpoint;
+  QTemporaryDir folder;
+  const QString ini = folder.filePath(u"endpoints.ini"_s);
+  endpoint.writeEndpoints(ini);
+  int run = 0;
+  const auto start = [&](double* seconds, double* memory) {
+    const QString home = folder.filePath(u"home"_s + (fresh ? QString::number(++run) : QString()));
+    QElapsedTimer timer;
+    timer.start();
+    OnTerminal cli({u"--home"_s, home, u"--endpoints"_s, ini});
+    if (!cli.waitFor("> "))
+      return false;
+    *seconds = double(timer.nsecsElapsed()) / 1e9;
+    *memory = bench::figuresOf(cli.pid()).peak;
+    cli.type("EXIT\n");
+    cli.waitFor("no such text");
+    return true;
+  };
+  double seconds = 0;
+  double memory = 0;
+  double most = 0;
+  if (!start(&seconds, &memory)) {
+    state.SkipWithError("no prompt");
+    return;
+  }
+  for (auto _ : state) {
+    if (!start(&seconds, &memory)) {
+      state.SkipWithError("no prompt");
+      break;
+    }
+    state.SetIterationTime(seconds);
+    most = std::max(most, memory);
+  }
+  bench::holdTo(state, 150);
+  bench::holdMemory(state, most, 40);
+}
+BENCHMARK_CAPTURE(startCli, first_start, true)->UseManualTime()->Iterations(1)->Repetitions(9);
+BENCHMARK_CAPTURE(startCli, later_start, false)->UseManualTime()->Iterations(1)->Repetitions(9);
+
+} // namespace

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QProxyStyle>
+
+namespace soran {
+
+/// Fusion with frames that stand out on a dark ground (3 to 1 or better for boxes that are ticked) and with
+/// air around the captions of buttons.
+class TerminalStyle : public QProxyStyle {
+  Q_OBJECT
+ public:
+  TerminalStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
+};
+
+} // namespace soran

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/endpoints.h"
+
+#include "base/files.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+TEST(Endpoints, AheadIsANumberWithinItsBounds) {
+  QTemporaryDir folder;
+  const QString ini = folder.filePath(u"endpoints.ini"_s);
+  const struct {
+    const char* line;
+    int ahead;
+  } cases[] = {
+      {"", 2},
+      {"ahead=", 0},
+      {"ahead=0", 0},
+      {"ahead=1", 1},
+      {"ahead= 5 ", 5},
+      {"ahead=8", 8},
+      {"ahead=9", 8},
+      {"ahead=-1", 0},
+      {"ahead=-99999999999", 0},
+      {"ahead=\"4\"", 4},
+      {"ahead=many", 0},
+      {"ahead=nan", 0},
+      {"ahead=99999999999999999999", 8},
+      {"ahead=3,4", 0},
+  };
+  Endpoints before;
+  before.ahead = 2;
+  EXPECT_EQ(Endpoints::builtIn(QString()).ahead, 0);
+  for (const auto& c : cases) {
+    ASSERT_TRUE(writeWhole(ini, QByteArray("[endpoints]\n") + c.line + '\n'));
+    const Endpoints read = before.overriddenBy(ini);
+    EXPECT_EQ(read.ahead, c.ahead) << c.line;
+    EXPECT_TRUE(read.others.isEmpty());
+  }
+}

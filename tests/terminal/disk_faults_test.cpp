@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/airport_editor.h"
+#include "terminal/harness.h"
+#include "turns.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As long as it lives no file takes bytes beyond the first `size`, as on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t size = 0) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit full{size, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
+const QList<Airport> own = {{u"RJXX"_s, u"自分"_s}};
+
+/// A copy of the database in another form.
+QByteArray exported(const World& world, const QString& key) {
+  const QString path = world.folder.filePath(u"exported"_s);
+  QFile::remove(path);
+  Database database;
+  database.open(world.path(u"soran.mdb"_s), Database::Mode::Create);
+  database.execute(u"ATTACH DATABASE ? AS other KEY "_s + key, {path});
+  database.query(u"SELECT sqlcipher_export('other')"_s);
+  database.execute(u"DETACH DATABASE other"_s);
+  return filesBelow(world.folder.path()).value(path);
+}
+
+void prepareOwn(World& world) {
+  world.prepare([](Tables& tables) {
+    storeAirports(tables, {{u"RJXX"_s, u"自分"_s}});
+    tables.settings().store(key::雲高1, 1234);
+  });
+  world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s);
+}
+
+void expectOwn(const World& world) {
+  EXPECT_TRUE(isWholeDatabase(world.path(u"soran.mdb"_s)));
+  world.store([](Tables& tables) {
+    EXPECT_EQ(tables.airportRows(), own);
+    EXPECT_EQ(tables.settings()[key::雲高1], 1234);
+  });
+}
+
+} // namespace
+
+TEST(FullDisk, KeepsWhatWasStoredAndServesReports) {
+  // Full from the start, full from the first prompt on, and full at the exit that compacts.
+  for (const int from : {0, 1, 2}) {
+    SCOPED_TRACE(from);
+    World world;
+    prepareOwn(world);
+    world.store([&](Tables& tables) { tables.settings().store(key::起動回数, from == 2 ? 51 : 7); });
+    world.server.setFile(u"/data/version.dat"_s, "4.31\n9.00\n9.00\n");
+    const auto files = filesBelow(world.home());
+    std::optional<FullDisk> full;
+    if (from == 0)
+      full.emplace();
+    ProgramRun run(world);
+    ASSERT_TRUE(run.start());
+    if (!full)
+      full.emplace(from == 1 ? 0 : 40'000);
+    run.type(u"RJTT"_s);
+    EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 1400I\r\n      240500Z\n"));
+    run.desk.takeSeen();
+    if (from < 2) {
+      EXPECT_FALSE(run.program.settings().store(key::雲高1, 5));
+      EXPECT_EQ(run.program.settings()[key::雲高1], 1234);
+      run.desk.answers = {true};
+      AirportEditor editor(run.program);
+      editor.remove();
+      editor.close();
+      EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs).last(), u"保存できませんでした　　");
+      EXPECT_EQ(run.program.tables.airportRows(), own);
+      run.type(u"SQ RJTT"_s);
+    }
+    run.type(u"EXIT"_s);
+    EXPECT_TRUE(run.view.ended());
+    full.reset();
+    expectOwn(world);
+    EXPECT_FALSE(fileExists(world.path(u"soran_temp.mdb"_s)));
+    if (from == 0) {
+      EXPECT_TRUE(filesBelow(world.home()).value(world.path(u"soran.mdb"_s)) ==
+                  files[world.path(u"soran.mdb"_s)]);
+    }
+  }
+}
+
+TEST(FullDisk, HasNoRoomForTheFirstDatabase) {
+  World world;
+  FullDisk full;
+  ProgramRun run(world);
+  EXPECT_FALSE(run.start());
+  EXPECT_EQ(run.result, Opening::Result::NoDatabase);
+}
+
+TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
+  World world;
+  prepareOwn(world);
+  const QString path = world.path(u"soran.mdb"_s);
+  const QByteArray whole = filesBelow(world.home()).value(path);
+  QFile::copy(path, path + u".bak");
+  int restored = 0;
+  const qsizetype pages = whole.size() / 4096;
+  for (qsizetype page = 0; page < pages; ++page) {
+    SCOPED_TRACE(page);
+    QByteArray flipped = whole;
+    const qsizetype at = page * 4096 + (page * 577) % 4096;
+    flipped[at] = char(flipped[at] ^ (1 << (page % 8)));
+    writeWhole(path, flipped);
+    ProgramRun run(world);
+    ASSERT_TRUE(run.start());
+    EXPECT_EQ(run.program.tables.airportRows(), own);
+    EXPECT_EQ(run.program.settings()[key::雲高1], 1234);
+    if (run.screen().contains(u"DATABASE RESTORED FROM BACKUP\r\n")) {
+      // The first ones are kept for good, each under a name of its own.
+      const QString kept =
+          path + u".damaged" + (restored > 0 ? QString::number(std::min(restored + 1, 9)) : QString());
+      EXPECT_TRUE(filesBelow(world.home()).value(kept) == flipped);
+      ++restored;
+    }
+    run.view.close();
+  }
+  EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
+}
+
+TEST(DamagedDatabase, OfAnotherMakeGivesWayAndIsKept) {
+  World world;
+  prepareOwn(world);
+  const QString path = world.path(u"soran.mdb"_s);
+  const QByteArray foreign[] = {exported(world, u"''"_s), exported(world, u"'another password'"_s)};
+  EXPECT_TRUE(foreign[0].startsWith("SQLite format 3"));
+  EXPECT_FALSE(foreign[1].isEmpty());
+  for (const QByteArray& bytes : foreign) {
+    World other;
+    other.prepare();
+    writeWhole(other.path(u"soran.mdb"_s), bytes);
+    ProgramRun run(other);
+    ASSERT_TRUE(run.start());
+    EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
+    EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == bytes);
+  }
+}
+
+TEST(NewerDatabase, OpensAndTakesTheUsersEdits) {
+  World world;
+  prepareOwn(world);
+  world.store([](Tables& tables) {
+    Database& database = tables.database();
+    database.execute(u"CREATE TABLE 新しい表 (順位 INTEGER)"_s);
+    for (const QStringView table : allTables)
+      database.execute(u"ALTER TABLE "_s + quotedName(table) + u" ADD COLUMN 新しい列 TEXT DEFAULT 'x'");
+  });
+  {
+    ProgramRun run(world);
+    ASSERT_TRUE(run.start());
+    EXPECT_FALSE(run.screen().contains(u"RESTORED"));
+    EXPECT_EQ(run.program.tables.airportRows(), own);
+    storeGroups(run.program.tables, {{u"NEW"_s, u"RJTT"_s}});
+    storeAutoList(run.program.tables, {{u"RJTT"_s, u"羽田"_s}});
+    storeDictionary(run.program.tables, table::日本語解析, {{u"A"_s, u"B"_s}});
+    EXPECT_TRUE(run.program.settings().store(key::雲高1, 99));
+    run.type(u"EXIT"_s);
+  }
+  world.store([](Tables& tables) {
+    EXPECT_EQ(tables.groupRows(), (QList<Group>{{u"NEW"_s, u"RJTT"_s}}));
+    EXPECT_EQ(tables.autoRows(), (QList<Airport>{{u"RJTT"_s, u"羽田"_s}}));
+    EXPECT_EQ(tables.phraseRows(), (QList<DictionaryEntry>{{u"A"_s, u"B"_s}}));
+    EXPECT_EQ(tables.settings()[key::雲高1], 99);
+  });
+}
+
+TEST(BusyDatabase, IsNotTakenForADamagedOne) {
+  World world;
+  prepareOwn(world);
+  QFile::copy(world.path(u"soran.mdb"_s), world.path(u"soran.mdb.bak"_s));
+  {
+    Tables holder;
+    holder.openAllTables(world.path(u"soran.mdb"_s));
+    holder.database().execute(u"BEGIN EXCLUSIVE"_s);
+    ProgramRun run(world);
+    EXPECT_FALSE(run.start());
+    EXPECT_EQ(run.result, Opening::Result::NoDatabase);
+  }
+  EXPECT_FALSE(fileExists(world.path(u"soran.mdb.damaged"_s)));
+  expectOwn(world);
+}
+
+TEST(KilledSettings, AreThoseBeforeOrBehindAWrite) {
+  World world;
+  prepareOwn(world);
+  int written = 0;
+  for (int round = 0; round < 12; ++round) {
+    const pid_t child = fork();
+    if (child == 0) {
+      Tables tables;
+      tables.openAllTables(world.path(u"soran.mdb"_s));
+      for (int n = 1;; ++n) {
+        for (const auto key : {key::雲高1, key::視程1, key::RVR1})
+          tables.settings().set(key, n);
+        tables.settings().update();
+      }
+    }
+    usleep(useconds_t(15'000 + round * 3'111));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    world.store([&](Tables& tables) {
+      EXPECT_EQ(tables.airportRows(), own);
+      const Settings& settings = tables.settings();
+      if (settings[key::雲高1] == 1234)
+        return;
+      EXPECT_EQ(settings[key::視程1], settings[key::雲高1]);
+      EXPECT_EQ(settings[key::RVR1], settings[key::雲高1]);
+      ++written;
+    });
+  }
+  EXPECT_GT(written, 0);
+}
