@@ -50,6 +50,7 @@ endforeach()
 install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES debian/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME soran)
 install(FILES completion/soran-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 get_property(compressed GLOBAL PROPERTY SORAN_COMPRESSED)

@@ -29,7 +29,8 @@ bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate) {
     return false;
   if (isPrivate && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
     return false;
-  if (file.write(bytes) != bytes.size()) {
+  // A small file is written only when the buffer goes, and of an error there the commit tells nothing.
+  if (file.write(bytes) != bytes.size() || !file.flush()) {
     file.cancelWriting();
     return false;
   }

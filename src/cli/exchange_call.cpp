@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/exchange_call.h"
 
+#include "base/file_lock.h"
 #include "base/files.h"
 #include "store/exchange.h"
 #include "store/json_fields.h"
 
 #include <QFile>
-#include <QLockFile>
 
 namespace soran {
 
@@ -18,10 +18,9 @@ namespace {
 /// Runs `work` on the closed program's tables.
 int withTables(const LaunchOptions& options, QIODevice& errors, const std::function<void(Tables&)>& work) {
   const QString directory = programDirectory(options);
-  QLockFile lock(directory + u"/soran.lock");
-  lock.setStaleLockTime(0);
+  FileLock lock(directory + u"/soran.lock");
   try {
-    if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError)
+    if (lock.take() == FileLock::Result::Held)
       throw InputError(u"SORAN はすでに起動しています"_s);
     Tables tables;
     tables.openAllTables(directory + u"/soran.mdb");

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "cli/run.h"
+#include "terminal/hand_over.h"
 #include "terminal/opening.h"
 #include "terminal/picture_lookup.h"
 
@@ -69,9 +70,9 @@ Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, 
 int Interactive::run() {
   if (launch_.demo())
     output_.tell(u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***"_s, Look::Bold);
-  Opening opening(program_);
+  std::optional<Opening> opening(program_);
   try {
-    const Opening::Result result = opening.start();
+    const Opening::Result result = opening->start();
     if (result != Opening::Result::Started)
       return failedStart(static_cast<int>(result));
   } catch (const Unwind&) {
@@ -84,12 +85,16 @@ int Interactive::run() {
   connectConsole();
   output_.tell(u"ENTER A COMMAND OR STATION CODES. EXIT, ESC ESC OR CTRL-D ENDS THE PROGRAM."_s, Look::Dim);
   emit editor_.promptWanted();
-  view_.guarded([&] { view_.start(opening.notice()); });
+  view_.guarded([&] { view_.start(opening->notice()); });
   if (!view_.ended())
     loop.exec();
-  if (view_.updaterRequested())
-    output_.tell(u"THE NEW VERSION IS INSTALLED BY soran-update"_s, Look::Bold);
-  return 0;
+  if (!view_.updaterRequested())
+    return 0;
+  opening.reset(); // the module waits for the program to let go of its directory
+  output_.tell(u"THE UPDATE MODULE TAKES OVER"_s, Look::Bold);
+  handOver(program_.services, launch_.endpointsFile(), HandOver::InPlace);
+  output_.tell(u"THE UPDATE MODULE CANNOT BE STARTED"_s, Look::Bold);
+  return 1;
 }
 
 int Interactive::failedStart(int result) {

@@ -50,7 +50,7 @@ Desktop::~Desktop() {
 
 bool Desktop::open(QString& notice) {
   OpeningForm splash;
-  QTimer::singleShot(splashDelay, &splash, &QWidget::show);
+  QTimer::singleShot(splashDelay, &splash, &OpeningForm::appear);
   connect(&splash, &QDialog::rejected, this, [this] {
     launch_.shutdown().request();
     program_.services.inet.cancel();

@@ -5,6 +5,9 @@
 #include "desktop/look.h"
 #include "ui_opening_form.h"
 
+#include <QApplication>
+#include <QEvent>
+
 namespace soran {
 
 OpeningForm::OpeningForm() : ui_(std::make_unique<Ui::OpeningForm>()) {
@@ -13,5 +16,17 @@ OpeningForm::OpeningForm() : ui_(std::make_unique<Ui::OpeningForm>()) {
 }
 
 OpeningForm::~OpeningForm() = default;
+
+void OpeningForm::appear() {
+  if (!QApplication::activeModalWidget())
+    show();
+}
+
+bool OpeningForm::event(QEvent* event) {
+  // Nobody would find a message behind it.
+  if (event->type() == QEvent::WindowBlocked)
+    hide();
+  return QDialog::event(event);
+}
 
 } // namespace soran

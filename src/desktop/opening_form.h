@@ -18,6 +18,12 @@ class OpeningForm : public QDialog {
   OpeningForm();
   ~OpeningForm() override;
 
+  /// Shows it, unless the user has something to answer.
+  void appear();
+
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   std::unique_ptr<Ui::OpeningForm> ui_;
 };

@@ -72,8 +72,8 @@ bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) 
   // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
   const Reply signature = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
   QFile::remove(local + u".sig");
-  if (isAnswer(signature))
-    writeWhole(local + u".sig", signature.body, true);
+  if (isAnswer(signature) && !writeWhole(local + u".sig", signature.body, true))
+    return false;
   return writeWhole(local, module, true);
 }
 
@@ -91,8 +91,12 @@ void ProgramUpdate::renewModule(float version) {
   const QString module = services_.path(modulePath);
   if (!fetchFile(moduleAddress.toString(), fetched) || !renameOver(fetched, module))
     return;
-  if (!renameOver(fetched + u".sig", module + u".sig"))
+  const bool isSigned = fileExists(fetched + u".sig");
+  if (!renameOver(fetched + u".sig", module + u".sig")) {
     QFile::remove(module + u".sig");
+    if (isSigned)
+      return;
+  }
   passOver(lcUpdate(), "recording the version of the update module", [&] {
     settings.set(key::UPDATEバージョン, double(version));
     settings.set(key::UPDATE更新日, dateText(services_.clock));
@@ -139,10 +143,8 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
   if (!carried)
     return false;
   tables_.closeAll();
-  const QString copy = backup + u".new";
-  QFile::remove(copy);
-  const bool swapped =
-      QFile::copy(database, copy) && renameOver(copy, backup) && renameOver(newFile, database);
+  const QByteArray former = contents(database);
+  const bool swapped = !former.isEmpty() && writeWhole(backup, former, true) && renameOver(newFile, database);
   passOver(lcUpdate(), "opening the database", [&] { tables_.openAllTables(database); });
   return swapped;
 }

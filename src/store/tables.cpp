@@ -143,8 +143,11 @@ bool isWholeDatabase(const QString& path) {
 void compactDatabase(const QString& path, const QString& temporary) {
   if (!fileExists(path))
     throw StoreError("no database to compact");
-  if (fileExists(temporary) && !QFile::remove(temporary))
-    throw StoreError("cannot delete the stale compacted copy");
+  // The journal of a copy that was killed would be rolled back into the new one.
+  for (const QString& stale : {temporary, QString(temporary + u"-journal")}) {
+    if (fileExists(stale) && !QFile::remove(stale))
+      throw StoreError("cannot delete the stale compacted copy");
+  }
   // On a full disk what there is of the copy would take the last room.
   const auto removal = qScopeGuard([&temporary] { QFile::remove(temporary); });
   {

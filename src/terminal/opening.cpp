@@ -43,7 +43,8 @@ Opening::Result Opening::start() {
   const QString& directory = program_.services.directory;
   if (!claimDirectory(directory))
     return Result::NoDirectory;
-  if (!lockInstance()) {
+  // Where the directory cannot be written there is nothing that two instances could spoil.
+  if (lock_.take() == FileLock::Result::Held) {
     program_.services.dialogs.message(u" 確認"_s, u"SORAN はすでに起動しています  "_s);
     return Result::AlreadyRunning;
   }
@@ -64,14 +65,6 @@ Opening::Result Opening::start() {
   renewFiles();
   takeServerAddress();
   return Result::Started;
-}
-
-bool Opening::lockInstance() {
-  lock_ = std::make_unique<QLockFile>(program_.services.path(u"soran.lock"));
-  // Only the end of the process that holds it makes a lock stale.
-  lock_->setStaleLockTime(0);
-  // Where the directory cannot be written there is nothing that two instances could spoil.
-  return lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError;
 }
 
 bool Opening::networkIsThere() {

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/file_lock.h"
 #include "pipeline/program.h"
 #include "store/program_update.h"
 
-#include <QLockFile>
 #include <QTemporaryDir>
 #include <memory>
 
@@ -15,7 +15,8 @@ namespace soran {
 class Opening {
  public:
   explicit Opening(Program& program)
-      : program_(program), update_(program.services, program.tables, program.services.endpoints.update) {}
+      : program_(program), update_(program.services, program.tables, program.services.endpoints.update),
+        lock_(program.services.path(u"soran.lock")) {}
 
   enum class Result {
     Started,        ///< the main window may come up
@@ -32,7 +33,6 @@ class Opening {
   const QString& notice() const { return notice_; }
 
  private:
-  bool lockInstance();
   bool networkIsThere();
   void fetchMissing();
   bool openDatabase();
@@ -47,7 +47,7 @@ class Opening {
 
   Program& program_;
   ProgramUpdate update_;
-  std::unique_ptr<QLockFile> lock_;
+  FileLock lock_;
   std::unique_ptr<QTemporaryDir> spare_; // holds the database where the directory cannot
   QString versionText_;
   QString notice_;

@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QProcess>
 #include <algorithm>
 #include <cstdio>
 
@@ -71,19 +70,18 @@ void complete(UpdateJob& job) {
 }
 
 bool startAgain(const UpdateJob& job, Updater::Outcome outcome) {
-  QProcess process;
-  process.setProgram(job.program);
   QStringList arguments = {u"--home"_s, job.home};
   if (!job.endpointsFile.isEmpty())
     arguments += {u"--endpoints"_s, job.endpointsFile};
-  process.setArguments(arguments);
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.remove(QString::fromLatin1(handOverEndpoints));
   environment.remove(QString::fromLatin1(handOverProgram));
   environment.insert(QString::fromLatin1(updateOutcome),
                      outcome == Updater::Outcome::Failed ? u"failed"_s : u"done"_s);
-  process.setProcessEnvironment(environment);
-  return process.startDetached();
+  const QString inPlace = QString::fromLatin1(handOverInPlace);
+  const HandOver where = environment.contains(inPlace) ? HandOver::InPlace : HandOver::Beside;
+  environment.remove(inPlace);
+  return startProgram(job.program, arguments, environment, where);
 }
 
 } // namespace

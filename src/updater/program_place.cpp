@@ -88,10 +88,10 @@ ProgramPlace::ProgramPlace(const QString& program)
       lock_(directory_ + u"/soran-update.lock") {
   if (program_.isEmpty() || !QFileInfo(program_).isFile())
     throw UpdateError(u"SORAN のプログラムが見つかりません: " + program);
-  lock_.setStaleLockTime(0);
-  if (lock_.tryLock(0))
+  const FileLock::Result lock = lock_.take();
+  if (lock == FileLock::Result::Taken)
     return;
-  if (lock_.error() == QLockFile::LockFailedError)
+  if (lock == FileLock::Result::Held)
     throw UpdateError(u"別の更新が実行中です"_s);
   throw UpdateError(u"プログラムの場所に書き込めないため、更新できません: " + directory_ +
                     u"\nパッケージで導入した SORAN は、パッケージの更新で新しくしてください");

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/file_lock.h"
+
 #include <QByteArray>
 #include <QDir>
-#include <QLockFile>
 #include <QString>
 #include <QStringList>
 
@@ -45,7 +46,7 @@ class ProgramPlace {
 
   QString program_;
   QString directory_;
-  QLockFile lock_;
+  FileLock lock_;
   QStringList staged_;
 };
 

@@ -12,7 +12,6 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <algorithm>
 
 namespace soran {
@@ -44,10 +43,9 @@ Updater::Updater(UpdateJob job, std::function<void(const QString&)> tell)
     : job_(std::move(job)), tell_(std::move(tell)), endpoint_(endpointsOf(job_).update) {}
 
 Updater::Outcome Updater::run() {
-  QLockFile running(homePath(u"soran.lock"));
-  running.setStaleLockTime(0);
-  if (!running.tryLock(job_.waitForEnd)) {
-    const bool held = running.error() == QLockFile::LockFailedError;
+  FileLock running(homePath(u"soran.lock"));
+  if (const FileLock::Result lock = running.take(job_.waitForEnd); lock != FileLock::Result::Taken) {
+    const bool held = lock == FileLock::Result::Held;
     tell_(held ? u"SORAN が終了しないため、更新できません"_s
                : u"プログラムのディレクトリに書き込めないため、更新できません: " + job_.home);
     return held ? Outcome::StillRunning : Outcome::Failed;
@@ -117,6 +115,9 @@ void Updater::refuseOlder(const QString& version) const {
 void Updater::stageFiles(const Manifest& manifest, ProgramPlace& place) {
   const QString folder = manifestPath(job_.system).section(u'/', 0, -2) + u'/';
   for (const ProgramFile& file : manifest.files) {
+    // An update that ended in the middle has brought some of them already.
+    if (place.holds(file.name, file.sha256))
+      continue;
     tell_(u"ダウンロード中: " + file.name);
     const QByteArray bytes = fetch(folder + file.path, file.size, file.name);
     if (bytes.size() != file.size ||

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The built program on a pseudo terminal.
 
+#include "base/files.h"
+
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QProcess>
@@ -46,6 +48,8 @@ class Terminal {
   }
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
+
+  QString home() const { return home_.path(); }
 
   void type(const QByteArray& keys) { ASSERT_EQ(write(master_, keys.constData(), keys.size()), keys.size()); }
 
@@ -168,6 +172,20 @@ TEST(InteractiveTerminal, AsksInTheMiddleOfACommand) {
   terminal.readTo("[y/N] ");
   terminal.signal(SIGTERM);
   EXPECT_EQ(terminal.exitStatus(), 0);
+}
+
+TEST(InteractiveTerminal, HandsOverToTheUpdateModuleOnItsTerminal) {
+  Terminal terminal("");
+  terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
+  terminal.readTo(prompt);
+  const QString module = terminal.home() + u"/update.exe";
+  soran::writeWhole(
+      module, "#!/bin/sh\n[ -t 0 ] && [ ! -e \"${0%/*}/data\" ] && echo MODULE \"$SORAN_PROGRAM\"; exit 5\n");
+  terminal.type("UPDATE\r");
+  terminal.readTo("[y/N] ");
+  terminal.type("y\r");
+  terminal.readTo("MODULE " + program.toUtf8() + "\r\n");
+  EXPECT_EQ(terminal.exitStatus(), 5);
 }
 
 TEST(InteractiveTerminal, EndsCleanlyHoweverItIsEnded) {

@@ -17,6 +17,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// True where a window of that name is shown.
+bool isUp(QStringView name) {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  return std::any_of(windows.begin(), windows.end(), [name](const QWidget* window) {
+    return window->objectName() == name && window->isVisible();
+  });
+}
+
 TEST_F(WindowTest, TypedCodeShowsItsReportsInColour) {
   start();
   QTest::keyClicks(&screen(), u"rjtx"_s);
@@ -188,6 +196,34 @@ TEST_F(WindowTest, EndsCleanlyInTheMiddleOfASlowFetch) {
   }
 }
 
+TEST_F(WindowTest, AMessageOfTheStartStandsBehindNoOtherWindow) {
+  server_.setFile(u"/data/version.dat"_s, "4.31\n0.00\n1.00\n");
+  // The form of the start comes up after a while: behind the message, or before it.
+  for (const int delay : {0, 400}) {
+    QFile::remove(home_.filePath(u"soran.mdb"_s));
+    QFile::remove(home_.filePath(u"soran.mdb.bak"_s));
+    server_.setDelivery(u"/data/soran.mdb"_s, {.delay = delay});
+    makeDesktop();
+    QString text;
+    bool alone = false;
+    QTimer watch;
+    int looks = 0;
+    watch.callOnTimeout([&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!box || ++looks < 10)
+        return;
+      text = box->text();
+      alone = !isUp(u"opening");
+      box->accept();
+    });
+    watch.start(50);
+    EXPECT_TRUE(desktop_->start());
+    EXPECT_EQ(text, u"データベースを初期化しました　　");
+    EXPECT_TRUE(alone) << delay;
+    desktop_.reset();
+  }
+}
+
 TEST_F(WindowTest, CloseDuringTheStartEndsIt) {
   server_.setDelivery(u"/data/version.dat"_s, {.delay = 20000});
   makeDesktop();
@@ -207,7 +243,7 @@ TEST_F(WindowTest, WithoutNetworkTheStartTellsAndEnds) {
   QTimer::singleShot(500, desktop_.get(), [&told] {
     QWidget* form = QApplication::activeModalWidget();
     ASSERT_NE(form, nullptr);
-    told = form->objectName() == u"noconnectmsg";
+    told = form->objectName() == u"noconnectmsg" && !isUp(u"opening");
     QTest::mouseClick(form->findChild<QWidget*>(u"cmdOK"_s), Qt::LeftButton);
   });
   EXPECT_FALSE(desktop_->start());

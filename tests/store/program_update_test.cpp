@@ -6,8 +6,6 @@
 #include "updater/test_key.h"
 #include "updating.h"
 
-#include <QElapsedTimer>
-#include <csignal>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -191,54 +189,6 @@ TEST_F(ProgramUpdateTest, AJournalOfAKilledCopyDoesNotReachTheNewFile) {
   EXPECT_EQ(tables.settings()[key::DBバージョン], 2.0);
   EXPECT_THAT(tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
   EXPECT_FALSE(fileExists(copy + u"-journal"));
-}
-
-TEST_F(ProgramUpdateTest, AKilledRenewalLeavesAWholeDatabaseAndAWholeModule) {
-  // A folder is the endpoint here: the child process has no use for the parent's server.
-  const QString folder = desk.path(u"endpoint"_s);
-  QDir().mkpath(folder + u"/data");
-  writeWhole(folder + u"/data/soran.mdb", newDatabase());
-  const QByteArray module(200'000, 'm');
-  writeWhole(folder + u"/data/update.exe", module);
-  tables.closeAll();
-  const QString address = QUrl::fromLocalFile(folder).toString();
-  const auto renew = [&](float version) {
-    Tables own;
-    own.openAllTables(desk.path(u"soran.mdb"_s));
-    ProgramUpdate own_update(services, own, address);
-    own_update.renewModule(version);
-    own_update.renewDatabase(version);
-  };
-  const auto inChild = [&](float version, qint64 killAfter) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-      renew(version);
-      ::_exit(0);
-    }
-    if (killAfter >= 0) {
-      ::usleep(useconds_t(killAfter));
-      ::kill(child, SIGKILL);
-    }
-    ::waitpid(child, nullptr, 0);
-  };
-  QElapsedTimer timer;
-  timer.start();
-  inChild(2.0F, -1);
-  const qint64 duration = timer.nsecsElapsed() / 1000;
-  constexpr int rounds = 40;
-  for (int round = 0; round < rounds; ++round) {
-    inChild(3.0F + float(round), duration * round / rounds);
-    ASSERT_EQ(desk.bytes(u"update.exe"_s), module);
-    ASSERT_TRUE(isWholeDatabase(desk.path(u"soran.mdb"_s))) << round;
-    Tables reader;
-    reader.openAllTables(desk.path(u"soran.mdb"_s));
-    ASSERT_THAT(reader.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s})) << round;
-    ASSERT_TRUE(isWholeDatabase(desk.path(u"soran.mdb.bak"_s))) << round;
-  }
-  renew(99.0F);
-  tables.openAllTables(desk.path(u"soran.mdb"_s));
-  EXPECT_EQ(tables.settings()[key::DBバージョン], 99.0);
-  EXPECT_EQ(tables.settings()[key::UPDATEバージョン], 99.0);
 }
 
 TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {

@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -105,40 +104,6 @@ TEST_F(TablesTest, AFailedRewriteLeavesTheFormerRows) {
   Tables other;
   other.openAllTables(path);
   EXPECT_EQ(other.airportRows(), before);
-}
-
-TEST_F(TablesTest, AKilledRewriteLeavesTheOldRowsOrTheNewOnes) {
-  tables.closeAll();
-  constexpr int rows = 400;
-  int oldSeen = 0;
-  int newSeen = 0;
-  for (int round = 0; round < 12; ++round) {
-    const pid_t child = fork();
-    if (child == 0) {
-      Tables writer;
-      writer.openAllTables(path);
-      for (int n = 0;; n = 1 - n) {
-        std::vector<QVariantList> list;
-        for (int i = 0; i < rows; ++i)
-          list.push_back({i + 1, u"N%1"_s.arg(n), u"x"_s});
-        writer.rewrite(table::気象略語, list);
-      }
-    }
-    usleep(useconds_t(15000 + round * 3111));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    Tables reader;
-    reader.openAllTables(path);
-    const QList<DictionaryEntry> found = reader.abbreviationRows();
-    if (found.size() != rows) {
-      EXPECT_EQ(found, delivered::abbreviations());
-      continue;
-    }
-    for (const DictionaryEntry& entry : found)
-      ASSERT_EQ(entry.abbreviation, found.first().abbreviation);
-    (found.first().abbreviation == u"N0" ? oldSeen : newSeen)++;
-  }
-  EXPECT_GT(oldSeen + newSeen, 0);
 }
 
 TEST_F(TablesTest, RowSetAddsUpdatesAndKeepsBytes) {

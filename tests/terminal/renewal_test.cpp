@@ -155,7 +155,7 @@ TEST_F(RenewalTest, ADamagedDatabaseIsAnsweredWithTheBackupThenWithTheDelivered)
   writeWhole(database + u"-journal", "what a killed write left");
   ASSERT_EQ(start(), Opening::Result::Started);
   EXPECT_EQ(notice, u"DATABASE RESTORED FROM BACKUP");
-  EXPECT_EQ(desk.bytes(u"soran.mdb.damaged-journal"_s), "what a killed write left");
+  EXPECT_EQ(desk.bytes(u"soran.mdb.damaged2-journal"_s), "what a killed write left");
   program.reset();
   writeWhole(database, "gone");
   QFile::remove(database + u".bak");

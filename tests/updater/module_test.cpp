@@ -4,6 +4,7 @@
 
 #include "platform/endpoint_server.h"
 #include "printing.h"
+#include "terminal/hand_over.h"
 #include "updater/release.h"
 
 #include <QElapsedTimer>
@@ -91,6 +92,18 @@ TEST_F(ModuleTest, UpdatesAndStartsTheNewProgram) {
   const QString log = QString::fromUtf8(bytesOf(installation.home() + u"/update.log"));
   EXPECT_TRUE(log.contains(u"SORAN を Version 4.32 に更新しました"));
   EXPECT_TRUE(errors.contains(u"SORAN を Version 4.32 に更新しました"));
+}
+
+TEST_F(ModuleTest, OnATerminalTheNewProgramTakesItsPlace) {
+  const Release release = Release::of(
+      u"4.32"_s, {{u"soran"_s, "#!/bin/sh\necho \"$SORAN_UPDATE_OUTCOME$SORAN_IN_PLACE $@\"; exit 7\n"}});
+  const QMap<QString, QByteArray> served = release.served(TestKey());
+  for (auto i = served.cbegin(); i != served.cend(); ++i)
+    server.setFile(i.key(), i.value());
+  qputenv(handOverInPlace, "1");
+  EXPECT_EQ(run(testModule, {u"--home"_s, installation.home(), u"--program"_s, program}), 7);
+  qunsetenv(handOverInPlace);
+  EXPECT_EQ(output, u"done --home " + installation.home() + u'\n');
 }
 
 TEST_F(ModuleTest, GivesTheFormerProgramBackWhereTheUpdateFails) {

@@ -6,13 +6,9 @@
 #include "updater/release.h"
 #include "updater/update_error.h"
 
-#include <QElapsedTimer>
 #include <csignal>
 #include <gmock/gmock.h>
-#include <optional>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -80,69 +76,4 @@ TEST_F(ProgramPlaceTest, WritesThroughNoLinkAndOverNoFolder) {
   EXPECT_EQ(bytesOf(other), "kept");
   EXPECT_EQ(now(u"soran"_s), newSoran);
   EXPECT_FALSE(QFileInfo(installation.at(u"soran"_s)).isSymLink());
-}
-
-namespace {
-
-/// Runs `work` in a process of its own and kills it after that many microseconds.
-void killedAfter(qint64 microseconds, const std::function<void()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    work();
-    ::_exit(0);
-  }
-  ::usleep(useconds_t(microseconds));
-  ::kill(child, SIGKILL);
-  ::waitpid(child, nullptr, 0);
-}
-
-} // namespace
-
-TEST_F(ProgramPlaceTest, AKilledUpdateLeavesAWholeProgramAndAWholeDatabase) {
-  // A folder is the endpoint here: the child process has no use for the parent's server.
-  const QString folder = installation.path(u"endpoint"_s);
-  const TestKey key;
-  const auto offer = [&](const QString& version, const QMap<QString, QByteArray>& programs) {
-    const QMap<QString, QByteArray> served = Release::of(version, programs).served(key);
-    for (auto i = served.cbegin(); i != served.cend(); ++i) {
-      QDir().mkpath(QFileInfo(folder + i.key()).path());
-      ASSERT_TRUE(writeWhole(folder + i.key(), i.value()));
-    }
-  };
-  installation.setEndpoint(QUrl::fromLocalFile(folder).toString());
-  const auto update = [&] { return Updater(installation.job(key.publicKey), [](const QString&) {}).run(); };
-
-  // Each round offers what is not in place, and is killed a little later.
-  const QMap<QString, QByteArray> kinds[] = {{{u"soran"_s, newSoran}, {u"soran-cli"_s, newCli}},
-                                             installation.former};
-  offer(u"4.32"_s, kinds[0]);
-  QElapsedTimer timer;
-  timer.start();
-  killedAfter(0, [] {});
-  const pid_t whole = ::fork();
-  if (whole == 0) {
-    update();
-    ::_exit(0);
-  }
-  ::waitpid(whole, nullptr, 0);
-  const qint64 duration = timer.nsecsElapsed() / 1000;
-  ASSERT_EQ(now(u"soran"_s), newSoran);
-
-  constexpr int rounds = 60;
-  int exchanged = 0;
-  for (int round = 0; round < rounds; ++round) {
-    const QMap<QString, QByteArray>& next = kinds[now(u"soran"_s) == newSoran ? 1 : 0];
-    offer(u"4.32"_s, next);
-    killedAfter(duration * round / rounds, [&] { update(); });
-    for (const QString& name : {u"soran"_s, u"soran-cli"_s})
-      ASSERT_TRUE(now(name) == kinds[0][name] || now(name) == kinds[1][name]) << round;
-    ASSERT_TRUE(isWholeDatabase(installation.home() + u"/soran.mdb")) << round;
-    exchanged += now(u"soran"_s) == next[u"soran"_s];
-  }
-  EXPECT_LT(exchanged, rounds);
-  // An update that was killed is in the way of no later one.
-  offer(u"4.33"_s, kinds[0]);
-  update();
-  EXPECT_EQ(now(u"soran"_s), newSoran);
-  EXPECT_EQ(now(u"soran-cli"_s), newCli);
 }

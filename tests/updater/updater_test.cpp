@@ -6,7 +6,6 @@
 #include "printing.h"
 #include "updater/release.h"
 
-#include <QLockFile>
 #include <functional>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -228,17 +227,17 @@ TEST_F(UpdaterTest, SaysSoBeforeADownloadWhereThePlaceCannotBeWritten) {
 }
 
 TEST_F(UpdaterTest, WaitsForTheProgramToEndButNotForEver) {
-  QLockFile running(installation.home() + u"/soran.lock");
-  ASSERT_TRUE(running.tryLock(0));
+  FileLock running(installation.home() + u"/soran.lock");
+  ASSERT_EQ(running.take(), FileLock::Result::Taken);
   EXPECT_EQ(run(), Updater::Outcome::StillRunning);
   EXPECT_EQ(told, u"SORAN が終了しないため、更新できません\n");
   EXPECT_EQ(server.requests(), QStringList());
-  running.unlock();
-  QLockFile other(installation.at(u"soran-update.lock"_s));
-  ASSERT_TRUE(other.tryLock(0));
+  running.release();
+  FileLock other(installation.at(u"soran-update.lock"_s));
+  ASSERT_EQ(other.take(), FileLock::Result::Taken);
   EXPECT_EQ(run(), Updater::Outcome::Failed);
   EXPECT_TRUE(told.startsWith(u"別の更新が実行中です"));
-  other.unlock();
+  other.release();
   EXPECT_EQ(run(), Updater::Outcome::Updated);
 }
 

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/file_lock.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace soran {
+
+namespace {
+
+/// True where the file that is open is still the one of that name.
+bool isThere(int file, const QByteArray& name) {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(file, &opened) == 0 && ::stat(name.constData(), &named) == 0 &&
+         opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+} // namespace
+
+FileLock::Result FileLock::take(int milliseconds) {
+  constexpr std::chrono::milliseconds pause(20);
+  constexpr mode_t ownerOnly = 0600;
+  release();
+  const QByteArray name = QFile::encodeName(path_);
+  const QDeadlineTimer deadline(milliseconds);
+  for (;;) {
+    const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly);
+    if (file < 0)
+      return Result::Impossible;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
+      // Whoever held it may have deleted it meanwhile; another one then locks another file.
+      if (isThere(file, name)) {
+        file_ = file;
+        return Result::Taken;
+      }
+      ::close(file);
+      continue;
+    }
+    const bool held = errno == EWOULDBLOCK || errno == EINTR;
+    ::close(file);
+    if (!held)
+      return Result::Impossible;
+    if (deadline.hasExpired())
+      return Result::Held;
+    std::this_thread::sleep_for(pause);
+  }
+}
+
+void FileLock::release() {
+  if (file_ < 0)
+    return;
+  ::unlink(QFile::encodeName(path_).constData());
+  ::close(file_);
+  file_ = -1;
+}
+
+} // namespace soran
