@@ -5,7 +5,6 @@
 #include "pipeline/layout.h"
 #include "platform/services.h"
 
-#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
