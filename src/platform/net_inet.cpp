@@ -63,6 +63,15 @@ bool shorterThanAnnounced(const QNetworkReply& transfer, qsizetype received) {
          received < announced.toLongLong();
 }
 
+/// Where a connection ends in a body whose length nobody announced (chunked, compressed), it is up to chance
+/// whether Qt calls that an error. Text that is whole ends with a line end, a page with a tag.
+bool endsInTheMiddle(const QNetworkReply& transfer, const QByteArray& body) {
+  const bool chunked = transfer.rawHeader("Transfer-Encoding").toLower().contains("chunked");
+  const QByteArray type = transfer.header(QNetworkRequest::ContentTypeHeader).toByteArray();
+  return (chunked || transfer.hasRawHeader("Content-Encoding")) && type.startsWith("text/") &&
+         !body.isEmpty() && !body.endsWith('\n') && !body.endsWith('>');
+}
+
 } // namespace
 
 std::shared_ptr<QNetworkAccessManager> makeNetwork() {
@@ -233,7 +242,8 @@ Reply NetInet::judged(QNetworkReply& transfer) const {
   const bool errorPage = status >= 400 && body.startsWith('<') && repeatsStatus(transfer.error());
   if (transfer.error() != QNetworkReply::NoError && !errorPage)
     return {};
-  if (body.size() > bodyLimit_ || shorterThanAnnounced(transfer, body.size()))
+  if (body.size() > bodyLimit_ || shorterThanAnnounced(transfer, body.size()) ||
+      endsInTheMiddle(transfer, body))
     return {};
   return {true, std::move(body)};
 }

@@ -17,6 +17,10 @@ struct RunToClose {
   int fewestTurns;
 };
 
+void PrintTo(const RunToClose& run, std::ostream* out) {
+  *out << run.name;
+}
+
 std::function<void(Desktop&, SteppedTimers&)> typing(const QString& line) {
   return [line](Desktop& desktop, SteppedTimers& /*timers*/) {
     QTest::keyClicks(&desktop.window().screen(), line);

@@ -16,6 +16,10 @@ struct RunToClose {
   int fewestTurns; ///< a run that waits less often is none
 };
 
+void PrintTo(const RunToClose& run, std::ostream* out) {
+  *out << run.name;
+}
+
 void typed(ProgramRun& run, const QString& line) {
   run.type(line);
 }
