@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <map>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace soran::bench {
@@ -68,6 +71,13 @@ class Table final : public benchmark::BenchmarkReporter {
   }
 
   void Finalize() override {
+    const std::time_t now = std::time(nullptr);
+    char day[32] = "";
+    std::strftime(day, sizeof day, "%Y-%m-%d %H:%M", std::localtime(&now));
+    double load = 0;
+    if (getloadavg(&load, 1) != 1)
+      load = 0;
+    std::printf("%s, %u processors, load %.1f\n", day, std::thread::hardware_concurrency(), load);
     std::printf("\n| Benchmark | Best | Median | A second | Budget | |\n|---|--:|--:|--:|--:|---|\n");
     for (const Row& row : rows_)
       printRow(row);
