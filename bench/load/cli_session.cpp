@@ -56,7 +56,7 @@ QJsonObject CliSession::readState() {
   QObject::connect(&process_, &QProcess::finished, &loop, look);
   if (!process_.canReadLine())
     loop.exec();
-  const QJsonObject state = QJsonDocument::fromJson(process_.readLine()).object();
+  QJsonObject state = QJsonDocument::fromJson(process_.readLine()).object();
   if (!state.contains(u"event")) {
     std::fprintf(stderr, "soran-load: no state: %s\n",
                  QJsonDocument(state).toJson(QJsonDocument::Compact).constData());

@@ -113,7 +113,7 @@ QStringList gained(const QStringList& before, const QStringList& now) {
 QStringList logOf(const QJsonObject& state) {
   QStringList rows;
   const QJsonArray log = state.value(u"log").toArray();
-  for (const QJsonValue& row : log)
+  for (const auto& row : log)
     rows.append(row.toString());
   return rows;
 }
@@ -132,7 +132,7 @@ void watching(int days) {
   const double before = session.figures().process.memory;
   QMap<QString, QStringList> told;
   for (int minute = 0; minute < days * 24 * 60; ++minute) {
-    reports.now = begin.addSecs(minute * 60);
+    reports.now = begin.addSecs(qint64(minute) * 60);
     const QStringList rows = logOf(session.send({{u"tick"_s, 60}}));
     for (const QString& line : gained(log, rows)) {
       if (line.endsWith(u"CHANGED") || line.endsWith(u"RECEIVED"))

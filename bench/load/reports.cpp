@@ -52,7 +52,7 @@ Reports::Reports(const QStringList& codes, const QDateTime& begin, int days) : n
     std::vector<Report>& reports = reports_[codes[i]];
     for (int hour = 0; hour < (days + 2) * hoursOfDay; ++hour) {
       const auto add = [&](int minute, bool taf, bool amended) {
-        reports.push_back({first.addSecs((hour * 60 + minute) * 60), taf, amended});
+        reports.push_back({first.addSecs((qint64(hour) * 60 + minute) * 60), taf, amended});
       };
       const int turn = int(hour + i * 5) % hoursOfDay;
       add(0, false, false);
