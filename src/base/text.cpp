@@ -17,9 +17,13 @@ double leadingNumber(QStringView text) noexcept {
   double value = 0;
   double divisor = 1;
   bool point = false;
+  // Further digits behind the point tell nothing, and would make the division one of infinity by infinity.
+  constexpr double enough = 1e300;
   for (; i < text.size(); ++i) {
     const QChar c = text[i];
     if (isAsciiDigit(c)) {
+      if (point && std::max(value, divisor) >= enough)
+        continue;
       value = value * 10 + (c.unicode() - u'0');
       if (point)
         divisor *= 10;

@@ -70,6 +70,7 @@ QJsonValue sequence(BatchJob& job) {
   const QJsonObject given = job.fields.object(u"files"_s);
   const QTime now = job.fields.localTime(u"now"_s).time();
   const int zone = job.fields.integer(u"zone"_s);
+  requireShort(zone, u"zone");
   job.fields.finish();
 
   std::map<int, CycleFile> files;

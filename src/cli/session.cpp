@@ -245,8 +245,8 @@ void Session::setSettings(const QJsonObject& values) {
   const auto read = settingValues(values);
   for (const auto& [index, value] : read) {
     const SettingSpec& spec = settingSpecs[static_cast<size_t>(index)];
-    if (spec.type == SettingType::Integer && value.toInt() != static_cast<qint16>(value.toInt()))
-      throw InputError(u"\""_s + spec.column + u"\" is beyond 16 bits");
+    if (spec.type == SettingType::Integer)
+      requireShort(value.toInt(), spec.column);
   }
   for (const auto& [index, value] : read)
     program_.settings().setValue(index, value);

@@ -62,9 +62,11 @@ Import checkedImport(const QByteArray& json) {
   import.settings = settingValues(fields.object(u"settings"_s));
   fields.finish();
   for (const auto& [index, value] : import.settings) {
+    const SettingSpec& spec = settingSpecs[static_cast<size_t>(index)];
     if (!isUsersOwn(index))
-      throw InputError(u"a setting of one installation: "_s +
-                       settingSpecs[static_cast<size_t>(index)].column);
+      throw InputError(u"a setting of one installation: "_s + spec.column);
+    if (spec.type == SettingType::Integer)
+      requireShort(value.toInt(), spec.column);
   }
   return import;
 }
@@ -92,8 +94,12 @@ QByteArray exportedData(const Tables& tables) {
 void importData(Tables& tables, const QByteArray& json) {
   const Import import = checkedImport(json);
   tables.inOneTransaction([&] {
-    for (const auto& [list, rows] : import.lists)
-      storeList(tables, list, rows);
+    for (const auto& [list, rows] : import.lists) {
+      if (list == table::自動デコード)
+        restoreAutoList(tables, rows);
+      else
+        storeList(tables, list, rows);
+    }
     for (const auto& [index, value] : import.settings)
       tables.settings().setValue(index, value);
     tables.settings().update();

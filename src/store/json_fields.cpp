@@ -80,6 +80,11 @@ int wholeNumber(const QJsonValue& value, const QString& name) {
   return static_cast<int>(number);
 }
 
+void requireShort(int number, QStringView name) {
+  if (number != static_cast<qint16>(number))
+    throw InputError(u"\""_s + name + u"\" is beyond 16 bits");
+}
+
 int Fields::integer(const QString& name) {
   return wholeNumber(take(name), name);
 }

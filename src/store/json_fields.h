@@ -61,6 +61,10 @@ class Fields {
 /// The whole number of a value; throws InputError, naming `name`, where it is none.
 int wholeNumber(const QJsonValue& value, const QString& name);
 
+/// Throws InputError, naming `name`, where a number does not fit 16 bits, as the whole numbers that are
+/// stored do.
+void requireShort(int number, QStringView name);
+
 /// The value of a setting as it is stored. Throws InputError where its type is another one.
 QVariant settingValue(SettingIndex index, const QJsonValue& value);
 

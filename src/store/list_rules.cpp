@@ -17,6 +17,12 @@ QString upperText(QStringView text) {
   return asciiUpper(trimBlanks(text));
 }
 
+void rewriteAutoList(Tables& tables, const std::vector<QVariantList>& stored) {
+  tables.rewrite(table::自動デコード, stored);
+  if (stored.empty())
+    tables.settings().store(key::自動デコード有効, false);
+}
+
 } // namespace
 
 void storeAirports(Tables& tables, const std::vector<EditedRow>& rows) {
@@ -39,9 +45,20 @@ void storeAutoList(Tables& tables, const std::vector<EditedRow>& rows) {
     stored.push_back(
         {int(stored.size()) + 1, trimmedText(mid1(shown, 2, 4)), trimmedText(mid1(shown, 7, 99))});
   }
-  tables.rewrite(table::自動デコード, stored);
-  if (stored.empty())
-    tables.settings().store(key::自動デコード有効, false);
+  rewriteAutoList(tables, stored);
+}
+
+void restoreAutoList(Tables& tables, const std::vector<EditedRow>& rows) {
+  constexpr qsizetype codeLength = 4;
+  constexpr qsizetype nameLength = 99;
+  std::vector<QVariantList> stored;
+  for (const auto& [code, name] : rows) {
+    const QString cut = upperText(code).left(codeLength);
+    if (!cut.isEmpty())
+      stored.push_back(
+          {int(stored.size()) + 1, trimmedText(cut), trimmedText(trimmedText(name).left(nameLength))});
+  }
+  rewriteAutoList(tables, stored);
 }
 
 void storeGroups(Tables& tables, const std::vector<EditedRow>& rows) {

@@ -13,6 +13,8 @@ using EditedRow = std::pair<QString, QString>;
 void storeAirports(Tables& tables, const std::vector<EditedRow>& rows);
 /// Turns 自動デコード有効 off where the list is empty.
 void storeAutoList(Tables& tables, const std::vector<EditedRow>& rows);
+/// As storeAutoList, for rows that were stored before: nothing is cut off a name behind a code of one letter.
+void restoreAutoList(Tables& tables, const std::vector<EditedRow>& rows);
 /// A row with an empty cell is dropped; the ranks keep its gap.
 void storeGroups(Tables& tables, const std::vector<EditedRow>& rows);
 /// `table` is 気象略語 or 日本語解析.

@@ -4,6 +4,8 @@
 
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace soran {
 
 template <>
@@ -58,7 +60,9 @@ SettingsRecord SettingsRecord::standard(const QString& computerOffset) {
 }
 
 int SettingsRecord::zoneOffset() const {
-  return leadingInteger((*this)[key::時差].value_or(QString()));
+  // A stored text may hold any number; hours are added to this one.
+  constexpr int most = 99;
+  return std::clamp(leadingInteger((*this)[key::時差].value_or(QString())), -most, most);
 }
 
 std::optional<SettingIndex> settingByColumn(QStringView column) {

@@ -35,7 +35,7 @@ class SettingsRecord {
   const QVariant& value(SettingIndex index) const { return values_[static_cast<size_t>(index)]; }
   void setValue(SettingIndex index, const QVariant& value) { values_[static_cast<size_t>(index)] = value; }
 
-  /// 時差 as a number of hours: "+9" is 9, "±0" is 0.
+  /// 時差 as a number of hours: "+9" is 9, "±0" is 0. At most 99 either way.
   int zoneOffset() const;
 
  private:

@@ -39,6 +39,18 @@ bool replaceFile(const QString& from, const QString& to) {
 
 } // namespace
 
+std::optional<QString> serverAddress(const QString& text) {
+  const QString address = text.trimmed();
+  const QUrl url(address, QUrl::StrictMode);
+  const bool onHost = (url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty();
+  // Names are put behind the address.
+  const bool isBase =
+      !address.contains(u'\n') && !address.endsWith(u'/') && !url.hasQuery() && !url.hasFragment();
+  if ((onHost || url.isLocalFile()) && url.isValid() && isBase)
+    return address;
+  return std::nullopt;
+}
+
 Opening::Result Opening::start() {
   const QString& directory = program_.services.directory;
   if (!claimDirectory(directory))
@@ -177,13 +189,8 @@ void Opening::renewFiles() {
 
 void Opening::takeServerAddress() {
   const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/server.dat"));
-  if (isAnswer(reply)) {
-    const QString address = reply.text().trimmed();
-    const QUrl url(address, QUrl::StrictMode);
-    const bool onHost = (url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty();
-    if ((onHost || url.isLocalFile()) && url.isValid() && !address.contains(u'\n') && !address.endsWith(u'/'))
-      program_.baseUrl = address;
-  }
+  if (const auto address = isAnswer(reply) ? serverAddress(reply.text()) : std::nullopt)
+    program_.baseUrl = *address;
   if (program_.settings()[key::BASEurl] != program_.baseUrl)
     program_.settings().store(key::BASEurl, program_.baseUrl);
 }

@@ -8,8 +8,13 @@
 
 #include <QTemporaryDir>
 #include <memory>
+#include <optional>
 
 namespace soran {
+
+/// The update address that the text of server.dat tells: one of http, https or a folder, without trailing
+/// slash. Nothing where it tells none.
+std::optional<QString> serverAddress(const QString& text);
 
 /// The start of the program: instance lock, network check, directories, missing files, database, versions.
 class Opening {
