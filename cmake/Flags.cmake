@@ -41,6 +41,15 @@ if(SORAN_SANITIZE)
 endif()
 
 if(SORAN_FUZZ)
-  target_compile_options(soran-flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
-  target_link_options(soran-flags INTERFACE -fsanitize=address,undefined)
+  target_compile_options(soran-flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=undefined,float-cast-overflow -fno-omit-frame-pointer)
+  target_link_options(soran-flags INTERFACE -fsanitize=address,undefined,float-cast-overflow)
+  # Half of the compiler's time is headers, and ccache takes precompiled ones only when told so.
+  if(CCACHE)
+    list(INSERT CMAKE_CXX_COMPILER_LAUNCHER 3 CCACHE_SLOPPINESS=pch_defines,time_macros)
+  endif()
+endif()
+
+if(SORAN_COVERAGE)
+  target_compile_options(soran-flags INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(soran-flags INTERFACE --coverage)
 endif()

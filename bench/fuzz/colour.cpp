@@ -5,24 +5,11 @@
 // possible. The first bytes choose the settings, the first two lines behind them are the codes and the group.
 #include "interpret/colouring.h"
 
-#include <QString>
-#include <cstdlib>
+#include "targets.h"
 
-using namespace soran;
+namespace soran::fuzz {
 
 namespace {
-
-void require(bool holds) {
-  if (!holds)
-    std::abort();
-}
-
-QStringView takeLine(QStringView& text) {
-  const qsizetype end = text.indexOf(u'\n');
-  const QStringView line = text.first(end < 0 ? 0 : end);
-  text = text.sliced(end + 1);
-  return line;
-}
 
 SettingsRecord settingsFrom(uint8_t switches, uint8_t limit, uint8_t missing) {
   SettingsRecord settings = SettingsRecord::standard(QStringLiteral("+9"));
@@ -40,30 +27,31 @@ SettingsRecord settingsFrom(uint8_t switches, uint8_t limit, uint8_t missing) {
 void check(QStringView text, const std::vector<AttributeRun>& runs) {
   qsizetype end = 0;
   for (size_t i = 0; i < runs.size(); ++i) {
-    require(runs[i].start == end && runs[i].length > 0);
-    require(i == 0 || runs[i].colour != runs[i - 1].colour || runs[i].bold != runs[i - 1].bold);
+    require(runs[i].start == end && runs[i].length > 0, "each run begins where the last one ends");
+    require(i == 0 || runs[i].colour != runs[i - 1].colour || runs[i].bold != runs[i - 1].bold,
+            "runs are as long as possible");
     end += runs[i].length;
   }
-  require(end == text.size());
+  require(end == text.size(), "the runs cover the text");
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  if (size < 3)
-    return 0;
-  const SettingsRecord settings = settingsFrom(data[0], data[1], data[2]);
-  const QString input =
-      QString::fromUtf8(reinterpret_cast<const char*>(data + 3), static_cast<qsizetype>(size - 3));
-  QStringView text = input;
-  const QStringView codes = takeLine(text);
-  const QStringView group = takeLine(text);
+void colour(QByteArrayView input) {
+  if (input.size() < 3)
+    return;
+  const auto byte = [input](qsizetype i) { return static_cast<uint8_t>(input[i]); };
+  const SettingsRecord settings = settingsFrom(byte(0), byte(1), byte(2));
+  const QString whole = textOf(input.sliced(3));
+  QStringView text = whole;
+  const QStringView codes = takeUntil(text, u'\n');
+  const QStringView group = takeUntil(text, u'\n');
 
   const std::vector<AttributeRun> runs = colourRuns(text, settings, codes, group);
   check(text, runs);
-  // What is coloured once stays as it is.
-  require(colourRuns(text, settings, codes, group, runs) == runs);
+  require(colourRuns(text, settings, codes, group, runs) == runs, "what is coloured once stays as it is");
   const AttributeRun odd[] = {{-1, 9, 7, true}, {text.size() - 2, 9, 8, true}, {text.size() + 5, 1, 9, true}};
   check(text, colourRuns(text, settings, codes, group, odd));
-  return 0;
 }
+
+} // namespace soran::fuzz

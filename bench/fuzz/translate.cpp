@@ -1,26 +1,31 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The first byte chooses the zone, the next five are the time, the rest is the report.
 #include "interpret/translate_report.h"
 
-using namespace soran;
+#include "base/text.h"
+#include "targets.h"
 
-// The first byte chooses code and zone, the next five are the time, the rest is the report.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+namespace soran::fuzz {
+
+void translate(QByteArrayView input) {
   static const Dictionaries tables({{QStringLiteral("RJTT"), QStringLiteral("東京　国際")}},
                                    {{QStringLiteral("RA"), QStringLiteral("雨(Rain)")},
                                     {QStringLiteral("SH"), QStringLiteral("しゅう雨性")}},
                                    {{QStringLiteral("BR"), QStringLiteral("もや")}});
-  constexpr size_t timeLength = 5;
-  if (size < 1 + timeLength)
-    return 0;
-  SettingsRecord settings =
-      SettingsRecord::standard(data[0] % 2 == 0 ? QStringLiteral("+9") : QStringLiteral("-9"));
-  settings.set(key::LOCAL使用, data[0] % 4 < 2);
-  const QString time = QString::fromLatin1(reinterpret_cast<const char*>(data) + 1, timeLength);
-  const QString body = QString::fromUtf8(reinterpret_cast<const char*>(data) + 1 + timeLength,
-                                         static_cast<qsizetype>(size - 1 - timeLength));
+  constexpr qsizetype timeLength = 5;
+  if (input.size() < 1 + timeLength)
+    return;
+  const SettingsRecord settings = settingsIn(input[0] & 2 ? u"-9" : u"+9", static_cast<uint8_t>(input[0]));
+  const QString time = textOf(input.sliced(1, timeLength));
+  const QString body = textOf(input.sliced(1 + timeLength));
   const QString text = TranslateReport(u"RJTT", time, body, settings, tables);
-  if (text != untranslatable && !text.endsWith(u"\r\n"))
-    std::abort();
-  return 0;
+  require(text == untranslatable || text.endsWith(crlf), "the last line is ended");
+  constexpr qsizetype phrase = 400; // more than any group's wording
+  require(text.size() <= phrase * (body.size() + 1), "a group gives a phrase, not a book");
+  require(TranslateReport(u"RJTT", time, body, settings, tables) == text,
+          "the same report is translated the same way");
 }
+
+} // namespace soran::fuzz
