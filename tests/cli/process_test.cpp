@@ -202,10 +202,13 @@ TEST_F(CliTest, SessionReadsAndWritesTables) {
   EXPECT_EQ(row[u"SORANバージョン"], QJsonValue(u"4.31"_s));
   EXPECT_EQ(row[u"バッファ"], QJsonValue(10));
   session.ask(R"({"set": {"時差": "-5", "バッファ": 3, "ポップアップ": false}})");
+  session.ask(R"({"set": {"視程1": -32768, "視程2": 32767, "視程1の色": 16777215}})");
   session.end();
   world.store([](Tables& tables) {
     EXPECT_EQ(tables.settings()[key::時差], u"-5"_s);
     EXPECT_EQ(tables.settings()[key::バッファ], 3);
+    EXPECT_EQ(tables.settings()[key::視程1], -32768);
+    EXPECT_EQ(tables.settings()[key::視程2], 32767);
     EXPECT_EQ(tables.settings()[key::ポップアップ], false);
     EXPECT_EQ(tables.settings()[key::起動回数], 1);
   });
@@ -235,6 +238,8 @@ TEST_F(CliTest, SessionAnswersBadLinesWithAnErrorAlone) {
                                 R"({"set": {"存在しない": 1}})",
                                 R"({"set": {"ポップアップ": 1}})",
                                 R"({"set": {"バッファ": 3, "時差": 9}})",
+                                R"({"set": {"ポップアップ": false, "バッファ": 32768}})",
+                                R"({"set": {"視程1": -32769}})",
                                 R"({"set": []})",
                                 R"({"table": "設定", "rows": []})",
                                 R"({"table": "カンパニー", "rows": [["X"]]})",
@@ -254,7 +259,31 @@ TEST_F(CliTest, SessionAnswersBadLinesWithAnErrorAlone) {
   EXPECT_EQ(last[u"log"], first[u"log"]);
   EXPECT_TRUE(session.ask(R"({"type": "EXIT"})")[u"ended"].toBool());
   EXPECT_EQ(session.end(), 0);
-  world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::バッファ], 10); });
+  world.store([](Tables& tables) {
+    EXPECT_EQ(tables.settings()[key::バッファ], 10);
+    EXPECT_EQ(tables.settings()[key::ポップアップ], true);
+  });
+}
+
+TEST_F(CliTest, SessionReadsTheSettingsAgainWhenTheirFormCloses) {
+  Cli session(with({u"session"_s, u"--runs"_s}));
+  session.receive();
+  const auto base = [](const QJsonObject& state) { return state[u"runs"][0][2].toInt(); };
+  const auto probes = [&session](const QByteArray& seconds) {
+    return !session.ask(R"({"tick": )" + seconds + "}")[u"requests"].toArray().isEmpty();
+  };
+  QJsonObject state = session.ask(R"({"set": {"バッファ": 1, "表示文字の色": 255}})");
+  EXPECT_EQ(base(state), 0xFFFFFF);
+  EXPECT_TRUE(probes("20"));
+  EXPECT_TRUE(probes("20"));
+  state = session.ask(R"({"menu": "menu_option"})");
+  EXPECT_EQ(textsOf(state[u"forms"].toArray()), QStringList{u"opton"_s});
+  EXPECT_EQ(base(state), 255);
+  // The wait that has begun is still the former one.
+  EXPECT_TRUE(probes("20"));
+  EXPECT_FALSE(probes("109"));
+  EXPECT_TRUE(probes("1"));
+  EXPECT_EQ(session.end(), 0);
 }
 
 TEST_F(CliTest, OneInstanceForEachHome) {
