@@ -96,8 +96,12 @@ LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
   // In the other editing mode a single ESC has a meaning of its own. Some systems bind longer sequences that
   // begin with these two, for which the library would wait: they give way.
   constexpr int emacsMode = 1;
-  if (rl_editing_mode == emacsMode)
-    emacs_meta_keymap[escape] = {ISFUNC, Library::end};
+  if (rl_editing_mode == emacsMode) {
+    KEYMAP_ENTRY& twice = emacs_meta_keymap[escape];
+    if (twice.type == ISKMAP)
+      rl_free_keymap(reinterpret_cast<Keymap>(twice.function));
+    twice = {ISFUNC, Library::end};
+  }
   using_history();
   stifle_history(longestHistory);
   rl_prep_terminal(1);
