@@ -302,7 +302,7 @@ TEST_F(MenusTest, EachEntryDependsOnItsConditions) {
                   lost.contains(u"menu_popup_exit"_s));
     else
       EXPECT_EQ(lost, c.entries);
-    EXPECT_EQ(lostButtons, c.buttons);
+    EXPECT_TRUE(std::ranges::equal(lostButtons, c.buttons)); // Qt's own comparison trips over two empty lists
 
     // What is disabled or hidden exists, and does nothing.
     for (const QString& name : lost)
