@@ -32,7 +32,6 @@ const TransportFault faults[] = {
     {.name = "cut in the body", .delivery = {.cutAt = 30}},
     {.name = "cut in a chunk", .delivery = {.chunked = true, .cutAt = 30}},
     {.name = "a page", .body = "<html>Please log in</html>"},
-    {.name = "a page behind a byte order mark", .body = "\xEF\xBB\xBF<html>Please log in</html>"},
     {.name = "an error page", .body = "<html>gone</html>", .status = 503},
     {.name = "an error without a page", .body = "RJTT 240500Z 36010KT", .status = 500},
     {.name = "silence", .delivery = {.delay = 60'000}},
