@@ -44,7 +44,7 @@ void whenWaiting(ProgramRun& run, const std::function<void()>& act) {
 
 } // namespace
 
-TEST(StartStop, FirstStartFetchesWhatIsMissing) {
+TEST(Start, FirstStartFetchesWhatIsMissing) {
   World world;
   ProgramRun run(world);
   ASSERT_TRUE(run.start());
@@ -75,7 +75,7 @@ TEST(StartStop, FirstStartFetchesWhatIsMissing) {
   world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
 }
 
-TEST(StartStop, SecondStartAsksForVersionsAlone) {
+TEST(Start, SecondStartAsksForVersionsAlone) {
   World world;
   ASSERT_TRUE(ProgramRun(world).start());
   for (const QString& name : {u"05.dat"_s, u"23.dat"_s, u"sequence.dat"_s, u"figure.dat"_s})
@@ -88,7 +88,7 @@ TEST(StartStop, SecondStartAsksForVersionsAlone) {
   EXPECT_TRUE(run.desk.takeSeen().dialogs.isEmpty());
 }
 
-TEST(StartStop, TakesAServerAddressOnlyWhereItIsOne) {
+TEST(Start, TakesAServerAddressOnlyWhereItIsOne) {
   const struct {
     QByteArray answer;
     bool taken;
@@ -111,7 +111,7 @@ TEST(StartStop, TakesAServerAddressOnlyWhereItIsOne) {
   }
 }
 
-TEST(StartStop, EndsWithoutTheUpdateEndpoint) {
+TEST(Start, EndsWithoutTheUpdateEndpoint) {
   for (const Answer& answer : {Answer{}, Answer{.body = "<html>"}, Answer{.body = "gone", .status = 500}}) {
     World world;
     world.prepare();
@@ -125,7 +125,7 @@ TEST(StartStop, EndsWithoutTheUpdateEndpoint) {
   }
 }
 
-TEST(StartStop, ComesUpWithoutNetworkWhereAProbeIsSet) {
+TEST(Start, ComesUpWithoutNetworkWhereAProbeIsSet) {
   World world;
   world.prepare();
   world.endpoints.probe = world.endpoints.metar + u"RJTT.TXT";
@@ -143,7 +143,7 @@ TEST(StartStop, ComesUpWithoutNetworkWhereAProbeIsSet) {
   EXPECT_TRUE(run.program.networkAvailable);
 }
 
-TEST(StartStop, NeedsNoUpdateEndpointWhereTheProbeAnswers) {
+TEST(Start, NeedsNoUpdateEndpointWhereTheProbeAnswers) {
   World world;
   world.prepare();
   world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s);
@@ -155,7 +155,7 @@ TEST(StartStop, NeedsNoUpdateEndpointWhereTheProbeAnswers) {
   EXPECT_TRUE(run.program.networkAvailable);
 }
 
-TEST(StartStop, ChecksTheVersionAtActivation) {
+TEST(Start, ChecksTheVersionAtActivation) {
   const Answer newer{.body = "4.32\n1.00\n1.00\n"};
   enum class End { None, Updater, Question, Notice };
   const struct {
@@ -213,7 +213,7 @@ TEST(StartStop, ChecksTheVersionAtActivation) {
   }
 }
 
-TEST(StartStop, WaitsForEnterBehindThePassiveNotice) {
+TEST(Start, WaitsForEnterBehindThePassiveNotice) {
   const QString notice = u"SYSTEM INITIALIZED\r\n\r\nNow you can download a latest version 4.32\r\n"
                          "For download, keep network connection and select menu UPDATE or type 'UPDATE' "
                          "out.\r\n\r\nTo continue, hit ENTER key. \r\n"_s +
@@ -252,7 +252,7 @@ TEST(StartStop, WaitsForEnterBehindThePassiveNotice) {
   }
 }
 
-TEST(StartStop, AutomaticDecodeOffGivesThePromptAtOnce) {
+TEST(Start, AutomaticDecodeOffGivesThePromptAtOnce) {
   const QString text = u"DATABASE CONNECTION COMPLETED\r\nAUTO DECODE SEQUENCE DISABLED\r\n"_s + ready + crlf;
   for (const bool emptyList : {false, true}) {
     World world;
@@ -275,7 +275,7 @@ TEST(StartStop, AutomaticDecodeOffGivesThePromptAtOnce) {
   }
 }
 
-TEST(StartStop, SecondInstanceLeavesTheFirstAlone) {
+TEST(Start, SecondInstanceLeavesTheFirstAlone) {
   World world;
   world.prepare();
   auto first = std::make_unique<ProgramRun>(world);
@@ -292,7 +292,7 @@ TEST(StartStop, SecondInstanceLeavesTheFirstAlone) {
   EXPECT_TRUE(second.start());
 }
 
-TEST(StartStop, RestoresALostDatabase) {
+TEST(Start, RestoresALostDatabase) {
   const QByteArray whole = delivered::file(u"update/data/soran.mdb"_s);
   const struct {
     const char* name;
@@ -337,7 +337,7 @@ TEST(StartStop, RestoresALostDatabase) {
   }
 }
 
-TEST(StartStop, ServesFromAFolderThatCannotBeWritten) {
+TEST(Start, ServesFromAFolderThatCannotBeWritten) {
   for (const bool hasDatabase : {true, false}) {
     World world;
     world.report(u"RJTT"_s, u"05:00"_s, u"240500Z 33010KT"_s);
@@ -375,142 +375,7 @@ TEST(StartStop, ServesFromAFolderThatCannotBeWritten) {
   EXPECT_EQ(run.result, Opening::Result::NoDirectory);
 }
 
-TEST(StartStop, CompactsAtEveryFiftySecondExit) {
-  const struct {
-    int before;
-    int after;
-    bool compacts;
-  } cases[] = {{0, 1, false}, {50, 51, false}, {51, 0, true}};
-  for (const auto& c : cases) {
-    World world;
-    world.prepare([&c](Tables& tables) { tables.settings().store(key::起動回数, c.before); });
-    writeWhole(world.path(u"soran_temp.mdb"_s), "left by an exit that was interrupted");
-    ProgramRun run(world);
-    ASSERT_TRUE(run.start());
-    run.type(u"EXIT"_s);
-    EXPECT_EQ(fileExists(world.path(u"soran_temp.mdb"_s)), !c.compacts);
-    EXPECT_TRUE(isWholeDatabase(world.path(u"soran.mdb"_s)));
-    world.store([&c](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], c.after); });
-  }
-}
-
-TEST(StartStop, EmptiesItsOwnFoldersOnly) {
-  World world;
-  const QString outside = world.folder.filePath(u"outside"_s);
-  QDir().mkpath(outside);
-  writeWhole(outside + u"/kept", "x");
-  const auto runOnce = [&] {
-    ProgramRun run(world);
-    EXPECT_TRUE(run.start());
-    run.type(u"EXIT"_s);
-  };
-  const auto filesIn = [&](const QString& folder) {
-    return QDir(world.path(folder))
-        .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-  };
-  // A directory of somebody else: what lies in its folders stays.
-  for (const QString& folder : {u"data"_s, u"help"_s}) {
-    QDir(world.home()).removeRecursively();
-    QDir().mkpath(world.path(folder));
-    writeWhole(world.path(folder + u"/thesis.txt"), "x");
-    runOnce();
-    EXPECT_EQ(filesIn(folder), QStringList{u"thesis.txt"_s});
-  }
-  // Its own: plain files go, links and folders stay, and nothing behind a link is touched.
-  QDir(world.home()).removeRecursively();
-  runOnce();
-  EXPECT_FALSE(fileExists(world.path(u"data"_s)));
-  QDir().mkpath(world.path(u"data/folder"_s));
-  QDir().mkpath(world.path(u"help"_s));
-  writeWhole(world.path(u"data/.hidden"_s), "x");
-  writeWhole(world.path(u"help/help.html"_s), "x");
-  QFile::link(outside + u"/kept", world.path(u"data/link"_s));
-  QFile::link(outside, world.path(u"data/linked"_s));
-  runOnce();
-  EXPECT_EQ(filesIn(u"data"_s), (QStringList{u"folder"_s, u"link"_s, u"linked"_s}));
-  EXPECT_FALSE(fileExists(world.path(u"help"_s)));
-  QDir(world.path(u"data"_s)).removeRecursively();
-  QFile::link(outside, world.path(u"data"_s));
-  runOnce();
-  EXPECT_EQ(contents(outside + u"/kept"), "x");
-}
-
-TEST(StartStop, CloseBoxTakesThePaneAwayFirst) {
-  World world;
-  world.prepare();
-  ProgramRun run(world);
-  ASSERT_TRUE(run.start());
-  run.type(u"HELP"_s);
-  run.view.closeBox();
-  EXPECT_FALSE(run.view.ended());
-  run.view.closeBox();
-  EXPECT_TRUE(run.view.ended());
-}
-
-TEST(StartStop, CloseInTheMiddleOfAWaitUnwinds) {
-  const auto typed = [](ProgramRun& run, const QString& line) { run.type(line); };
-  const struct {
-    const char* name;
-    QString request;                            ///< the slow one
-    std::function<void(ProgramRun&)> begin;     ///< what leads to it
-    std::function<void(ProgramRun&)> meanwhile; ///< what happens during it
-  } cases[] = {
-      {"run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJTT RJAA RJBB"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"forecast", u"T/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
-       [&](ProgramRun& r) { typed(r, u"\b\b\b\bEXIT"_s); }},
-      {"nested run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
-       [&](ProgramRun& r) {
-         QTimer::singleShot(20, &r.view, [&r] { r.keys(u"\x1B"_s); });
-         r.program.console.setInput({});
-         typed(r, u"TTCC"_s);
-       }},
-      {"probe", u"/data/version.dat"_s, [&](ProgramRun& r) { r.tick(); },
-       [&](ProgramRun& r) { r.view.closeBox(); }},
-      {"cycle", u"M/RJAA"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"cycle file", u"C/05"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"sequence", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"SQ RJTT RJAA"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"update", u"/data/version.dat"_s, [&](ProgramRun& r) { typed(r, u"UPDATE"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-  };
-  for (size_t i = 0; i < 2 * std::size(cases); ++i) {
-    const auto& c = cases[i / 2];
-    SCOPED_TRACE(c.name);
-    World world;
-    world.endpoints.ahead = i % 2 ? 8 : 0;
-    world.prepare();
-    for (const QString& code : {u"RJTT"_s, u"RJAA"_s, u"RJCC"_s})
-      world.report(code, u"05:00"_s, u"240500Z"_s);
-    ProgramRun run(world);
-    ASSERT_TRUE(run.start());
-    world.server.setDelivery(u"/"_s, {});
-    QString atClose;
-    run.onRequest = [&](const QString& name) {
-      if (name != c.request)
-        return;
-      run.onRequest = [](const QString&) {};
-      world.server.setDelivery(u"/"_s, {.delay = 5'000});
-      QTimer::singleShot(20, &run.view, [&] {
-        c.meanwhile(run);
-        if (run.view.ended())
-          atClose = run.screen();
-      });
-    };
-    QElapsedTimer time;
-    time.start();
-    c.begin(run);
-    EXPECT_LT(time.elapsed(), 1000);
-    EXPECT_TRUE(run.view.ended());
-    EXPECT_EQ(run.screen(), atClose);
-    EXPECT_FALSE(run.program.tables.database().isOpen());
-    EXPECT_FALSE(fileExists(world.path(u"data"_s)));
-    run.tick(30);
-    world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
-  }
-}
-
-TEST(StartStop, CloseDuringTheFirstActivationUnwinds) {
+TEST(Start, CloseDuringTheFirstActivationUnwinds) {
   World world;
   world.prepare();
   serveVersions(world, {.body = "4.32\n"});

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/harness.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+TEST(Stop, CompactsAtEveryFiftySecondExit) {
+  const struct {
+    int before;
+    int after;
+    bool compacts;
+  } cases[] = {{0, 1, false}, {50, 51, false}, {51, 0, true}};
+  for (const auto& c : cases) {
+    World world;
+    world.prepare([&c](Tables& tables) { tables.settings().store(key::起動回数, c.before); });
+    writeWhole(world.path(u"soran_temp.mdb"_s), "left by an exit that was interrupted");
+    ProgramRun run(world);
+    ASSERT_TRUE(run.start());
+    run.type(u"EXIT"_s);
+    EXPECT_EQ(fileExists(world.path(u"soran_temp.mdb"_s)), !c.compacts);
+    EXPECT_TRUE(isWholeDatabase(world.path(u"soran.mdb"_s)));
+    world.store([&c](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], c.after); });
+  }
+}
+
+TEST(Stop, EmptiesItsOwnFoldersOnly) {
+  World world;
+  const QString outside = world.folder.filePath(u"outside"_s);
+  QDir().mkpath(outside);
+  writeWhole(outside + u"/kept", "x");
+  const auto runOnce = [&] {
+    ProgramRun run(world);
+    EXPECT_TRUE(run.start());
+    run.type(u"EXIT"_s);
+  };
+  const auto filesIn = [&](const QString& folder) {
+    return QDir(world.path(folder))
+        .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+  };
+  // A directory of somebody else: what lies in its folders stays.
+  for (const QString& folder : {u"data"_s, u"help"_s}) {
+    QDir(world.home()).removeRecursively();
+    QDir().mkpath(world.path(folder));
+    writeWhole(world.path(folder + u"/thesis.txt"), "x");
+    runOnce();
+    EXPECT_EQ(filesIn(folder), QStringList{u"thesis.txt"_s});
+  }
+  // Its own: plain files go, links and folders stay, and nothing behind a link is touched.
+  QDir(world.home()).removeRecursively();
+  runOnce();
+  EXPECT_FALSE(fileExists(world.path(u"data"_s)));
+  QDir().mkpath(world.path(u"data/folder"_s));
+  QDir().mkpath(world.path(u"help"_s));
+  writeWhole(world.path(u"data/.hidden"_s), "x");
+  writeWhole(world.path(u"help/help.html"_s), "x");
+  QFile::link(outside + u"/kept", world.path(u"data/link"_s));
+  QFile::link(outside, world.path(u"data/linked"_s));
+  runOnce();
+  EXPECT_EQ(filesIn(u"data"_s), (QStringList{u"folder"_s, u"link"_s, u"linked"_s}));
+  EXPECT_FALSE(fileExists(world.path(u"help"_s)));
+  QDir(world.path(u"data"_s)).removeRecursively();
+  QFile::link(outside, world.path(u"data"_s));
+  runOnce();
+  EXPECT_EQ(contents(outside + u"/kept"), "x");
+}
+
+TEST(Stop, CloseBoxTakesThePaneAwayFirst) {
+  World world;
+  world.prepare();
+  ProgramRun run(world);
+  ASSERT_TRUE(run.start());
+  run.type(u"HELP"_s);
+  run.view.closeBox();
+  EXPECT_FALSE(run.view.ended());
+  run.view.closeBox();
+  EXPECT_TRUE(run.view.ended());
+}
+
+TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
+  const auto typed = [](ProgramRun& run, const QString& line) { run.type(line); };
+  const struct {
+    const char* name;
+    QString request;                            ///< the slow one
+    std::function<void(ProgramRun&)> begin;     ///< what leads to it
+    std::function<void(ProgramRun&)> meanwhile; ///< what happens during it
+  } cases[] = {
+      {"run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJTT RJAA RJBB"_s); },
+       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
+      {"forecast", u"T/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
+       [&](ProgramRun& r) { typed(r, u"\b\b\b\bEXIT"_s); }},
+      {"nested run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
+       [&](ProgramRun& r) {
+         QTimer::singleShot(20, &r.view, [&r] { r.keys(u"\x1B"_s); });
+         r.program.console.setInput({});
+         typed(r, u"TTCC"_s);
+       }},
+      {"probe", u"/data/version.dat"_s, [&](ProgramRun& r) { r.tick(); },
+       [&](ProgramRun& r) { r.view.closeBox(); }},
+      {"cycle", u"M/RJAA"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
+      {"cycle file", u"C/05"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
+      {"sequence", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"SQ RJTT RJAA"_s); },
+       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
+      {"update", u"/data/version.dat"_s, [&](ProgramRun& r) { typed(r, u"UPDATE"_s); },
+       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
+  };
+  for (size_t i = 0; i < 2 * std::size(cases); ++i) {
+    const auto& c = cases[i / 2];
+    SCOPED_TRACE(c.name);
+    World world;
+    world.endpoints.ahead = i % 2 ? 8 : 0;
+    world.prepare();
+    for (const QString& code : {u"RJTT"_s, u"RJAA"_s, u"RJCC"_s})
+      world.report(code, u"05:00"_s, u"240500Z"_s);
+    ProgramRun run(world);
+    ASSERT_TRUE(run.start());
+    world.server.setDelivery(u"/"_s, {});
+    QString atClose;
+    run.onRequest = [&](const QString& name) {
+      if (name != c.request)
+        return;
+      run.onRequest = [](const QString&) {};
+      world.server.setDelivery(u"/"_s, {.delay = 5'000});
+      QTimer::singleShot(20, &run.view, [&] {
+        c.meanwhile(run);
+        if (run.view.ended())
+          atClose = run.screen();
+      });
+    };
+    QElapsedTimer time;
+    time.start();
+    c.begin(run);
+    EXPECT_LT(time.elapsed(), 1000);
+    EXPECT_TRUE(run.view.ended());
+    EXPECT_EQ(run.screen(), atClose);
+    EXPECT_FALSE(run.program.tables.database().isOpen());
+    EXPECT_FALSE(fileExists(world.path(u"data"_s)));
+    run.tick(30);
+    world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
+  }
+}
