@@ -24,6 +24,18 @@ bool isThere(int file, const QByteArray& name) {
          opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
 }
 
+/// Locks the open file without waiting. Some network folders know only the locks of the second kind.
+bool lockNow(int file) {
+  if (::flock(file, LOCK_EX | LOCK_NB) == 0)
+    return true;
+  if (errno == EWOULDBLOCK || errno == EINTR)
+    return false;
+  struct flock whole {};
+  whole.l_type = F_WRLCK;
+  whole.l_whence = SEEK_SET;
+  return ::fcntl(file, F_OFD_SETLK, &whole) == 0;
+}
+
 } // namespace
 
 FileLock::Result FileLock::take(int milliseconds) {
@@ -32,24 +44,22 @@ FileLock::Result FileLock::take(int milliseconds) {
   release();
   const QByteArray name = QFile::encodeName(path_);
   const QDeadlineTimer deadline(milliseconds);
+  int tries = 3; // at least: one that lets go may be between its two steps
   for (;;) {
     const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly);
     if (file < 0)
       return Result::Impossible;
-    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
-      // Whoever held it may have deleted it meanwhile; another one then locks another file.
-      if (isThere(file, name)) {
-        file_ = file;
-        return Result::Taken;
-      }
-      ::close(file);
-      continue;
+    const bool locked = lockNow(file);
+    const bool held = locked || errno == EWOULDBLOCK || errno == EAGAIN || errno == EACCES || errno == EINTR;
+    // Whoever held it may have deleted it meanwhile; another one then locks another file.
+    if (locked && isThere(file, name)) {
+      file_ = file;
+      return Result::Taken;
     }
-    const bool held = errno == EWOULDBLOCK || errno == EINTR;
     ::close(file);
     if (!held)
       return Result::Impossible;
-    if (deadline.hasExpired())
+    if (deadline.hasExpired() && --tries <= 0)
       return Result::Held;
     std::this_thread::sleep_for(pause);
   }
@@ -58,7 +68,9 @@ FileLock::Result FileLock::take(int milliseconds) {
 void FileLock::release() {
   if (file_ < 0)
     return;
-  ::unlink(QFile::encodeName(path_).constData());
+  const QByteArray name = QFile::encodeName(path_);
+  if (isThere(file_, name))
+    ::unlink(name.constData());
   ::close(file_);
   file_ = -1;
 }

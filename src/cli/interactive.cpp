@@ -92,6 +92,7 @@ int Interactive::run() {
     return 0;
   opening.reset(); // the module waits for the program to let go of its directory
   output_.tell(u"THE UPDATE MODULE TAKES OVER"_s, Look::Bold);
+  editor_.release();
   handOver(program_.services, launch_.endpointsFile(), HandOver::InPlace);
   output_.tell(u"THE UPDATE MODULE CANNOT BE STARTED"_s, Look::Bold);
   return 1;

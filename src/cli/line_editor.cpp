@@ -110,11 +110,15 @@ LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
 }
 
 LineEditor::~LineEditor() {
+  release();
+  active = nullptr;
+}
+
+void LineEditor::release() {
   stop();
   qInstallMessageHandler(nullptr);
   rl_deprep_terminal();
   std::fflush(stdout);
-  active = nullptr;
 }
 
 void LineEditor::stop() {

@@ -47,6 +47,9 @@ class LineEditor final : public QObject {
   /// Takes the prompt away for good, the typed line staying where it is.
   void stop();
 
+  /// Gives the terminal back as it was found, behind a stop; for a program that follows in this one's place.
+  void release();
+
   /// Adds a line to the history.
   static void remember(const QString& line);
 

@@ -60,7 +60,7 @@ class Comparison {
  private:
   std::optional<QString> fetch(const QString& base, const QString& code) {
     const Reply reply = program_.services.inet.open(stationFile(base, code));
-    return reply.ok ? std::optional(reply.text()) : std::nullopt;
+    return reply.isWhole() ? std::optional(reply.text()) : std::nullopt;
   }
 
   /// Stores the response's stamp where it is a new one. The table may have been rebuilt during the wait.

@@ -19,7 +19,7 @@ void download(Program& program, int utcHour) {
   const QUrl url(program.services.endpoints.cycles + twoDigits(utcHour) + u"Z.TXT");
   const Reply reply = program.services.inet2.open(url);
   // A transfer that failed must not leave another hour's text under this one's name.
-  if (!reply.ok) {
+  if (!reply.isWhole()) {
     qCWarning(lcCycles) << "passed over: cycle file" << utcHour;
     return;
   }

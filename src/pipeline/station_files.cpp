@@ -11,7 +11,7 @@ namespace {
 /// Nothing where the transfer failed or brought a page.
 std::optional<QString> reportIn(const Reply& reply) {
   const QString text = reply.text();
-  return reply.ok && !text.startsWith(u'<') ? std::optional(text) : std::nullopt;
+  return reply.isWhole() && !text.startsWith(u'<') ? std::optional(text) : std::nullopt;
 }
 
 } // namespace

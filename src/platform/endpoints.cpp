@@ -26,7 +26,7 @@ QString addressIn(const QString& iniFile, const QString& value) {
 int aheadOf(const QString& value) {
   constexpr double most = 8;
   const double number = value.toDouble(); // 0 where it is none
-  return std::isfinite(number) ? int(std::clamp(number, 0.0, most)) : 0;
+  return std::isnan(number) ? 0 : int(std::clamp(number, 0.0, most));
 }
 
 } // namespace

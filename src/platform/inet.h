@@ -16,6 +16,12 @@ struct Reply {
   /// error status without an HTML page. The body is then empty.
   bool ok = false;
   QByteArray body;
+  /// The transfer ended well as far as it tells, but in the middle of a line, and nobody announced its
+  /// length.
+  bool mayBeCut = false;
+
+  /// An answer that is no stump of a file of lines.
+  bool isWhole() const { return ok && !mayBeCut; }
 
   /// The body as text: UTF-8 where it is valid, else Latin-1.
   QString text() const;

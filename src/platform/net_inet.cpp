@@ -117,6 +117,9 @@ class NetInet::OneTransfer final : public Transfer {
   Reply take() override {
     client_.shutdown_.check();
     awaited_ = true;
+    // What is waited for stands behind nothing.
+    if (!sent_)
+      send();
     if (!reply_) {
       QEventLoop loop;
       loop_ = &loop;
@@ -242,10 +245,10 @@ Reply NetInet::judged(QNetworkReply& transfer) const {
   const bool errorPage = status >= 400 && body.startsWith('<') && repeatsStatus(transfer.error());
   if (transfer.error() != QNetworkReply::NoError && !errorPage)
     return {};
-  if (body.size() > bodyLimit_ || shorterThanAnnounced(transfer, body.size()) ||
-      endsInTheMiddle(transfer, body))
+  if (body.size() > bodyLimit_ || shorterThanAnnounced(transfer, body.size()))
     return {};
-  return {true, std::move(body)};
+  const bool mayBeCut = endsInTheMiddle(transfer, body);
+  return {true, std::move(body), mayBeCut};
 }
 
 } // namespace soran

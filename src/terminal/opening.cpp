@@ -28,7 +28,8 @@ bool isAnswer(const Reply& reply) {
 QString damagedName(const QString& database) {
   constexpr int mostKept = 9;
   QString name = database + u".damaged";
-  for (int i = 2; i <= mostKept && fileExists(name); ++i)
+  const auto isThere = [](const QString& file) { return fileExists(file) || fileExists(file + u"-journal"); };
+  for (int i = 2; i <= mostKept && isThere(name); ++i)
     name = database + u".damaged" + QString::number(i);
   return name;
 }
@@ -156,6 +157,7 @@ bool Opening::restoreDatabase() {
   if (fileExists(database))
     replaceFile(database, damaged);
   // Its journal goes with it: beside the restored file it would be rolled back into that one.
+  QFile::remove(damaged + u"-journal");
   if (fileExists(database + u"-journal"))
     replaceFile(database + u"-journal", damaged + u"-journal");
   if (!replaceFile(database + u".new", database))

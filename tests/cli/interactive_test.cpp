@@ -179,12 +179,15 @@ TEST(InteractiveTerminal, HandsOverToTheUpdateModuleOnItsTerminal) {
   terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
   terminal.readTo(prompt);
   const QString module = terminal.home() + u"/update.exe";
-  soran::writeWhole(
-      module, "#!/bin/sh\n[ -t 0 ] && [ ! -e \"${0%/*}/data\" ] && echo MODULE \"$SORAN_PROGRAM\"; exit 5\n");
+  soran::writeWhole(module,
+                    "#!/bin/sh\n[ -t 0 ] && [ ! -e \"${0%/*}/data\" ] && echo MODULE \"$SORAN_PROGRAM\"\n"
+                    "stty -a | grep -q ' icanon.* echo ' && echo LINES\nexit 5\n");
   terminal.type("UPDATE\r");
   terminal.readTo("[y/N] ");
   terminal.type("y\r");
   terminal.readTo("MODULE " + program.toUtf8() + "\r\n");
+  // It finds the terminal as the program found it.
+  terminal.readTo("LINES\r\n");
   EXPECT_EQ(terminal.exitStatus(), 5);
 }
 

@@ -74,10 +74,17 @@ TEST_F(NetInetTest, TellsAnswersFromFailures) {
     server.setAnswer(u"/file"_s, c.answer);
     server.setDelivery(u"/file"_s, c.delivery);
     const Reply reply = inet.open(at(u"/file"_s));
-    EXPECT_EQ(reply.ok, c.ok);
-    EXPECT_EQ(reply.body, c.body);
+    EXPECT_EQ(reply.isWhole(), c.ok);
+    if (c.ok) {
+      EXPECT_EQ(reply.body, c.body);
+    }
     EXPECT_FALSE(inet.stillExecuting());
   }
+  // A version without a line end is a version all the same; a report would be a stump.
+  server.setAnswer(u"/file"_s, {.body = "4.31"});
+  server.setDelivery(u"/file"_s, {.chunked = true});
+  const Reply version = inet.open(at(u"/file"_s));
+  EXPECT_TRUE(version.ok && version.body == "4.31" && version.mayBeCut);
   const Reply unknown = inet.open(at(u"/unknown"_s));
   EXPECT_TRUE(unknown.ok && unknown.body.startsWith('<'));
 }
@@ -181,9 +188,9 @@ TEST_F(NetInetTest, AnOpenInsideAWaitHasItsOwnAnswer) {
 
 TEST_F(NetInetTest, TheTimeOfATransferBegunAheadCountsFromWhenItIsSent) {
   server.setHandler(u"/"_s, [](const QUrl& url) { return Answer{.body = url.path().toLatin1()}; });
-  server.setDelivery(u"/"_s, {.delay = 600});
+  server.setDelivery(u"/"_s, {.delay = 1600});
   server.setDelivery(u"/open"_s, {});
-  inet.setRequestTimeout(1);
+  inet.setRequestTimeout(3);
   int asked = 0;
   inet.onRequest([&](const QUrl&) { ++asked; });
   std::vector<std::unique_ptr<Transfer>> transfers(10);
