@@ -5,7 +5,9 @@
 #include "base/files.h"
 
 #include <QByteArray>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <csignal>
@@ -16,6 +18,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using soran::writeWhole;
 
 namespace {
 
@@ -29,11 +32,13 @@ class Terminal {
     const winsize size = {.ws_row = 40, .ws_col = 100, .ws_xpixel = 0, .ws_ypixel = 0};
     const QByteArray path = program.toUtf8();
     const QByteArray directory = home_.path().toUtf8();
+    const QByteArray search = (home_.filePath(u"bin"_s) + u':').toUtf8() + qgetenv("PATH");
     child_ = forkpty(&master_, nullptr, nullptr, &size);
     if (child_ == 0) {
       setenv("TERM", "xterm-256color", 1);
       setenv("COLORTERM", colorTerm.constData(), 1);
       setenv("LC_ALL", "C.UTF-8", 1);
+      setenv("PATH", search.constData(), 1);
       unsetenv("NO_COLOR");
       execl(path.constData(), path.constData(), "--demo", "--home", directory.constData(), nullptr);
       _exit(127);
@@ -65,6 +70,19 @@ class Terminal {
     const QByteArray read = pending_.left(end);
     pending_.remove(0, end);
     return read;
+  }
+
+  /// Puts a shell script ahead of the programs of its name.
+  void script(const QString& name, const QByteArray& lines) const {
+    QDir(home_.path()).mkpath(u"bin"_s);
+    const QString path = home_.filePath(u"bin/"_s + name);
+    ASSERT_TRUE(writeWhole(path, "#!/bin/sh\n" + lines));
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+  }
+  /// The bytes of a file in the program's directory.
+  QByteArray file(const QString& name) const {
+    QFile opened(home_.filePath(name));
+    return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
   }
 
   void signal(int number) const { kill(child_, number); }
@@ -189,6 +207,32 @@ TEST(InteractiveTerminal, HandsOverToTheUpdateModuleOnItsTerminal) {
   // It finds the terminal as the program found it.
   terminal.readTo("LINES\r\n");
   EXPECT_EQ(terminal.exitStatus(), 5);
+}
+
+TEST(InteractiveTerminal, PrintsAndShowsWhatNeedsTheWindow) {
+  Terminal terminal("");
+  terminal.script(u"lpstat"_s, "printf 'OFFICE\\nTOWER\\n'");
+  terminal.script(u"lp"_s, R"({ echo "$@"; cat; } > "$(dirname "$0")/printed")");
+  const auto enter = [&terminal](const QByteArray& line, const QByteArray& end = prompt) {
+    terminal.type("\x15" + line + "\r");
+    return terminal.readTo(end);
+  };
+  terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
+  terminal.readTo(prompt);
+  EXPECT_TRUE(enter("/P", "PRINTER [*]: ").contains("  2   TOWER\r\n"));
+  enter("2");
+  const QByteArray printed = terminal.file(u"bin/printed"_s);
+  EXPECT_TRUE(printed.startsWith("-d TOWER -o media=A4 ")) << printed.constData();
+  EXPECT_TRUE(printed.contains("RJTT  METAR ") && !printed.contains('\r'));
+  terminal.script(u"lpstat"_s, "exit 1");
+  EXPECT_TRUE(enter("/P").contains("NO PRINTER INSTALLED"));
+  EXPECT_TRUE(enter("LOG").contains(" RECEIVED\r\n"));
+  EXPECT_TRUE(enter("AP").contains("THE FORM airport NEEDS THE WINDOW"));
+  EXPECT_TRUE(enter("HELP").contains("/help/help.html"));
+  EXPECT_TRUE(enter("CB").contains("PICTURE OF CB: SHOWN BY THE WINDOW"));
+  EXPECT_TRUE(enter("DE").contains("NEEDS THE WINDOW"));
+  enter("EXIT", "EXIT");
+  EXPECT_EQ(terminal.exitStatus(), 0);
 }
 
 TEST(InteractiveTerminal, EndsCleanlyHoweverItIsEnded) {

@@ -104,6 +104,8 @@ TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
       {{u"--endpoints"_s, elsewhere + u"s"_s, u"run"_s, u"RJTT"_s}, 2, "endpoints"},
       {{u"session"_s, u"more"_s}, 2, "session"},
       {{u"batch"_s, u"more"_s}, 2, "batch"},
+      {{u"--runs"_s, u"batch"_s}, 2, "--runs"},
+      {{u"export"_s}, 2, "export"},
       {with({u"run"_s, u"RJTT"_s}), 1, "インターネットに接続できません"},
       {{u"--home"_s, elsewhere, u"run"_s, u"RJTT"_s}, 1, "ディレクトリ"},
       {{u"--help"_s}, 0, {}},
@@ -283,6 +285,76 @@ TEST_F(CliTest, SessionReadsTheSettingsAgainWhenTheirFormCloses) {
   EXPECT_TRUE(probes("20"));
   EXPECT_FALSE(probes("109"));
   EXPECT_TRUE(probes("1"));
+  EXPECT_EQ(session.end(), 0);
+}
+
+TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
+  const QString file = world.folder.filePath(u"data.json"_s);
+  const QString page = world.folder.filePath(u"page.json"_s);
+  writeWhole(page, "<html>");
+  const auto status = [this](const QString& call, const QString& path, const QByteArray& error = {}) {
+    Cli cli(with({call, path}));
+    const int end = cli.end();
+    const QByteArray told = cli.readAllStandardError();
+    EXPECT_TRUE(told.contains(error) && told.isEmpty() == error.isEmpty()) << told.toStdString();
+    return end;
+  };
+  const auto route = [this](const QString& stored) {
+    world.store([&](Tables& tables) {
+      const QList<Group> groups = tables.groupRows();
+      EXPECT_EQ(groups.isEmpty() ? QString() : groups[0].route, stored);
+    });
+  };
+  world.store([](Tables& tables) { storeGroups(tables, {{u"TTAA"_s, u"RJTT RJAA"_s}}); });
+  EXPECT_EQ(status(u"export"_s, file), 0);
+  world.store([](Tables& tables) { storeGroups(tables, {}); });
+  EXPECT_EQ(status(u"import"_s, page, "JSON"), 1);
+  EXPECT_EQ(status(u"import"_s, world.folder.filePath(u"none"_s), "none"), 1);
+  EXPECT_EQ(status(u"export"_s, page + u"/below", "below"), 1);
+  route({});
+  Cli session(with({u"session"_s}));
+  session.receive();
+  EXPECT_EQ(status(u"import"_s, file, "すでに起動しています"), 1);
+  session.end();
+  EXPECT_EQ(status(u"import"_s, file), 0);
+  route(u"RJTT RJAA"_s);
+}
+
+TEST_F(CliTest, SessionExportsAndImportsByItsMenus) {
+  Cli session(with({u"session"_s, u"--runs"_s}));
+  session.receive();
+  const auto choose = [&session](const QByteArray& menu, const QByteArray& file, const QByteArray& answer) {
+    session.ask(R"({"choose": )" + file + "}");
+    session.ask(R"({"answer": [)" + answer + "]}");
+    const QJsonObject state = session.ask(R"({"menu": ")" + menu + R"("})");
+    return textsOf(state[u"dialogs"].toArray()) + QStringList{state[u"log"][0].toString()};
+  };
+  const auto setting = [&session](QStringView column) {
+    return session.ask(R"({"read": "設定"})")[u"rows"][0][column].toInt();
+  };
+  const QString done = u"データを書き出しました　　"_s;
+  const QString again = u"SORAN.json はすでに存在します  \r\r上書きしますか？　　"_s;
+  const QString replace = u"現在のリストと設定を置き換えますか？　　"_s;
+  session.ask(R"({"set": {"表示文字の色": 255}})");
+  EXPECT_EQ(choose("menu_export", "null", ""), QStringList{u"DATA EXPORT COMMAND"_s});
+  EXPECT_EQ(choose("menu_export", "\"SORAN.json\"", ""), (QStringList{done, u"DATA EXPORT COMPLETED"_s}));
+  session.ask(R"({"set": {"表示文字の色": 127}})");
+  EXPECT_EQ(choose("menu_export", "\"SORAN.json\"", "\"no\""),
+            (QStringList{again, u"DATA EXPORT COMMAND"_s}));
+  EXPECT_EQ(choose("menu_export", "\"none/x\"", ""),
+            (QStringList{u"ファイルに書き出すことができませんでした　　"_s, u"DATA EXPORT COMMAND"_s}));
+  EXPECT_EQ(choose("menu_import", "null", ""), QStringList{u"DATA IMPORT COMMAND"_s});
+  EXPECT_EQ(choose("menu_import", "\"none\"", ""),
+            (QStringList{u"ファイルを開くことができませんでした　　"_s, u"DATA IMPORT COMMAND"_s}));
+  EXPECT_EQ(choose("menu_import", "\"endpoints.ini\"", "\"yes\"").last(), u"CANCEL DATA IMPORT COMMAND");
+  EXPECT_EQ(choose("menu_import", "\"SORAN.json\"", "\"no\""),
+            (QStringList{replace, u"DATA IMPORT COMMAND"_s}));
+  EXPECT_EQ(setting(u"表示文字の色"), 127);
+  EXPECT_EQ(choose("menu_import", "\"SORAN.json\"", "\"yes\""),
+            (QStringList{replace, u"データを読み込みました　　"_s, u"DATA IMPORT COMPLETED"_s}));
+  EXPECT_EQ(setting(u"表示文字の色"), 255);
+  // The screen follows at once.
+  EXPECT_EQ(session.ask(R"({"tick": 0})")[u"runs"][0][2].toInt(), 255);
   EXPECT_EQ(session.end(), 0);
 }
 

@@ -51,6 +51,22 @@ class CommandsTest : public ::testing::Test {
 
 } // namespace
 
+TEST_F(CommandsTest, APageGoesToThePaneOrToTheSystemsBrowser) {
+  run.begin();
+  const BrowserPane& pane = run.view.pane();
+  const QString before = run.panel2();
+  for (const bool inPane : {false, true}) {
+    run.program.settings().store(key::ブラウザー, inPane);
+    enter(u"HELP"_s);
+    EXPECT_EQ(textsOf(run.desk.takeSeen().pages), QStringList{world.endpoints.home + u"/help/help.html"});
+    EXPECT_EQ(pane.visible(), inPane);
+    run.view.pane().pageState(BrowserPane::Loading::Failed);
+    EXPECT_EQ(run.panel2(), inPane ? u"ページを表示できません"_s : before);
+  }
+  run.view.pane().close();
+  EXPECT_EQ(run.panel2(), before);
+}
+
 TEST_F(CommandsTest, ShowsTheReportsOfTypedCodes) {
   world.report(u"RJBE"_s, u"05:15"_s, weather, u"240500Z 33010KT"_s);
   world.report(u"RJCM"_s, u"05:50"_s, weather);

@@ -371,6 +371,12 @@ TEST_F(EditorsTest, PicturesAreRegisteredBehindAYes) {
   }
   editor.registerPicture(png); // no: in view, not stored
   EXPECT_EQ(editor.picture(), png);
+  editor.select(1, 0);
+  answer(true);
+  editor.registerPicture("BM of another");
+  EXPECT_EQ(program.tables.pictures().valueAt(1, u"データ").toByteArray(), "BM of another");
+  EXPECT_TRUE(program.tables.picture(u"CB") == stored);
+  editor.select(0, 0);
   editor.decodes = [](const QByteArray&) { return false; };
   editor.registerPicture("GIF87a damaged");
   said();
