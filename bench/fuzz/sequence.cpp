@@ -22,7 +22,7 @@ std::vector<QString> linesBySearch(const QByteArray& text, const QString& code) 
   std::vector<QString> lines;
   const QByteArray word = code.toUtf8();
   for (qsizetype at = word.isEmpty() ? -1 : text.indexOf(word); at >= 0;) {
-    const qsizetype end = text.indexOf('\n', at);
+    const qsizetype end = text.indexOf('\n', at + word.size());
     lines.push_back(textOfBytes(text.mid(at, end < 0 ? -1 : end - at)));
     at = end < 0 ? -1 : text.indexOf(word, end);
   }

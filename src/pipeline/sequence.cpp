@@ -154,8 +154,9 @@ void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
     const auto hit = wanted.find(key);
     if (hit == wanted.end())
       continue;
-    if (end <= i) {
-      const qsizetype lf = text_.indexOf('\n', i);
+    // Behind the code, which may hold a line end where it is no station's.
+    if (end < i + 4) {
+      const qsizetype lf = text_.indexOf('\n', i + 4);
       end = lf < 0 ? text_.size() : lf;
     }
     for (const size_t index : hit->second) {
@@ -171,7 +172,8 @@ void CycleFile::findOther(size_t index, const QString& code) {
   if (word.isEmpty())
     return;
   for (qsizetype i = text_.indexOf(word); i >= 0;) {
-    const qsizetype lf = text_.indexOf('\n', i);
+    // Behind the code, which may itself be a line end where it is no station's.
+    const qsizetype lf = text_.indexOf('\n', i + word.size());
     const qsizetype end = lf < 0 ? text_.size() : lf;
     found_[index].push_back({i, end});
     i = lf < 0 ? -1 : text_.indexOf(word, lf);
