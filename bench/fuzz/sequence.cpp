@@ -48,7 +48,8 @@ void sequence(QByteArrayView input) {
   SettingsRecord settings = settingsIn(takeUntil(text, u'\f'), static_cast<uint8_t>(input[0]));
   settings.set(key::シーケンス時間, static_cast<int8_t>(input[1]));
   const QTime now(static_cast<uint8_t>(input[2]) % 24, 20);
-  const int systemZone = static_cast<int8_t>(input[3]);
+  const int zoneByte = static_cast<uint8_t>(input[3]);
+  const int systemZone = zoneByte < 128 ? zoneByte : zoneByte - 256;
   const bool onEarth = qAbs(settings.zoneOffset()) <= 24 && qAbs(systemZone) <= 24;
   const std::vector<int> hours = sequenceHours(now, settings, systemZone);
   require(!hours.empty() && hours.size() <= 24, "a sequence covers a day at most");
