@@ -50,7 +50,7 @@ class Inet {
   /// Begins to fetch `url` and returns without waiting. `ended` is called with the reply as soon as that is
   /// there or failed, which may be inside this call; it destroys no transfer and throws nothing. Only so many
   /// of these are under way at a time that an open() need not wait for them; the others follow in their
-  /// order.
+  /// order, one that is waited for at once.
   virtual std::unique_ptr<Transfer> begin(const QUrl& url, std::function<void(const Reply&)> ended) = 0;
 
   /// True while a transfer of this client is under way.
