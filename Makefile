@@ -26,7 +26,7 @@ bench: build
 	cmake --build $(BUILD) --target soran-bench soran-desktop-bench
 	@status=0; \
 	$(BUILD)/bench/soran-bench $(BENCH) || status=1; \
-	xvfb-run -a $(BUILD)/bench/soran-desktop-bench $(BENCH) || status=1; \
+	xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" $(BUILD)/bench/soran-desktop-bench $(BENCH) || status=1; \
 	exit $$status
 
 # soran-cli beside public tools, which are installed for it.
