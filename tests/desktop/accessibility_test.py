@@ -46,6 +46,9 @@ def shows(node):
 def wait(what, condition, seconds=30):
     end = time.monotonic() + seconds
     while time.monotonic() < end:
+        for process in Accessibility.program, Accessibility.manager:
+            if process.poll() is not None:
+                raise AssertionError(f"{process.args[0]} ended with {process.returncode} before {what} came")
         try:
             found = condition()
         except Exception:  # a widget that went meanwhile
@@ -76,10 +79,11 @@ class Accessibility(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         # Without a manager no window would have the keys.
-        cls.manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
+        cls.manager = subprocess.Popen(["openbox", "--sm-disable"])
         cls.home = tempfile.TemporaryDirectory()
         cls.program = subprocess.Popen(
             [PROGRAM, "--demo", "--home", cls.home.name], env=ON_THE_BUS)
+        cls.addClassCleanup(cls.stop)
         notice = wait("the notice of the first start", lambda: cls.find(name="OK"))
         cls.notice = [node.name for node in below(notice.parent.parent) if node.getRole() == pyatspi.ROLE_LABEL]
         notice.queryAction().doAction(0)
@@ -87,7 +91,7 @@ class Accessibility(unittest.TestCase):
         wait("the prompt", lambda: "READY / PRESS ESC TO EXIT" in cls.text())
 
     @classmethod
-    def tearDownClass(cls):
+    def stop(cls):
         for process in (cls.program, cls.manager):
             process.kill()
             process.wait()
