@@ -30,6 +30,10 @@ CliSession::~CliSession() {
 void CliSession::start(const QString& now) {
   process_.start(QStringView(SORAN_CLI).toString(),
                  {u"--home"_s, home_.path(), u"--now"_s, now, u"session"_s});
+  if (!process_.waitForStarted()) {
+    std::fprintf(stderr, "soran-load: %s\n", qPrintable(process_.errorString()));
+    std::exit(1);
+  }
   readState();
 }
 
