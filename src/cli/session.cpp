@@ -35,7 +35,7 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
       view_(program_) {
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
-      requests_.append(url.toString(QUrl::RemoveScheme | QUrl::RemoveAuthority));
+      requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::None));
   });
   headless_.onForm = [this](const QString& name) {
     if (name == u"pictureform")

@@ -7,6 +7,7 @@
 #include "terminal/opening.h"
 
 #include <QApplication>
+#include <QNetworkReply>
 #include <QTimer>
 
 namespace soran {
@@ -70,10 +71,21 @@ bool Desktop::open(QString& notice) {
   return false;
 }
 
+// Not by the program's own client, whose transfers the watch waits for.
+void Desktop::countAccess() {
+  constexpr qint64 mostKept = 64 * 1024;
+  QNetworkRequest request(QUrl(program_.services.endpoints.update + u"/index2.htm"));
+  request.setTransferTimeout();
+  QNetworkReply* page = counterLine_.get(request);
+  page->setReadBufferSize(mostKept);
+  connect(page, &QNetworkReply::finished, page, &QObject::deleteLater);
+}
+
 bool Desktop::start() {
   QString notice;
   if (!open(notice))
     return false;
+  countAccess();
   showWindow();
   view_.guarded([&] { view_.start(notice); });
   return true;

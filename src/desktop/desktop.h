@@ -12,6 +12,8 @@
 #include "terminal/launch.h"
 #include "terminal/view.h"
 
+#include <QNetworkAccessManager>
+
 namespace soran {
 
 /// One run of the program with its window.
@@ -34,6 +36,7 @@ class Desktop : public QObject {
 
  private:
   bool open(QString& notice);
+  void countAccess();
   void showWindow();
   void onStopped();
   void explain(qsizetype start, qsizetype length, QPoint mouse);
@@ -49,6 +52,7 @@ class Desktop : public QObject {
   Program program_;
   View view_;
   std::unique_ptr<class Opening> opening_;
+  QNetworkAccessManager counterLine_;
   std::unique_ptr<MainWindow> window_;
 };
 

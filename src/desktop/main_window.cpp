@@ -136,10 +136,14 @@ void MainWindow::connectPane() {
     pane.pageState(static_cast<BrowserPane::Loading>(static_cast<int>(state)));
   });
   connect(&browser, &BrowserFrame::addressChanged, ui_->inputURL, &QLineEdit::setText);
-  connect(ui_->inputURL, &QLineEdit::textEdited, this, [this](const QString& typed) {
-    if (const QString text = BrowserPane::expandedAddress(typed); text != typed)
-      ui_->inputURL->setText(text);
-  });
+  connect(ui_->inputURL, &QLineEdit::textEdited, this,
+          [this, before = QString()](const QString& typed) mutable {
+            // What a back space left was not typed.
+            const bool shorter = before.size() == typed.size() + 1 && before.startsWith(typed);
+            if (const QString text = BrowserPane::expandedAddress(typed); text != typed && !shorter)
+              ui_->inputURL->setText(text);
+            before = ui_->inputURL->text();
+          });
   const auto go = [this] {
     if (!ui_->inputURL->text().isEmpty())
       ui_->WebBrowser->open(ui_->inputURL->text());

@@ -6,6 +6,7 @@
 #include "printing.h"
 #include "window_fixture.h"
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -48,6 +49,7 @@ TEST_F(WindowTest, TypedCodeShowsItsReportsInColour) {
 TEST_F(WindowTest, StartShowsBannerAndSettingsAndControlsAreNamed) {
   start();
   EXPECT_EQ(desktop_->window().windowTitle(), u"SORAN");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server_.requests().count(u"/index2.htm"_s) == 1; }));
   EXPECT_TRUE(child(u"Frame1")->isVisible());
   EXPECT_TRUE(textOf(u"Label1").contains(u"\n       Version 4.31\n"));
   type(u"RJTT"_s);
@@ -103,6 +105,20 @@ TEST_F(WindowTest, DoubleClickExplainsTheGroupUntilTheNextPress) {
   EXPECT_TRUE(tip->findChild<QLabel*>(u"lbl"_s)->text().startsWith(u"FEW008 ： 800フィートに小量"));
   QTest::mousePress(area, Qt::LeftButton, {}, place + QPoint(0, 40));
   EXPECT_EQ(desktop_->forms().form(u"tooltips"_s), nullptr);
+}
+
+TEST_F(WindowTest, TheFirstKeyOfAnAddressBringsItsBeginning) {
+  start();
+  auto* line = child<QLineEdit>(u"inputURL");
+  QTest::keyClicks(line, u"jh"_s);
+  EXPECT_EQ(line->text(), u"jh");
+  line->clear();
+  QTest::keyClicks(line, u"he"_s);
+  EXPECT_EQ(line->text(), u"https://www.e");
+  // Taking it back leaves an empty line.
+  for (qsizetype i = line->text().size(); i > 0; --i)
+    QTest::keyClick(line, Qt::Key_Backspace);
+  EXPECT_EQ(line->text(), QString());
 }
 
 TEST_F(WindowTest, MenusAndButtonsShowAndRunTheirEntries) {
