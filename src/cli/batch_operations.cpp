@@ -75,9 +75,8 @@ QJsonValue sequence(BatchJob& job) {
 
   std::map<int, CycleFile> files;
   for (auto i = given.constBegin(); i != given.constEnd(); ++i) {
-    bool isNumber = false;
-    const int hour = i.key().toInt(&isNumber);
-    if (!isNumber || i.key().size() != 2 || hour < 0 || hour > 23 || !i.value().isString())
+    const int hour = i.key().toInt();
+    if (i.key() != twoDigits(hour) || hour < 0 || hour > 23 || !i.value().isString())
       throw InputError(u"field \"files\" is not an object from hours (\"00\" to \"23\") to texts"_s);
     files.emplace(hour, CycleFile(i.value().toString().toUtf8(), {code}));
   }

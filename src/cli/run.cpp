@@ -66,7 +66,10 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   Launch launch(options, timers, std::move(delivered));
   Headless desk;
   Typist typist(lines, launch.shutdown());
-  Program program(launch.services({desk, desk, desk, desk, desk, typist}));
+  Services services = launch.services({desk, desk, desk, desk, desk, typist});
+  // Nobody is there, and the lines are to be typed.
+  services.handsOver = false;
+  Program program(services);
   if (launch.demo())
     errors.write("DEMONSTRATION DATA\n");
   Opening opening(program);

@@ -35,7 +35,7 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
       view_(program_) {
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
-      requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::None));
+      requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));
   });
   headless_.onForm = [this](const QString& name) {
     if (name == u"pictureform")
@@ -94,17 +94,19 @@ bool Session::handleNextLine() {
     atEnd_ = true;
     return false;
   }
+  QJsonObject answer;
   try {
-    handle(Fields(objectOf(*line)));
+    const QJsonObject event = objectOf(*line);
+    // No event has one, but whoever sends it looks for it.
+    if (const auto id = event.constFind(u"id"_s); id != event.constEnd())
+      answer.insert(u"id"_s, *id);
+    handle(Fields(event));
     return true;
   } catch (const InputError& e) {
-    writeError(e.fault());
+    answer.insert(u"error"_s, e.fault());
+    output_.write(lineOf(answer));
     return false;
   }
-}
-
-void Session::writeError(const QString& fault) {
-  output_.write(lineOf({{u"error"_s, fault}}));
 }
 
 void Session::handle(Fields event) {

@@ -30,7 +30,6 @@ class Session final : private Waiting {
   void type(const QString& characters);
   void tick(int seconds);
   void writeState();
-  void writeError(const QString& fault);
   QJsonObject state();
   QJsonArray rowsOf(const QString& table);
   void rewrite(Fields& event);

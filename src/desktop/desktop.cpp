@@ -73,7 +73,7 @@ bool Desktop::open(QString& notice) {
 
 // Not by the program's own client, whose transfers the watch waits for.
 void Desktop::countAccess() {
-  constexpr qint64 mostKept = 64 * 1024;
+  constexpr qint64 mostKept = 1 << 16;
   QNetworkRequest request(QUrl(program_.services.endpoints.update + u"/index2.htm"));
   request.setTransferTimeout();
   QNetworkReply* page = counterLine_.get(request);

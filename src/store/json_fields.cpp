@@ -131,10 +131,13 @@ QDate Fields::date(const QString& name) {
 
 QDateTime Fields::localTime(const QString& name) {
   const QString value = text(name);
-  QDateTime time = QDateTime::fromString(value, u"yyyy-MM-dd'T'HH:mm:ss"_s);
-  if (!time.isValid())
+  constexpr qsizetype separator = 10;
+  const QDate day = QDate::fromString(value.left(separator), u"yyyy-MM-dd"_s);
+  const QTime time = QTime::fromString(value.mid(separator + 1), u"HH:mm:ss"_s);
+  if (!day.isValid() || !time.isValid() || value[separator] != u'T')
     throw InputError(u"field \""_s + name + u"\" is not a local time such as 2026-11-24T14:20:00");
-  return time;
+  // In UTC, because the zone of this machine may leave hours out.
+  return {day, time, Qt::UTC};
 }
 
 void Fields::finish() const {

@@ -42,12 +42,16 @@ bool isUsersOwnMachine(const QUrl& endpoint) {
          QHostAddress(endpoint.host()).isLoopback();
 }
 
+bool isSameVersion(double one, double other) {
+  return float(one) == float(other);
+}
+
 } // namespace
 
 EndpointVersions readVersions(QStringView text) {
   const auto lines = text.split(u'\n');
   const auto number = [&lines](qsizetype i) { return i < lines.size() ? leadingNumber(lines[i]) : 0; };
-  return {number(0), float(number(1)), float(number(2))};
+  return {number(0), number(1), number(2)};
 }
 
 QString versionText(double version) {
@@ -83,9 +87,9 @@ bool ProgramUpdate::databaseIsReadOnly() const {
   return database.exists() && !(database.isWritable() && database.permission(QFile::WriteOwner));
 }
 
-void ProgramUpdate::renewModule(float version) {
+void ProgramUpdate::renewModule(double version) {
   Settings& settings = tables_.settings();
-  if (float(settings[key::UPDATEバージョン].value_or(0)) == version || databaseIsReadOnly())
+  if (isSameVersion(settings[key::UPDATEバージョン].value_or(0), version) || databaseIsReadOnly())
     return;
   const QString fetched = services_.path(u"update$.exe");
   const QString module = services_.path(modulePath);
@@ -98,7 +102,7 @@ void ProgramUpdate::renewModule(float version) {
       return;
   }
   passOver(lcUpdate(), "recording the version of the update module", [&] {
-    settings.set(key::UPDATEバージョン, double(version));
+    settings.set(key::UPDATEバージョン, version);
     settings.set(key::UPDATE更新日, dateText(services_.clock));
     settings.update();
   });
@@ -108,9 +112,9 @@ void ProgramUpdate::renewModule(float version) {
   services_.shutdown.check();
 }
 
-void ProgramUpdate::renewDatabase(float version) {
+void ProgramUpdate::renewDatabase(double version) {
   Settings& settings = tables_.settings();
-  if (float(settings[key::DBバージョン].value_or(0)) == version || databaseIsReadOnly())
+  if (isSameVersion(settings[key::DBバージョン].value_or(0), version) || databaseIsReadOnly())
     return;
   const QString fetched = services_.path(u"data/soran$.mdb");
   const auto remove = qScopeGuard([&fetched] { QFile::remove(fetched); });
@@ -129,7 +133,7 @@ void ProgramUpdate::renewDatabase(float version) {
                               u"データベースを更新しました　　\r\n\r\nVersion " + versionText(version));
   services_.shutdown.check();
   passOver(lcUpdate(), "recording the version of the database", [&] {
-    settings.set(key::DBバージョン, double(version));
+    settings.set(key::DBバージョン, version);
     settings.set(key::DB更新日, dateText(services_.clock));
     settings.update();
   });
@@ -152,7 +156,7 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
 bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& publicKey) {
   const QString module = services.path(modulePath);
   const QByteArray bytes = contents(module);
-  if (bytes.isEmpty())
+  if (!services.handsOver || bytes.isEmpty())
     return false;
   if (!services.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services.endpoints.update)))
     return true;

@@ -8,11 +8,12 @@
 
 namespace soran {
 
-/// The three versions that an update endpoint tells, one a line. What is missing reads 0.
+/// The three versions that an update endpoint tells, one a line. What is missing reads 0. Those of the module
+/// and of the database count in single precision.
 struct EndpointVersions {
   double program = 0;
-  float module = 0;
-  float database = 0;
+  double module = 0;
+  double database = 0;
 };
 EndpointVersions readVersions(QStringView text);
 
@@ -31,11 +32,11 @@ class ProgramUpdate {
   bool fetchFile(const QString& remote, const QString& local);
 
   /// Renews the update module where its version differs.
-  void renewModule(float version);
+  void renewModule(double version);
 
   /// Renews the database where its version differs: the user's data is carried over, the replaced file stays
   /// as soran.mdb.bak. At every moment there is a whole database.
-  void renewDatabase(float version);
+  void renewDatabase(double version);
 
   /// True where the update module exists and may be run: signed with the program's key, or from the user's
   /// own machine (a folder, or loopback) unless signatures are asked for there too.

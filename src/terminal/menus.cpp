@@ -224,6 +224,15 @@ std::optional<MenuItem> Menus::find(const QString& name, std::optional<int> inde
   return std::nullopt;
 }
 
+/// The first row of a list without rows is hidden rather than missing.
+bool Menus::isEmptyList(const QString& name) const {
+  const auto* entry = std::ranges::find(entries, QStringView(name), &Entry::name);
+  if (entry == std::end(entries))
+    return false;
+  return (entry->kind == Kind::AirportRows && airportCaptions_.isEmpty()) ||
+         (entry->kind == Kind::GroupRows && groupCaptions(view_.program()).isEmpty());
+}
+
 void Menus::run(const MenuItem& item) {
   const auto* entry = std::ranges::find(entries, QStringView(item.name), &Entry::name);
   view_.guarded([&] {
@@ -240,7 +249,7 @@ bool Menus::choose(const QString& name, std::optional<int> index) {
   const std::optional<MenuItem> item = find(name, index);
   if (item && item->visible && item->enabled)
     run(*item);
-  return item.has_value();
+  return item.has_value() || (index == 1 && isEmptyList(name));
 }
 
 bool Menus::chooseShown(const QString& name, std::optional<int> index) {

@@ -66,6 +66,7 @@ class Menus : public QObject {
 
  private:
   std::optional<MenuItem> find(const QString& name, std::optional<int> index) const;
+  bool isEmptyList(const QString& name) const;
   void run(const MenuItem& item);
 
   View& view_;

@@ -144,9 +144,8 @@ void View::checkVersionAtStart(bool& formsLoaded) {
   if (version == settings[key::SORANバージョン].value_or(0))
     return;
   const QString number = plainNumber(version);
-  // Without a module that may be run there is nothing to hand over to, and one that has just run would only
-  // run for ever.
-  if (settings[key::起動時にバージョン確認] != true || !updaterMayRun() || !outcomeOfUpdate().isEmpty()) {
+  // A module that has just run would only run for ever.
+  if (settings[key::起動時にバージョン確認] != true || !outcomeOfUpdate().isEmpty()) {
     passiveNotice(number);
     return;
   }
@@ -155,6 +154,10 @@ void View::checkVersionAtStart(bool& formsLoaded) {
     program_.services.shutdown.check();
     if (!yes)
       return;
+  }
+  if (!updaterMayRun()) {
+    passiveNotice(number);
+    return;
   }
   updaterRequested_ = true;
   close();

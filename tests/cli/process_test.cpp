@@ -85,6 +85,16 @@ TEST_F(CliTest, RunTypesLinesAndPrintsTheScreen) {
   EXPECT_FALSE(ended.readAllStandardOutput().contains("RJTT"));
 }
 
+TEST_F(CliTest, RunTypesItsLinesWhateverVersionIsOut) {
+  world.server.setFile(u"/data/version.dat"_s, "4.99\n1.00\n1.00\n");
+  for (const bool asks : {false, true}) {
+    world.store([&](Tables& tables) { tables.settings().store(key::更新確認メッセージ, asks); });
+    Cli run(with({u"run"_s, u"RJTT"_s}));
+    EXPECT_EQ(run.end(), 0);
+    EXPECT_EQ(QString::fromUtf8(run.readAllStandardOutput()).section(u"DATABASE"_s, 0, 0), reports);
+  }
+}
+
 TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
   const QString elsewhere = world.folder.filePath(u"file"_s);
   writeWhole(elsewhere, "not a directory");
@@ -255,6 +265,7 @@ TEST_F(CliTest, SessionAnswersBadLinesWithAnErrorAlone) {
     const QJsonObject answer = session.ask(line);
     EXPECT_EQ(answer.keys(), QStringList{u"error"_s}) << line.toStdString();
   }
+  EXPECT_EQ(session.ask(R"({"type": "RJTT", "id": 7})").value(u"id"), 7);
   const QJsonObject last = session.ask(R"({"tick": 0})");
   EXPECT_EQ(last[u"event"].toInt(), 1);
   EXPECT_EQ(last[u"screen"], first[u"screen"]);
@@ -463,6 +474,16 @@ TEST_F(CliTest, BatchAnswersEachJobInOrder) {
   EXPECT_EQ(big[u"result"].toObject()[u"body"].toString().size(), body.size() + 6);
   EXPECT_EQ(big[u"result"].toObject()[u"obsTime"].toString(), u"1400I");
   EXPECT_EQ(batch.end(), 0);
+}
+
+TEST_F(CliTest, BatchKnowsNoTimeZoneOfItsMachine) {
+  qputenv("TZ", "America/New_York"); // an hour that is left out there
+  Cli batch({u"batch"_s});
+  qunsetenv("TZ");
+  const QJsonObject answer =
+      batch.ask(R"({"op": "chart", "item": "menu_chart_today", "index": 3, "now": "2026-03-08T02:30:00"})");
+  EXPECT_TRUE(answer.contains(u"result")) << answer[u"error"].toString().toStdString();
+  batch.end();
 }
 
 TEST_F(CliTest, LinksNoLibraryOfAWindow) {

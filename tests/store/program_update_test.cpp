@@ -47,9 +47,9 @@ TEST(EndpointVersions, AreThreeNumbersOneALine) {
     QStringView text;
     EndpointVersions versions;
   } cases[] = {
-      {u"4.31\n1.02\n1.00\n", {4.31, 1.02F, 1.0F}},
-      {u"4.31\r\n1.02\r\n2\r\n", {4.31, 1.02F, 2.0F}},
-      {u"4.31\n1.02", {4.31, 1.02F, 0}},
+      {u"4.31\n1.02\n1.00\n", {4.31, 1.02, 1.0}},
+      {u"4.31\r\n1.02\r\n2\r\n", {4.31, 1.02, 2.0}},
+      {u"4.31\n1.02", {4.31, 1.02, 0}},
       {u"4.31", {4.31, 0, 0}},
       {u"", {0, 0, 0}},
       {u"x\n\n3", {0, 0, 3}},
@@ -63,22 +63,23 @@ TEST(EndpointVersions, AreThreeNumbersOneALine) {
 }
 
 TEST_F(ProgramUpdateTest, RenewsTheModuleWithItsSignature) {
-  update.renewModule(1.0F);
+  update.renewModule(1.0);
   EXPECT_EQ(desk.server.requests(), QStringList());
-  for (const float version : {1.02F, 0.5F}) {
+  for (const double version : {1.02, 0.5}) {
     update.renewModule(version);
     EXPECT_EQ(desk.bytes(u"update.exe"_s), "module");
     EXPECT_EQ(desk.bytes(u"update.exe.sig"_s), "signature");
+    EXPECT_EQ(tables.settings()[key::UPDATEバージョン], version);
     EXPECT_EQ(tables.settings()[key::UPDATE更新日], u"2026/11/24"_s);
     EXPECT_THAT(desk.dialogs(),
                 ElementsAre(u" 更新 | 自動アップデートモジュールを更新しました　　\r\n\r\nVersion " +
-                            versionText(double(version))));
+                            versionText(version)));
   }
   EXPECT_FALSE(fileExists(desk.path(u"update$.exe"_s)));
   // A signature that is there no longer does not stay from before.
   desk.server.removeFile(u"/data/update.exe.sig"_s);
   tables.settings().store(key::更新確認メッセージ, false);
-  update.renewModule(2.0F);
+  update.renewModule(2.0);
   EXPECT_FALSE(fileExists(desk.path(u"update.exe.sig"_s)));
   EXPECT_THAT(desk.dialogs(), IsEmpty());
   EXPECT_EQ(tables.settings()[key::UPDATEバージョン], 2.0);
@@ -86,9 +87,9 @@ TEST_F(ProgramUpdateTest, RenewsTheModuleWithItsSignature) {
 
 TEST_F(ProgramUpdateTest, RenewsTheDatabaseAndKeepsWhatIsTheUsers) {
   desk.server.setFile(u"/data/soran.mdb"_s, newDatabase());
-  update.renewDatabase(1.0F);
+  update.renewDatabase(1.0);
   EXPECT_EQ(desk.server.requests(), QStringList());
-  update.renewDatabase(1.5F);
+  update.renewDatabase(1.5);
   EXPECT_THAT(desk.dialogs(), ElementsAre(u" 更新 | データベースを更新しました　　\r\n\r\nVersion 1.5"_s));
   EXPECT_THAT(tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
   EXPECT_THAT(tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
@@ -103,10 +104,10 @@ TEST_F(ProgramUpdateTest, RenewsTheDatabaseAndKeepsWhatIsTheUsers) {
   // A version of 0 asked for it: the message tells so even where messages are off.
   tables.settings().store(key::更新確認メッセージ, false);
   tables.settings().store(key::DBバージョン, 0.0);
-  update.renewDatabase(1.5F);
+  update.renewDatabase(1.5);
   EXPECT_THAT(desk.dialogs(), ElementsAre(u" 確認 | データベースを初期化しました　　"_s));
   EXPECT_THAT(tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
-  update.renewDatabase(1.25F);
+  update.renewDatabase(1.25);
   EXPECT_THAT(desk.dialogs(), IsEmpty());
   EXPECT_EQ(tables.settings()[key::DBバージョン], 1.25);
 }
@@ -145,11 +146,11 @@ TEST_F(ProgramUpdateTest, ABadDownloadReplacesNothing) {
       desk.server.setAnswer(path, c.answer);
       desk.server.setDelivery(path, c.delivery);
     }
-    update.renewDatabase(2.0F);
+    update.renewDatabase(2.0);
     EXPECT_EQ(tables.settings()[key::DBバージョン], 1.0);
     EXPECT_EQ(desk.bytes(u"soran.mdb"_s), before);
     if (c.forModule)
-      update.renewModule(2.0F);
+      update.renewModule(2.0);
     EXPECT_EQ(desk.bytes(u"update.exe"_s), "former module");
     EXPECT_EQ(tables.settings()[key::UPDATEバージョン], 1.0);
     EXPECT_THAT(desk.dialogs(), IsEmpty());
@@ -161,8 +162,8 @@ TEST_F(ProgramUpdateTest, ABadDownloadReplacesNothing) {
 TEST_F(ProgramUpdateTest, AReadOnlyDatabaseStaysWithoutAWord) {
   QFile::setPermissions(desk.path(u"soran.mdb"_s), QFile::ReadOwner);
   const QByteArray before = desk.bytes(u"soran.mdb"_s);
-  update.renewModule(2.0F);
-  update.renewDatabase(2.0F);
+  update.renewModule(2.0);
+  update.renewDatabase(2.0);
   EXPECT_EQ(desk.bytes(u"soran.mdb"_s), before);
   EXPECT_EQ(desk.bytes(u"update.exe"_s), "former module");
   EXPECT_THAT(desk.dialogs(), IsEmpty());
@@ -185,7 +186,7 @@ TEST_F(ProgramUpdateTest, AJournalOfAKilledCopyDoesNotReachTheNewFile) {
   ::waitpid(child, nullptr, 0);
   ASSERT_TRUE(fileExists(copy + u"-journal"));
   desk.server.setFile(u"/data/soran.mdb"_s, newDatabase());
-  update.renewDatabase(2.0F);
+  update.renewDatabase(2.0);
   EXPECT_EQ(tables.settings()[key::DBバージョン], 2.0);
   EXPECT_THAT(tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
   EXPECT_FALSE(fileExists(copy + u"-journal"));

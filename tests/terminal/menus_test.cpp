@@ -345,6 +345,10 @@ TEST_F(MenusTest, TheListKeepsItsAirportsAndTheGroupsFollowTheirTable) {
   EXPECT_EQ(item(u"menu_company_data"_s, 1)->caption, u"NEW"_s);
   EXPECT_FALSE(item(u"menu_popup_group_data"_s, 2));
   EXPECT_TRUE(enabled(u"menu_list"_s));
+  // The first row of an emptied menu is hidden rather than missing.
+  storeGroups(run.program.tables, {});
+  EXPECT_TRUE(menus().choose(u"menu_company_data"_s, 1));
+  EXPECT_FALSE(menus().choose(u"menu_company_data"_s, 2));
 }
 
 TEST_F(MenusTest, LeavingClosesThePaneFirst) {

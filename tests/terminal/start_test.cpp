@@ -177,7 +177,7 @@ TEST(Start, ChecksTheVersionAtActivation) {
       {"empty", {}, true, false, true, false, false, End::Updater, true},
       {"asked, yes", newer, true, true, true, false, true, End::Question, true},
       {"asked, no", newer, true, true, true, false, false, End::Question, false},
-      {"no module", newer, true, true, false, false, true, End::Notice, false},
+      {"no module", newer, true, false, false, false, true, End::Notice, false},
       {"unsigned module", newer, true, false, true, true, true, End::Notice, false},
       {"passive", newer, false, true, true, false, true, End::Notice, false},
       {"passive, same", {.body = "4.31"}, false, true, true, false, true, End::None, false},

@@ -204,6 +204,8 @@ const StartCase startCases[] = {
     {"Passive", "4.32\n", false, true, true, true, {}, false, false, true},
     {"PassiveSame", "4.31\n", false, true},
     {"WithoutModule", "4.32\n", true, false, false, false, {}, false, false, true},
+    {"WithoutModuleAskedYes", "4.32\n", true, true, true, false, {}, true, false, true},
+    {"WithoutModuleAskedNo", "4.32\n", true, true, false, false, {}, true},
     {"BehindAFailedUpdate", "4.32\n", true, false, false, true, "failed", false, false, true},
     {"BehindAnUpdate", "4.32\n", true, false, false, true, "done", false, false, true},
 };
