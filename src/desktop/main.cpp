@@ -20,9 +20,12 @@ void print(std::FILE* stream, const QString& text) {
 
 /// The exit status where the arguments ask for no window.
 std::optional<int> answerWithoutWindow(const LaunchOptions& options) {
-  if (!options.error.isEmpty() || !options.rest.isEmpty()) {
-    const QString why =
-        options.error.isEmpty() ? u"unknown argument "_s + options.rest.first() : options.error;
+  QString why = options.error;
+  if (why.isEmpty() && !options.rest.isEmpty())
+    why = u"unknown argument "_s + options.rest.first();
+  if (why.isEmpty() && options.runs)
+    why = u"--runs goes with a session of soran-cli"_s;
+  if (!why.isEmpty()) {
     print(stderr, u"soran: "_s + why + u'\n');
     return badArguments;
   }
