@@ -16,10 +16,10 @@ class LoopTimer final : public Timer {
   }
   void setInterval(int milliseconds) override { timer_.setInterval(milliseconds); }
   void setEnabled(bool enabled) override {
-    if (enabled)
-      timer_.start();
-    else
+    if (!enabled)
       timer_.stop();
+    else if (!timer_.isActive())
+      timer_.start();
   }
   bool enabled() const override { return timer_.isActive(); }
 
@@ -48,8 +48,9 @@ class SteppedTimers::Stepped final : public Timer {
 
   void setInterval(int milliseconds) override { interval_ = milliseconds; }
   void setEnabled(bool enabled) override {
+    if (enabled_ != enabled)
+      elapsed_ = 0;
     enabled_ = enabled;
-    elapsed_ = 0;
   }
   bool enabled() const override { return enabled_; }
 

@@ -11,7 +11,7 @@
 
 namespace soran {
 
-/// A periodic timer. Setting `enabled` anew starts its interval over.
+/// A periodic timer. Its interval begins when it is enabled; enabling one that is changes nothing.
 class Timer {
  public:
   virtual ~Timer() = default;

@@ -28,8 +28,7 @@ void rewriteAutoList(Tables& tables, const std::vector<QVariantList>& stored) {
 void storeAirports(Tables& tables, const std::vector<EditedRow>& rows) {
   std::vector<QVariantList> stored;
   for (const auto& [code, name] : rows) {
-    // The entry form lets neither an empty code nor an empty name in.
-    if (!trimmedText(code).isEmpty() && !trimmedText(name).isEmpty())
+    if (!trimmedText(code).isEmpty())
       stored.push_back({int(stored.size()) + 1, upperText(code), trimmedText(name)});
   }
   tables.rewrite(table::飛行場情報, stored);

@@ -181,7 +181,6 @@ void stopAutomatic(View& view) {
 }
 
 void startAutomatic(View& view) {
-  view.program().console.flags.groupMode = false;
   view.startAutomaticDecode(View::Start::ByButton);
 }
 

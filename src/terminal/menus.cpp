@@ -216,12 +216,12 @@ QList<MenuItem> Menus::items() const {
 }
 
 std::optional<MenuItem> Menus::find(const QString& name, std::optional<int> index) const {
-  for (const MenuItem& item : items()) {
-    const bool fits = item.index > 0 ? index == item.index : index.value_or(1) == 1;
-    if (item.name == name && fits)
-      return item;
-  }
-  return std::nullopt;
+  QList<MenuItem> named = items();
+  named.removeIf([&name](const MenuItem& item) { return item.name != name; });
+  if (!index && named.size() > 1)
+    return std::nullopt;
+  const int wanted = index.value_or(1);
+  return wanted >= 1 && wanted <= named.size() ? std::optional(named[wanted - 1]) : std::nullopt;
 }
 
 /// The first row of a list without rows is hidden rather than missing.
@@ -249,7 +249,7 @@ bool Menus::choose(const QString& name, std::optional<int> index) {
   const std::optional<MenuItem> item = find(name, index);
   if (item && item->visible && item->enabled)
     run(*item);
-  return item.has_value() || (index == 1 && isEmptyList(name));
+  return item.has_value() || (index.value_or(1) == 1 && isEmptyList(name));
 }
 
 bool Menus::chooseShown(const QString& name, std::optional<int> index) {

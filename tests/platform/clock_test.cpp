@@ -62,10 +62,10 @@ TEST(SteppedTimers, TickInTheOrderOfTheirMaking) {
   for (Timer* timer : {d.get(), c.get(), b.get(), a.get()})
     timer->setEnabled(true);
   EXPECT_EQ(stepped(1), u"cd");
-  // The second tick of b takes c away and starts a over.
+  // The second tick of b takes c away, and enables a, which goes on as it was.
   EXPECT_EQ(stepped(1), u"bd");
-  EXPECT_EQ(stepped(2), u"dd");
   EXPECT_EQ(stepped(1), u"ad");
+  EXPECT_EQ(stepped(2), u"dd");
   a->setEnabled(false);
   EXPECT_EQ(stepped(3), u"ddd");
   EXPECT_FALSE(a->enabled() || b->enabled());

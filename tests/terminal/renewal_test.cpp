@@ -72,7 +72,7 @@ TEST_F(RenewalTest, ANewerDatabaseKeepsTheUsersRows) {
   EXPECT_THAT(program->tables.autoRows(), ElementsAre(Airport{u"RJAA"_s, u"成田"_s}));
   EXPECT_THAT(program->tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
   EXPECT_EQ(settings()[key::雲高1], 4321);
-  EXPECT_EQ(settings()[key::DBバージョン].value_or(0), double(1.1F));
+  EXPECT_EQ(settings()[key::DBバージョン].value_or(0), 1.1);
 }
 
 TEST_F(RenewalTest, ADeclinedUpdateRecordsTheVersionAgain) {
