@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/daily_backup.h"
 #include "terminal/own_directory.h"
 
 #include <QDir>
@@ -129,10 +130,11 @@ bool Opening::openDatabase() {
 }
 
 QString Opening::restorationSource(const QString& target) {
-  const QString backup = program_.services.path(u"soran.mdb.bak");
   QFile::remove(target);
-  if (isWholeDatabase(backup) && QFile::copy(backup, target))
-    return u"BACKUP"_s;
+  for (const QString& backup : backupsOf(program_.services.path(u"soran.mdb"))) {
+    if (isWholeDatabase(backup) && QFile::copy(backup, target))
+      return u"BACKUP"_s;
+  }
   if (update_.fetchFile(u"/data/soran.mdb"_s, target) && isWholeDatabase(target))
     return u"DELIVERED FILE"_s;
   if (writeWhole(target, program_.services.deliveredDatabase(), true) && isWholeDatabase(target))

@@ -4,6 +4,7 @@
 
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/daily_backup.h"
 #include "store/program_update.h"
 #include "terminal/command_line.h"
 #include "terminal/hand_over.h"
@@ -263,6 +264,7 @@ void View::stop() {
   if (compact)
     passOver(lcView(), "compacting the database",
              [&] { compactDatabase(services.path(u"soran.mdb"), services.path(u"soran_temp.mdb")); });
+  backUpDaily(services.path(u"soran.mdb"), services.clock);
 }
 
 } // namespace soran

@@ -27,6 +27,53 @@ TEST(Stop, CompactsAtEveryFiftySecondExit) {
   }
 }
 
+TEST(Stop, KeepsACopyOfTheDay) {
+  World world;
+  const QString database = world.path(u"soran.mdb"_s);
+  const QString copy = database + u".day";
+  const auto group = [&](const QString& id) {
+    world.store([&](Tables& tables) { storeGroups(tables, {{id, u"RJTT"_s}}); });
+  };
+  const auto exitOnce = [&] {
+    ProgramRun run(world);
+    EXPECT_TRUE(run.start());
+    run.type(u"EXIT"_s);
+  };
+  const auto copied = [&] {
+    Tables tables;
+    tables.openAllTables(copy);
+    return tables.groupRows().value(0).id;
+  };
+  world.prepare([](Tables& tables) { storeGroups(tables, {{u"ONE"_s, u"RJTT"_s}}); });
+  exitOnce();
+  EXPECT_EQ(copied(), u"ONE");
+  EXPECT_EQ(QFile::permissions(copy) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+  const struct {
+    QString id;
+    int hours; ///< the age of the copy
+    QString kept;
+  } cases[] = {{u"TWO"_s, 23, u"ONE"_s}, {u"THREE"_s, 25, u"THREE"_s}, {u"FOUR"_s, -25, u"FOUR"_s}};
+  for (const auto& c : cases) {
+    QFile file(copy);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(
+        file.setFileTime(world.clock.now().addSecs(-3600 * c.hours), QFileDevice::FileModificationTime));
+    file.close();
+    group(c.id);
+    exitOnce();
+    EXPECT_EQ(copied(), c.kept) << c.hours;
+  }
+  // It is newer than what a renewal left.
+  writeWhole(database + u".bak", contents(copy));
+  group(u"FIVE"_s);
+  exitOnce();
+  writeWhole(database, "damaged");
+  ProgramRun run(world);
+  ASSERT_TRUE(run.start());
+  EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM BACKUP"));
+  EXPECT_EQ(run.program.tables.groupRows().value(0).id, u"FIVE");
+}
+
 TEST(Stop, EmptiesItsOwnFoldersOnly) {
   World world;
   const QString outside = world.folder.filePath(u"outside"_s);

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/clock.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace soran {
+
+/// Copies the closed database file to its name with ".day", where the copy that is there is not of the last
+/// 24 hours. A file that is not a whole database replaces no copy; what cannot be written leaves the former
+/// one.
+void backUpDaily(const QString& database, const Clock& clock);
+
+/// The copies of a database that there are, the newest first: that of the day, and that before its last
+/// renewal.
+QStringList backupsOf(const QString& database);
+
+} // namespace soran
