@@ -35,13 +35,17 @@ bool explainHalfOfTemperatures(const SelectedGroup& selected, QString& tip) {
   // Positions from 1: the character behind the half, then the one in front of it.
   QStringView title;
   if (take1(selected.screen, selected.start + group.size() + 1, 1) == u"/")
-    title = u" ： 地上気温 ";
+    title = u" ：  地上気温 ";
   else if (take1(selected.screen, selected.start, 1) == u"/")
-    title = u" ： 露点温度 ";
+    title = u" ：  露点温度 ";
   else
     return false;
   writeAll(tip, group, title);
-  writeDegrees(tip, group);
+  // Only of three characters the M is a sign.
+  if (group.size() == 3)
+    writeDegrees(tip, group);
+  else
+    writeAll(tip, Plain{leadingNumber(group)}, u"℃");
   return true;
 }
 

@@ -79,10 +79,11 @@ TEST(ExplainSelection, NeighboursDecideWhatHalfAGroupIs) {
     QString screen;
     QStringView text;
   } cases[] = {
-      {QStringLiteral("RJTT [M05]/M07"), u"M05 ： 地上気温 マイナス5℃"},
-      {QStringLiteral("RJTT M05/[M07]"), u"M07 ： 露点温度 マイナス7℃"},
-      {QStringLiteral("[05]/07"), u"05 ： 地上気温 5℃"},
-      {QStringLiteral("05/[07]"), u"07 ： 露点温度 7℃"},
+      {QStringLiteral("RJTT [M05]/M07"), u"M05 ：  地上気温 マイナス5℃"},
+      {QStringLiteral("RJTT M05/[M07]"), u"M07 ：  露点温度 マイナス7℃"},
+      {QStringLiteral("[05]/07"), u"05 ：  地上気温 5℃"},
+      {QStringLiteral("05/[07]"), u"07 ：  露点温度 7℃"},
+      {QStringLiteral("M1/[M2]"), u"M2 ：  露点温度 0℃"},
       {QStringLiteral("[⊿H]"), u"none"},
       {QStringLiteral("TAF [2112]/2218"), u"2112 ： 21日 12:00Z"},
       {QStringLiteral("[2112]/2218"), u"2112 ： 21日 12:00Z"},
