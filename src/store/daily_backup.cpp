@@ -23,7 +23,7 @@ QString dailyCopy(const QString& database) {
 } // namespace
 
 void backUpDaily(const QString& database, const Clock& clock) {
-  constexpr qint64 day = 24 * 3600;
+  constexpr qint64 day = 24 * 3600LL;
   const QFileInfo copy(dailyCopy(database));
   // One of a later time was made under a clock that was wrong.
   if (copy.exists() && std::abs(copy.lastModified().secsTo(clock.now())) < day)
