@@ -138,9 +138,7 @@ void MainWindow::connectPane() {
   connect(&browser, &BrowserFrame::addressChanged, ui_->inputURL, &QLineEdit::setText);
   connect(ui_->inputURL, &QLineEdit::textEdited, this,
           [this, before = QString()](const QString& typed) mutable {
-            // What a back space left was not typed.
-            const bool shorter = before.size() == typed.size() + 1 && before.startsWith(typed);
-            if (const QString text = BrowserPane::expandedAddress(typed); text != typed && !shorter)
+            if (const QString text = BrowserPane::expandedAddress(before, typed); text != typed)
               ui_->inputURL->setText(text);
             before = ui_->inputURL->text();
           });

@@ -43,8 +43,9 @@ void BrowserPane::pageState(Loading state) {
     status.setPaneText(text);
 }
 
-QString BrowserPane::expandedAddress(const QString& typed) {
-  return typed == u"h" ? u"https://www."_s : typed;
+QString BrowserPane::expandedAddress(const QString& before, const QString& typed) {
+  const bool shortened = before.size() == typed.size() + 1 && before.startsWith(typed);
+  return typed == u"h" && !shortened ? u"https://www."_s : typed;
 }
 
 } // namespace soran

@@ -28,8 +28,9 @@ class BrowserPane : public QObject {
   enum class Loading { Started, Completed, Failed };
   void pageState(Loading state);
 
-  /// What the address line makes of a typed text: "h" alone becomes the beginning of a web address.
-  static QString expandedAddress(const QString& typed);
+  /// What the address line makes of a text that was `before` until the last key: a first "h" becomes the
+  /// beginning of a web address, one that a back space left does not.
+  static QString expandedAddress(const QString& before, const QString& typed);
 
  signals:
   void visibleChanged();
