@@ -3,9 +3,7 @@
 #include "cli/interactive.h"
 
 #include "base/text.h"
-#include "cli/run.h"
 #include "terminal/hand_over.h"
-#include "terminal/opening.h"
 #include "terminal/picture_lookup.h"
 
 #include <QEventLoop>
@@ -74,7 +72,7 @@ int Interactive::run() {
   try {
     const Opening::Result result = opening->start();
     if (result != Opening::Result::Started)
-      return failedStart(static_cast<int>(result));
+      return failedStart(*opening, result);
   } catch (const Unwind&) {
     return 0;
   }
@@ -98,10 +96,10 @@ int Interactive::run() {
   return 1;
 }
 
-int Interactive::failedStart(int result) {
-  // The second instance was told already.
-  if (static_cast<Opening::Result>(result) != Opening::Result::AlreadyRunning)
-    output_.tell(u"soran-cli: " + startFailure(result));
+int Interactive::failedStart(const Opening& opening, Opening::Result result) {
+  // These were told by a message already.
+  if (result != Opening::Result::AlreadyRunning && result != Opening::Result::OtherFormat)
+    output_.tell(u"soran-cli: " + opening.failure());
   return 1;
 }
 

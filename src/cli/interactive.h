@@ -8,6 +8,7 @@
 #include "cli/terminal_desk.h"
 #include "cli/terminal_output.h"
 #include "terminal/launch.h"
+#include "terminal/opening.h"
 #include "terminal/view.h"
 
 #include <optional>
@@ -37,7 +38,7 @@ class Interactive final : public QObject {
   bool showForm(const QString& name);
   void showLog();
   void showPictureName();
-  int failedStart(int result);
+  int failedStart(const Opening& opening, Opening::Result result);
 
   LineEditor editor_;
   TerminalOutput output_;

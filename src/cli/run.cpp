@@ -44,22 +44,6 @@ class Typist final : public Waiting {
 
 } // namespace
 
-QString startFailure(int result) {
-  switch (static_cast<Opening::Result>(result)) {
-  case Opening::Result::AlreadyRunning:
-    return u"SORAN はすでに起動しています"_s;
-  case Opening::Result::NoNetwork:
-    return u"インターネットに接続できません"_s;
-  case Opening::Result::NoDirectory:
-    return u"プログラムのディレクトリを作成できません"_s;
-  case Opening::Result::NoDatabase:
-    return u"データベースを開けません"_s;
-  case Opening::Result::Started:
-    break;
-  }
-  return {};
-}
-
 int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStringList& lines,
              QIODevice& output, QIODevice& errors) {
   SteppedTimers timers;
@@ -73,9 +57,8 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   if (launch.demo())
     errors.write("DEMONSTRATION DATA\n");
   Opening opening(program);
-  const Opening::Result result = opening.start();
-  if (result != Opening::Result::Started) {
-    errors.write(u"soran-cli: "_s.append(startFailure(static_cast<int>(result))).append(u'\n').toUtf8());
+  if (opening.start() != Opening::Result::Started) {
+    errors.write(u"soran-cli: "_s.append(opening.failure()).append(u'\n').toUtf8());
     return 1;
   }
   desk.onDialog = [&errors](const QString& text) {

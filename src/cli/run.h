@@ -13,7 +13,4 @@ namespace soran {
 int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStringList& lines,
              QIODevice& output, QIODevice& errors);
 
-/// The reason for a start that ended, in words.
-QString startFailure(int result);
-
 } // namespace soran

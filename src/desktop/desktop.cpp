@@ -19,18 +19,9 @@ namespace {
 // A start that is quicker shows no form that would only flash up.
 constexpr int splashDelay = 200;
 
-QString failureText(Opening::Result result) {
-  switch (result) {
-  case Opening::Result::NoDirectory:
-    return u"プログラムのディレクトリを作成できません　　"_s;
-  case Opening::Result::NoDatabase:
-    return u"データベースを開けません　　"_s;
-  case Opening::Result::AlreadyRunning:
-  case Opening::Result::NoNetwork:
-  case Opening::Result::Started:
-    break;
-  }
-  return {};
+bool wasTold(Opening::Result result) {
+  return result == Opening::Result::AlreadyRunning || result == Opening::Result::NoNetwork ||
+         result == Opening::Result::OtherFormat;
 }
 
 } // namespace
@@ -63,8 +54,8 @@ bool Desktop::open(QString& notice) {
       notice = opening_->notice();
       return true;
     }
-    if (const QString text = failureText(result); !text.isEmpty())
-      dialogs_.message(u" 確認"_s, text);
+    if (!wasTold(result))
+      dialogs_.message(u" 確認"_s, opening_->failure() + u"　　");
   } catch (const Unwind&) {
     // The user closed the form.
   }

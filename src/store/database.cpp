@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/database.h"
 
-#include <QCryptographicHash>
+#include "store/cipher.h"
+
 #include <QFile>
 #include <sqlite3.h>
 
@@ -12,18 +13,35 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void fail(sqlite3* handle, const char* what) {
-  const std::string text = std::string(what) + ": " + (handle ? sqlite3_errmsg(handle) : "no connection");
-  if (handle && (sqlite3_errcode(handle) & 0xFF) == SQLITE_BUSY)
-    throw StoreBusy(text);
-  throw StoreError(text);
+StoreError::Kind kindOf(int code) {
+  using enum StoreError::Kind;
+  switch (code & 0xFF) {
+  case SQLITE_BUSY:
+  case SQLITE_LOCKED:
+    return Busy;
+  case SQLITE_PERM:
+  case SQLITE_READONLY:
+  case SQLITE_AUTH:
+    return NoPermission;
+  case SQLITE_FULL:
+    return NoSpace;
+  case SQLITE_CANTOPEN:
+  case SQLITE_IOERR:
+  case SQLITE_NOMEM:
+    return InputOutput;
+  case SQLITE_CORRUPT:
+    return Corrupt;
+  case SQLITE_NOTADB:
+    return NotADatabase;
+  default:
+    return Other;
+  }
 }
 
-/// The key is the hash of the password. The password is the same everywhere, so stretching it would cost
-/// every start a tenth of a second and protect nothing.
-QString keyPragma() {
-  const QByteArray key = QCryptographicHash::hash("Qn7ab", QCryptographicHash::Sha256).toHex();
-  return u"\"x'" + QString::fromLatin1(key) + u"'\"";
+[[noreturn]] void fail(sqlite3* handle, const char* what) {
+  if (!handle)
+    throw StoreError(std::string(what) + ": no connection");
+  throw StoreError(std::string(what) + ": " + sqlite3_errmsg(handle), sqlite3_extended_errcode(handle));
 }
 
 class Statement {
@@ -107,6 +125,9 @@ class Statement {
 
 } // namespace
 
+StoreError::StoreError(const std::string& what, int code)
+    : std::runtime_error(what), kind_(kindOf(code)), code_(code) {}
+
 void Database::Closer::operator()(sqlite3* handle) const {
   sqlite3_close_v2(handle);
 }
@@ -118,11 +139,12 @@ void Database::open(const QString& path, Mode mode) {
   handle_.reset(raw);
   if (result != SQLITE_OK) {
     handle_.reset();
-    throw StoreError("cannot open the database");
+    throw StoreError("cannot open the database", result);
   }
   try {
     sqlite3_busy_timeout(raw, 2000);
-    query(u"PRAGMA key = "_s + keyPragma());
+    query(u"PRAGMA key = "_s + cipher::key());
+    stateCipher(u"main"_s);
     query(u"SELECT count(*) FROM sqlite_master"_s);
   } catch (...) {
     handle_.reset();
@@ -156,7 +178,13 @@ qint64 Database::lastRowId() const {
 }
 
 void Database::attach(const QString& path, const QString& name) {
-  execute(u"ATTACH DATABASE ? AS "_s + quotedName(name) + u" KEY " + keyPragma(), {path});
+  execute(u"ATTACH DATABASE ? AS "_s + quotedName(name) + u" KEY " + cipher::key(), {path});
+  stateCipher(quotedName(name));
+}
+
+void Database::stateCipher(const QString& schema) {
+  for (const QString& statement : cipher::parameters(schema))
+    query(statement);
 }
 
 Transaction::Transaction(Database& database) : database_(database) {

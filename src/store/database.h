@@ -15,13 +15,27 @@ namespace soran {
 /// An operation of the store failed; `what` tells why.
 class StoreError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
-};
+  enum class Kind {
+    Busy,         ///< another process holds the file; it is as whole as it was
+    NoPermission, ///< the file or its folder may not be read or written
+    NoSpace,      ///< the disk is full
+    InputOutput,  ///< the file could not be opened, read or written for another reason
+    Corrupt,      ///< the file was read and is damaged
+    NotADatabase, ///< the file was read and is no database under the program's key
+    Other,        ///< the operation does not fit the tables, or the program itself refused it
+  };
 
-/// Another process holds the file; it is as whole as it was.
-class StoreBusy final : public StoreError {
- public:
-  using StoreError::StoreError;
+  explicit StoreError(const std::string& what) : std::runtime_error(what) {}
+  /// `code` is the library's extended result code.
+  StoreError(const std::string& what, int code);
+
+  Kind kind() const { return kind_; }
+  /// The library's extended result code, 0 where it gave none.
+  int code() const { return code_; }
+
+ private:
+  Kind kind_ = Kind::Other;
+  int code_ = 0;
 };
 
 /// One encrypted database file. Every operation throws StoreError where it fails.
@@ -54,10 +68,13 @@ class Database {
   /// The rowid of the row inserted last.
   qint64 lastRowId() const;
 
-  /// Attaches another file as `name` with the same password; made where it does not exist.
+  /// Attaches a file that does not exist yet, or is empty, as `name` with the same password.
   void attach(const QString& path, const QString& name);
 
  private:
+  /// Tells the library the parameters of a file whose key it has just got.
+  void stateCipher(const QString& schema);
+
   struct Closer {
     void operator()(sqlite3* handle) const;
   };

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/cipher.h"
 #include "store/daily_backup.h"
 #include "terminal/own_directory.h"
 
@@ -56,25 +57,25 @@ std::optional<QString> serverAddress(const QString& text) {
 Opening::Result Opening::start() {
   const QString& directory = program_.services.directory;
   if (!claimDirectory(directory))
-    return Result::NoDirectory;
+    return failed(Result::NoDirectory, u"プログラムのディレクトリを作成できません"_s);
   // Where the directory cannot be written there is nothing that two instances could spoil.
   if (lock_.take() == FileLock::Result::Held) {
     program_.services.dialogs.message(u" 確認"_s, u"SORAN はすでに起動しています  "_s);
-    return Result::AlreadyRunning;
+    return failed(Result::AlreadyRunning, u"SORAN はすでに起動しています"_s);
   }
   program_.services.inet.setRequestTimeout(60);
   program_.networkAvailable = networkIsThere();
   if (!program_.networkAvailable && program_.services.endpoints.probe.isEmpty()) {
     program_.services.forms.showModal(u"noconnectmsg"_s);
-    return Result::NoNetwork;
+    return failed(Result::NoNetwork, u"インターネットに接続できません"_s);
   }
   for (const QString& folder : {u"sound"_s, u"data"_s}) {
     if (!makePrivateDirectory(directory + u'/' + folder))
       qCWarning(lcTerminal) << "passed over: making the folder" << folder;
   }
   fetchMissing();
-  if (!openDatabase())
-    return Result::NoDatabase;
+  if (const Result opened = openDatabase(); opened != Result::Started)
+    return opened;
   recordVersion();
   renewFiles();
   takeServerAddress();
@@ -108,25 +109,39 @@ void Opening::fetchMissing() {
   }
 }
 
-bool Opening::openDatabase() {
-  bool busy = false;
-  const auto open = [this, &busy] {
-    const auto openTables = [this, &busy] {
-      try {
-        program_.tables.openAllTables(databasePath());
-      } catch (const StoreBusy&) {
-        busy = true;
-        throw;
-      }
-    };
+Opening::Result Opening::failed(Result result, const QString& why) {
+  failure_ = why;
+  return result;
+}
+
+Opening::Result Opening::openDatabase() {
+  auto why = StoreError::Kind::Other;
+  const auto openTables = [this, &why] {
+    try {
+      program_.tables.openAllTables(databasePath());
+    } catch (const StoreError& e) {
+      why = e.kind();
+      throw;
+    }
+  };
+  const auto open = [this, &openTables] {
     return passOver(lcTerminal(), "opening the database", openTables) &&
            program_.tables.byName(table::設定)->recordCount() == 1;
   };
   if (open())
-    return true;
+    return Result::Started;
   program_.tables.closeAll();
+  if (why == StoreError::Kind::NotADatabase && cipher::isDatabaseOfAnotherFormat(databasePath())) {
+    const QString text = u"データベースの形式が異なるため、開くことができません　　\r\n\r\n" +
+                         QDir::toNativeSeparators(databasePath());
+    program_.services.dialogs.message(u" 確認"_s, text);
+    return failed(Result::OtherFormat,
+                  u"データベースの形式が異なるため、開くことができません: " + databasePath());
+  }
   // A database that another process holds for a while is not to be replaced by an older one.
-  return !busy && restoreDatabase() && open();
+  if (why != StoreError::Kind::Busy && restoreDatabase() && open())
+    return Result::Started;
+  return failed(Result::NoDatabase, u"データベースを開けません"_s);
 }
 
 QString Opening::restorationSource(const QString& target) {

@@ -4,6 +4,7 @@
 
 #include "base/file_lock.h"
 #include "pipeline/program.h"
+#include "store/database.h"
 #include "store/program_update.h"
 
 #include <QTemporaryDir>
@@ -29,18 +30,23 @@ class Opening {
     NoNetwork,      ///< no answer of the update endpoint; the user was told
     NoDirectory,    ///< the program's directory cannot be made
     NoDatabase,     ///< no database could be opened, not even the delivered one
+    OtherFormat,    ///< the database is one, but not of the program's format; the user was told
   };
 
   /// Runs the start to its end. Waits in the event loop; throws Unwind where it was closed meanwhile.
   Result start();
 
+  /// Why the last start did not come to its end, in words; empty where it did.
+  const QString& failure() const { return failure_; }
+
   /// What the start has to tell on the screen, empty where there is nothing.
   const QString& notice() const { return notice_; }
 
  private:
+  Result failed(Result result, const QString& why);
   bool networkIsThere();
   void fetchMissing();
-  bool openDatabase();
+  Result openDatabase();
   bool restoreDatabase();
   QString restorationSource(const QString& target);
   void recordVersion();
@@ -56,6 +62,7 @@ class Opening {
   std::unique_ptr<QTemporaryDir> spare_; // holds the database where the directory cannot
   QString versionText_;
   QString notice_;
+  QString failure_;
   bool firstStart_ = false;
 };
 

@@ -146,21 +146,43 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
   EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
 }
 
-TEST(DamagedDatabase, OfAnotherMakeGivesWayAndIsKept) {
+TEST(DamagedDatabase, UnderAnotherPasswordGivesWayAndIsKept) {
   World world;
   prepareOwn(world);
-  const QString path = world.path(u"soran.mdb"_s);
-  const QByteArray foreign[] = {exported(world, u"''"_s), exported(world, u"'another password'"_s)};
-  EXPECT_TRUE(foreign[0].startsWith("SQLite format 3"));
-  EXPECT_FALSE(foreign[1].isEmpty());
-  for (const QByteArray& bytes : foreign) {
+  const QByteArray foreign = exported(world, u"'another password'"_s);
+  EXPECT_FALSE(foreign.isEmpty());
+  World other;
+  other.prepare();
+  writeWhole(other.path(u"soran.mdb"_s), foreign);
+  ProgramRun run(other);
+  ASSERT_TRUE(run.start());
+  EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
+  EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == foreign);
+}
+
+TEST(OtherFormat, IsToldAndNeverReplaced) {
+  World world;
+  prepareOwn(world);
+  const QString standard = QStringView(SORAN_SOURCE_DIR) + u"/tests/store/fixtures/sqlcipher-4-standard.mdb";
+  const QByteArray formats[] = {exported(world, u"''"_s), contents(standard)};
+  EXPECT_TRUE(formats[0].startsWith("SQLite format 3"));
+  EXPECT_FALSE(formats[1].isEmpty());
+  for (const QByteArray& bytes : formats) {
     World other;
     other.prepare();
-    writeWhole(other.path(u"soran.mdb"_s), bytes);
+    const QString path = other.path(u"soran.mdb"_s);
+    QFile::copy(path, path + u".bak");
+    writeWhole(path, bytes);
+    const auto before = filesBelow(other.home());
     ProgramRun run(other);
-    ASSERT_TRUE(run.start());
-    EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
-    EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == bytes);
+    EXPECT_FALSE(run.start());
+    EXPECT_EQ(run.result, Opening::Result::OtherFormat);
+    EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs),
+              QStringList{u"データベースの形式が異なるため、開くことができません　　\r\n\r\n" + path});
+    EXPECT_TRUE(run.opening.failure().contains(path));
+    auto behind = filesBelow(other.home());
+    behind.remove(other.path(u"soran.lock"_s));
+    EXPECT_TRUE(behind == before);
   }
 }
 
