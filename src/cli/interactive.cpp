@@ -168,7 +168,7 @@ void Interactive::tellSlowRun() {
   const Console& console = program_.console;
   // A list that says LOADING grows before the user's eyes.
   const bool loading = linesOf(console.screen().text()).constLast().startsWith(u"LOADING");
-  if (console.busy() && console.flags.typedRun && !loading && !view_.ended())
+  if (console.busy() && program_.runMemory.enterTyped && !loading && !view_.ended())
     output_.tell(console.status().panel2() + u" ...", Look::Dim);
 }
 

@@ -20,26 +20,32 @@ int minutesOf(const std::optional<QString>& hour, const std::optional<QString>& 
 
 } // namespace
 
-void Printing::printScreen() {
+QString Printing::printScreen(Cause cause) {
   Console& console = program_.console;
   console.addLogEntry(u"PRINT COMMAND"_s);
   const QString kept = console.status().panel2();
-  const bool automatic = printRequested_ && console.flags.changeRun;
+  const bool automatic = cause == Cause::Cycle;
+  const auto noted = [&](const QString& what) -> QString {
+    return crlf + what + u' ' + timeText(program_.services.clock) + crlf;
+  };
   const auto end = qScopeGuard([&] {
-    printRequested_ = false;
     if (!program_.services.shutdown.requested())
       console.setPanel(2, kept);
   });
 
-  if (!printRequested_ && program_.settings()[key::印刷時ダイアログ] == true && !approveByDialog()) {
+  if (cause == Cause::User && program_.settings()[key::印刷時ダイアログ] == true && !approveByDialog()) {
     console.appendScreen(crlf + u"CANCEL PRINT");
     console.addLogEntry(u"CANCEL PRINT COMMAND"_s);
-    return;
+    return {};
   }
   const QString stored = program_.settings()[key::プリンター].value_or(QString());
   if (automatic) {
-    if (!approveAutomatic())
-      return;
+    if (const QString why = refusalOfAutomatic(); !why.isEmpty()) {
+      console.addLogEntry(why);
+      return noted(why);
+    }
+    console.setPanel(2, u"プリンター自動出力中"_s);
+    program_.currentPrinter = stored;
   } else {
     console.addLogEntry(u"AUTO PRINT DATA SPOOL INTO " + stored);
     console.setPanel(2, u"プリンター出力中"_s);
@@ -47,15 +53,15 @@ void Printing::printScreen() {
   const QString printer = chosenPrinter();
   if (printer.isEmpty() || !print(printer)) {
     console.addLogEntry(u"CANCEL PRINT COMMAND"_s);
-    return;
+    return {};
   }
   if (automatic) {
-    console.staging += crlf + u"AUTO PRINT COMPLETED " + timeText(program_.services.clock) + crlf;
     console.addLogEntry(u"AUTO PRINT COMPLETED TO " + stored);
-  } else {
-    console.appendScreen(crlf + u"PRINT COMPLETED");
-    console.addLogEntry(u"PRINT COMPLETED"_s);
+    return noted(u"AUTO PRINT COMPLETED"_s);
   }
+  console.appendScreen(crlf + u"PRINT COMPLETED");
+  console.addLogEntry(u"PRINT COMPLETED"_s);
+  return {};
 }
 
 QString Printing::chosenPrinter() const {
@@ -87,21 +93,13 @@ bool Printing::withinSchedule() const {
          present <= minutesOf(settings[key::印刷終了時], settings[key::印刷終了分]);
 }
 
-bool Printing::approveAutomatic() {
-  Console& console = program_.console;
-  const auto refuse = [&](const QString& why) {
-    console.staging += crlf + why + u' ' + timeText(program_.services.clock) + crlf;
-    console.addLogEntry(why);
-    return false;
-  };
+QString Printing::refusalOfAutomatic() const {
   if (!withinSchedule())
-    return refuse(u"AUTO PRINT DISABLED / OUT OF PRINT SCHEDULE"_s);
+    return u"AUTO PRINT DISABLED / OUT OF PRINT SCHEDULE"_s;
   const QString stored = program_.settings()[key::プリンター].value_or(QString());
   if (!program_.services.printers.installed().contains(stored))
-    return refuse(u"AUTO PRINT DISABLED / NOT FOUND PRINTER"_s);
-  console.setPanel(2, u"プリンター自動出力中"_s);
-  program_.currentPrinter = stored;
-  return true;
+    return u"AUTO PRINT DISABLED / NOT FOUND PRINTER"_s;
+  return {};
 }
 
 bool Printing::print(const QString& printer) {
@@ -141,7 +139,7 @@ void Printing::saveScreen() {
     return cancelSave();
   console.appendScreen(crlf + u"FILE SAVE COMPLETED");
   console.addLogEntry(u"FILE SAVE COMPLETED"_s);
-  console.flags.readyGap = true;
+  console.setPromptGap(true);
   console.showReady();
   console.colourScreenText();
 }
@@ -149,7 +147,7 @@ void Printing::saveScreen() {
 void Printing::cancelSave() {
   Console& console = program_.console;
   console.appendScreen(crlf + u"CANCEL FILE SAVE");
-  console.flags.readyGap = true;
+  console.setPromptGap(true);
   console.showReady();
   console.colourScreenText();
   console.addLogEntry(u"CANCEL FILE SAVE COMMAND"_s);

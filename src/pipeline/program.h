@@ -3,6 +3,7 @@
 #pragma once
 
 #include "interpret/dictionaries.h"
+#include "pipeline/run_request.h"
 #include "pipeline/station_table.h"
 #include "platform/services.h"
 #include "screen/console.h"
@@ -29,6 +30,8 @@ struct Program {
   QString baseUrl;                            ///< base of the update endpoint, without trailing slash
   bool networkAvailable = false;              ///< last known state of the connection
   QString currentInput;                       ///< code list of the last run, with its prefix "SQ " or "JP "
+  RunMemory runMemory;                        ///< what else RL and the watch need to run it again
+  int userActs = 0;                           ///< keys and group starts so far: one holds announcements back
   QString inputHistory = QStringLiteral(" "); ///< words typed, blank-delimited, 200 characters at most
 
   StationTable stationTable;

@@ -31,8 +31,6 @@ WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
       program_.services.forms.hide(u"taskicon"_s);
     });
   });
-  decode_.onMissingCycleFile = [this] { timer4_->setEnabled(true); };
-  decode_.announceChanges = [this] { announceChanges(); };
 }
 
 void WatchCycle::start() {
@@ -67,14 +65,29 @@ void WatchCycle::startAutomatic() {
   Console& console = program_.console;
   console.appendScreen(crlf.toString());
   console.addLogEntry(u"AUTO DECODE SEQUENCE START"_s);
-  console.flags.autoMode = true;
-  // The toolbar's button comes without a key press, which would have cleared it.
-  console.flags.groupMode = false;
-  console.flags.fullLoad = true;
-  decode_.loadStationTable();
-  decode_.decodeRun();
+  console.setSequencePending(false);
+  program_.runMemory.japanesePending = false;
+  QStringList codes;
+  for (const Airport& airport : program_.tables.autoRows())
+    codes.append(airport.code);
+  run({.kind = RunKind::Automatic, .codes = codes.join(u' '), .origin = RunOrigin::Button, .fullLoad = true});
   program_.watchTicks = 0;
   timer_->setEnabled(true);
+}
+
+void WatchCycle::run(const RunRequest& request) {
+  decode_.remember(request);
+  runAgain(request.origin);
+}
+
+void WatchCycle::runAgain(RunOrigin origin) {
+  show(decode_.gather(decode_.repeated(origin)));
+}
+
+void WatchCycle::show(const GatheredRun& run, const QString& behind) {
+  decode_.show(run, behind);
+  if (run.missingCycleFile)
+    timer4_->setEnabled(true);
 }
 
 void WatchCycle::onWatchTick() {
@@ -178,33 +191,39 @@ void WatchCycle::cycle() {
     refreshCycleFiles(program_);
     return;
   }
-  if (console.flags.autoMode && (program_.settings()[key::自動デコード有効] == false ||
-                                 program_.tables.autoList().recordCount() == 0)) {
+  if (program_.runMemory.automatic && (program_.settings()[key::自動デコード有効] == false ||
+                                       program_.tables.autoList().recordCount() == 0)) {
     program_.showAutoDecodeStopped();
     refreshCycleFiles(program_);
     return;
   }
-  if (console.flags.fullLoad) {
-    console.flags.readyGap = true;
-    if (console.flags.autoMode) {
+  if (program_.runMemory.loadPending) {
+    console.setPromptGap(true);
+    if (program_.runMemory.automatic) {
       console.addLogEntry(u"AUTO DECODE SEQUENCE START"_s);
-      decode_.decodeRun();
+      runAgain(RunOrigin::Start);
     }
   } else {
-    console.flags.changeRun = true;
+    const int acts = program_.userActs;
     checkForChanges(program_);
-    if (program_.cycleChanged) {
-      console.flags.readyGap = true;
-      decode_.decodeRun();
-    }
+    if (program_.cycleChanged)
+      runChanged(acts);
   }
   timer_->setEnabled(true);
-  console.flags.changeRun = false;
   program_.lastCycleTime = timeText(program_.services.clock).left(5);
   refreshCycleFiles(program_);
 }
 
-void WatchCycle::announceChanges() {
+/// Shows the list once more, told of as new where the user did nothing since `acts` were counted.
+void WatchCycle::runChanged(int acts) {
+  program_.console.setPromptGap(true);
+  const GatheredRun run = decode_.gather(decode_.repeated(RunOrigin::Cycle));
+  const bool announces = run.request.kind != RunKind::Japanese && run.request.kind != RunKind::Sequence &&
+                         acts == program_.userActs;
+  show(run, announces ? announceChanges(acts) : QString());
+}
+
+QString WatchCycle::announceChanges(int acts) {
   Console& console = program_.console;
   const QString ring = program_.services.path(u"sound/ring.wav");
   if (fileExists(ring) && program_.settings()[key::更新終了時アラーム] == true) {
@@ -218,10 +237,13 @@ void WatchCycle::announceChanges() {
       program_.services.forms.show(u"datachange"_s);
   }
   if (program_.settings()[key::印刷更新時印刷] == true) {
-    printing_.requestAutomatic();
-    printing_.printScreen();
+    // A key during the sound takes the print out of its window.
+    const QString behind = printing_.printScreen(acts == program_.userActs ? Printing::Cause::Cycle
+                                                                           : Printing::Cause::DisturbedCycle);
     console.appendScreen(crlf.toString());
+    return behind;
   }
+  return {};
 }
 
 void WatchCycle::onOverlayTick() {
@@ -238,9 +260,9 @@ void WatchCycle::onSequenceRetry() {
   constexpr int retriesBeforeRefresh = 10;
   timer4_->setEnabled(false);
   program_.watchTicks = 0;
-  program_.console.flags.readyGap = true;
-  program_.console.flags.sequenceRequested = true;
-  decode_.decodeRun();
+  program_.console.setPromptGap(true);
+  program_.console.setSequencePending(true);
+  runAgain(RunOrigin::Button);
   if (!timer4_->enabled()) {
     retries_ = 0;
   } else if (++retries_ == retriesBeforeRefresh) {

@@ -41,6 +41,11 @@ class WatchCycle {
   /// Starts the automatic decode: the typed ATO, from its third step on.
   void startAutomatic();
 
+  /// Runs what the user asked for; RL and the watch repeat it from then on. Waits in the event loop.
+  void run(const RunRequest& request);
+  /// Runs once more what was run last.
+  void runAgain(RunOrigin origin);
+
   void onWatchTick();
   void onOverlayTick();
   void onSequenceRetry();
@@ -55,7 +60,9 @@ class WatchCycle {
   void renewTaskIcon();
   void cycle();
   bool cycleIsDue() const;
-  void announceChanges();
+  void runChanged(int acts);
+  QString announceChanges(int acts);
+  void show(const GatheredRun& run, const QString& behind = {});
 
   Program& program_;
   DecodeRun& decode_;

@@ -27,11 +27,11 @@ void Console::setPanel(int panel, const QString& text) {
 }
 
 void Console::showReady() {
-  appendScreen(crlf + u"READY / PRESS ESC TO EXIT" + (flags.readyGap ? crlf : QStringView()));
+  appendScreen(crlf + u"READY / PRESS ESC TO EXIT" + (promptGap_ ? crlf : QStringView()));
   caretToEnd();
-  flags.readyGap = false;
+  promptGap_ = false;
   setBusy(false);
-  if (flags.sequenceRequested && !screen_.text().contains(u"LOADING"))
+  if (sequencePending_ && !screen_.text().contains(u"LOADING"))
     setPanel(2, status_.panelSavedText());
 }
 

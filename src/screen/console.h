@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "screen/run_flags.h"
 #include "screen/running_log.h"
 #include "screen/screen.h"
 #include "screen/status_bar.h"
@@ -24,12 +23,11 @@ class Console : public QObject {
   const StatusBar& status() const { return status_; }
   const RunningLog& log() const { return log_; }
 
-  RunFlags flags;
   /// The buffer in which a run builds its text.
   QString staging;
   /// Codes shown so far, with a blank at both ends; the oldest are dropped beyond 200 characters.
   QString recentCodes = QStringLiteral(" ");
-  /// The group of the last group run.
+  /// The group of the last group run: its name is not coloured.
   QString groupName;
 
   /// The characters typed so far, and their echo.
@@ -47,6 +45,14 @@ class Console : public QObject {
 
   /// Writes the prompt.
   void showReady();
+
+  /// Whether the next prompt ends with a line end of its own; each prompt forgets it.
+  void setPromptGap(bool gap) { promptGap_ = gap; }
+
+  /// SQ was asked for: until a run has ended the prompt puts the saved text of panel 2 back, and the next run
+  /// is a sequence.
+  bool sequencePending() const { return sequencePending_; }
+  void setSequencePending(bool pending) { sequencePending_ = pending; }
 
   /// Paints the whole screen by the settings.
   void repaint();
@@ -84,6 +90,8 @@ class Console : public QObject {
   Settings& settings_;
   QString inputlbl_;
   QString padlbl_;
+  bool promptGap_ = false;
+  bool sequencePending_ = false;
   bool busy_ = false;
   bool overlay_ = false;
 };

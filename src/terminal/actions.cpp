@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 void View::startAutomaticDecode(Start start) {
   Console& console = program_.console;
   Settings& settings = program_.settings();
-  console.flags.readyGap = start == Start::ByButton;
+  console.setPromptGap(start == Start::ByButton);
   if (program_.tables.autoList().recordCount() == 0) {
     console.appendScreen(crlf + u"NO AIRPORT FOUND IN AUTO DECODE LIST" + crlf);
     console.showReady();
@@ -35,7 +35,7 @@ void View::startAutomaticDecode(Start start) {
     console.caretToEnd();
     console.setPanel(2, u"システム初期化中"_s);
     settings.store(key::自動デコード有効, true);
-    console.flags.readyGap = start == Start::ByButton;
+    console.setPromptGap(start == Start::ByButton);
   }
   cycle_.startAutomatic();
 }

@@ -24,7 +24,6 @@ struct Command {
 
   Program& program() const { return view.program(); }
   Console& console() const { return view.program().console; }
-  RunFlags& flags() const { return view.program().console.flags; }
   void log(const QString& message) const { console().addLogEntry(message); }
   void emptyPad() const { console().setPad(QString()); }
 
@@ -149,15 +148,15 @@ Outcome group(Command& c) {
   for (const Group& group : c.program().tables.groupRows()) {
     if (group.id != c.text)
       continue;
-    c.program().currentInput = group.route;
     c.console().groupName = c.text;
-    c.flags().groupMode = true;
     c.view.cycle().stopAutoOnManual();
     c.console().appendScreen(crlf.toString());
     c.console().caretToEnd();
-    c.flags().autoMode = false;
-    c.flags().fullLoad = true;
-    c.view.decode().decodeRun();
+    c.view.cycle().run({.kind = RunKind::Group,
+                        .codes = group.route,
+                        .origin = RunOrigin::Typed,
+                        .group = c.text,
+                        .fullLoad = true});
     return Outcome::Taken;
   }
   return Outcome::Passed;
@@ -183,7 +182,7 @@ Outcome reload(Command& c) {
     c.prompt(crlf + u"INPUT AIRPORT CODE" + crlf);
     return Outcome::Taken;
   }
-  c.view.decode().decodeRun();
+  c.view.cycle().runAgain(RunOrigin::Typed);
   c.log(u"DATA RELOAD"_s);
   return Outcome::Taken;
 }
@@ -210,7 +209,7 @@ Outcome networkGate(Command& c) {
 Outcome sequencePrefix(Command& c) {
   if (c.text.startsWith(u"SQ ")) {
     c.text.remove(0, 3);
-    c.flags().sequenceRequested = true;
+    c.console().setSequencePending(true);
     c.console().status().savePanel2();
   }
   return Outcome::Passed;
@@ -219,7 +218,7 @@ Outcome sequencePrefix(Command& c) {
 Outcome japanesePrefix(Command& c) {
   if (c.text.startsWith(u"JP ")) {
     c.text.remove(0, 3);
-    c.flags().japaneseRequested = true;
+    c.program().runMemory.japanesePending = true;
     c.console().status().savePanel2();
   }
   return Outcome::Passed;
@@ -229,12 +228,8 @@ Outcome codeList(Command& c) {
   if (!isCodeList(c.text))
     return Outcome::Passed;
   c.view.cycle().stopAutoOnManual();
-  c.program().currentInput = c.text;
-  c.flags().groupMode = false;
   c.log(u"MANUAL DECODE"_s);
-  c.flags().autoMode = false;
-  c.flags().fullLoad = true;
-  c.view.decode().decodeRun();
+  c.view.cycle().run({.kind = RunKind::List, .codes = c.text, .origin = RunOrigin::Typed, .fullLoad = true});
   return Outcome::Taken;
 }
 

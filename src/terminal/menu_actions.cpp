@@ -25,7 +25,7 @@ void openPage(View& view, const QString& logLine, const QString& address) {
 
 /// A prompt of the toolbar.
 void buttonPrompt(View& view) {
-  view.program().console.flags.readyGap = true;
+  view.program().console.setPromptGap(true);
   view.program().console.showReady();
 }
 
@@ -71,40 +71,33 @@ void printByButton(View& view) {
 
 void startAirport(View& view, const QString& caption) {
   Program& program = view.program();
-  RunFlags& flags = program.console.flags;
+  const QString code = mid1(caption, 1, 4).toString();
   program.console.status().savePanel2();
   view.cycle().stopAutoOnManual();
-  program.currentInput = mid1(caption, 1, 4).toString();
-  program.console.addLogEntry(program.currentInput + u" MANUAL DECODE");
-  flags.groupMode = false;
-  flags.autoMode = false;
-  flags.fullLoad = true;
-  flags.sequenceRequested = true;
-  flags.readyGap = true;
+  program.console.addLogEntry(code + u" MANUAL DECODE");
+  program.console.setPromptGap(true);
   program.watchTicks = 0;
   view.cycle().enableWatch(false);
-  view.decode().decodeRun();
+  view.cycle().run({.kind = RunKind::Sequence, .codes = code, .fullLoad = true});
   view.cycle().enableWatch(true);
 }
 
 void startGroup(View& view, const QString& caption) {
   Program& program = view.program();
-  RunFlags& flags = program.console.flags;
+  QString codes = program.currentInput;
   for (const Group& group : program.tables.groupRows()) {
     if (group.id == caption) {
-      program.currentInput = group.route;
+      codes = group.route;
       program.console.groupName = caption;
       break;
     }
   }
-  flags.readyGap = true;
-  flags.changeRun = false;
+  program.console.setPromptGap(true);
+  ++program.userActs;
   program.watchTicks = 0;
   view.cycle().enableWatch(false);
-  flags.fullLoad = true;
-  flags.groupMode = true;
-  flags.autoMode = false;
-  view.decode().decodeRun();
+  view.cycle().run(
+      {.kind = RunKind::Group, .codes = codes, .group = program.console.groupName, .fullLoad = true});
   if (program.settings()[key::マニュアル入力時停止] == false)
     view.cycle().enableWatch(true);
   else
@@ -194,15 +187,15 @@ void reload(View& view) {
     program.console.appendScreen(crlf + u"INPUT AIRPORT" + crlf);
     buttonPrompt(view);
   } else {
-    program.console.flags.readyGap = true;
+    program.console.setPromptGap(true);
     program.watchTicks = 0;
-    view.decode().decodeRun();
+    view.cycle().runAgain(RunOrigin::Button);
     program.console.addLogEntry(u"DATA RELOAD COMMAND"_s);
   }
 }
 
 void clearScreen(View& view) {
-  view.program().console.flags.readyGap = true;
+  view.program().console.setPromptGap(true);
   view.clearScreen();
 }
 

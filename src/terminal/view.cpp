@@ -63,8 +63,8 @@ void View::removeLeftovers() const {
 void View::load(const QString& notice) {
   Console& console = program_.console;
   Settings& settings = program_.settings();
-  console.flags.autoMode = true;
-  console.flags.fullLoad = true;
+  program_.runMemory.automatic = true;
+  program_.runMemory.loadPending = true;
   removeLeftovers();
   program_.services.inet.setRequestTimeout(60);
   // The text is written in the colours of the settings from the first character on.
@@ -84,7 +84,7 @@ void View::load(const QString& notice) {
     console.screen().setText(u"DATABASE CONNECTION COMPLETED" + crlf + u"AUTO DECODE SEQUENCE DISABLED" +
                              crlf);
     console.showReady();
-    console.flags.fullLoad = false;
+    program_.runMemory.loadPending = false;
   }
   console.applyDisplaySettings();
   console.appendScreen(crlf.toString());
@@ -111,11 +111,11 @@ void View::readTimeZone() {
 void View::firstActivation() {
   Console& console = program_.console;
   program_.cycleDecade = 25;
-  console.flags.groupMode = false;
   console.groupName.clear();
-  console.flags.sequenceRequested = false;
-  console.flags.japaneseRequested = false;
-  console.flags.typedRun = false;
+  console.setSequencePending(false);
+  program_.runMemory.group.clear();
+  program_.runMemory.japanesePending = false;
+  program_.runMemory.enterTyped = false;
   updaterRequested_ = false;
   program_.inputHistory = u" "_s;
   console.setOverlay(program_.networkAvailable);
@@ -125,7 +125,7 @@ void View::firstActivation() {
     checkVersionAtStart(formsLoaded);
   if (formsLoaded)
     console.log().load();
-  if (console.flags.fullLoad) {
+  if (program_.runMemory.loadPending) {
     console.appendScreen(u"DATABASE CONNECTION COMPLETED" + crlf);
     console.caretToEnd();
   }
@@ -169,7 +169,7 @@ void View::passiveNotice(const QString& version) {
   // The notice stands behind the first line, whatever was written after that.
   constexpr qsizetype behindFirstLine = 18;
   showNewVersionNotice(version, behindFirstLine);
-  program_.console.flags.typedRun = false;
+  program_.runMemory.enterTyped = false;
   enterSeen_ = false;
   program_.services.waiting.until([this] { return enterSeen_; });
 }
@@ -179,7 +179,7 @@ void View::showNewVersionNotice(const QString& version, qsizetype paintFrom) {
   console.appendScreen(crlf + u"Now you can download a latest version " + version + crlf +
                        u"For download, keep network connection and select menu UPDATE or type 'UPDATE' out." +
                        crlf + crlf + u"To continue, hit ENTER key. " + crlf);
-  console.flags.readyGap = true;
+  console.setPromptGap(true);
   console.showReady();
   constexpr qsizetype noticeLength = 162;
   console.screen().paint(paintFrom, noticeLength, yellow);
@@ -199,9 +199,9 @@ void View::handleKey(QChar key) {
   if (ended_)
     return;
   Console& console = program_.console;
-  console.flags.groupMode = false;
-  console.flags.japaneseRequested = false;
-  console.flags.changeRun = false;
+  program_.runMemory.group.clear();
+  program_.runMemory.japanesePending = false;
+  ++program_.userActs;
   today_ = program_.services.clock.now().date();
   program_.watchTicks = 0;
   if (key == escape) {
@@ -218,7 +218,7 @@ void View::handleKey(QChar key) {
 }
 
 void View::enter() {
-  program_.console.flags.typedRun = true;
+  program_.runMemory.enterTyped = true;
   const QString text = asciiUpper(trimBlanks(program_.console.inputlbl()));
   if (text.isEmpty())
     return;

@@ -50,7 +50,6 @@ class View : public QObject {
   QString banner() const;
 
   Program& program() { return program_; }
-  DecodeRun& decode() { return decode_; }
   WatchCycle& cycle() { return cycle_; }
   Printing& printing() { return printing_; }
   BrowserPane& pane() { return pane_; }

@@ -3,6 +3,7 @@
 // A day on a dispatcher's desk: the reports of twenty stations, two losses of the network and a restart of
 // the endpoint.
 
+#include "pipeline/layout.h"
 #include "platform/demo_data.h"
 #include "terminal/harness.h"
 

@@ -138,13 +138,9 @@ TEST_F(PrintingTest, PrintsAutomaticallyWithinItsWindow) {
     settings().store(key::印刷終了時, c.to.left(2));
     settings().store(key::印刷終了分, c.to.mid(2));
     settings().store(key::プリンター, c.printer);
-    run.program.console.staging = u"staging"_s;
-    run.program.console.flags.changeRun = true;
-    run.view.printing().requestAutomatic();
-    run.view.printing().printScreen();
+    const QString behind = run.view.printing().printScreen(Printing::Cause::Cycle);
     const bool refused = !c.refusal.isEmpty();
-    EXPECT_EQ(run.program.console.staging,
-              u"staging\r\n" + (refused ? c.refusal : u"AUTO PRINT COMPLETED"_s) + u' ' + c.now + crlf);
+    EXPECT_EQ(behind, crlf + (refused ? c.refusal : u"AUTO PRINT COMPLETED"_s) + u' ' + c.now + crlf);
     EXPECT_EQ(run.logged(),
               (QStringList{u"PRINT COMMAND"_s, refused ? c.refusal : u"AUTO PRINT COMPLETED TO OFFICE"_s}));
     EXPECT_EQ(run.shown(), QString());

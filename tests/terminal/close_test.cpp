@@ -32,7 +32,7 @@ const RunToClose runs[] = {
     {"FirstCycle", [](ProgramRun& r) { r.tick(); }, 20},
     {"CycleThatAnnounces",
      [](ProgramRun& r) {
-       r.program.console.flags.fullLoad = false;
+       r.program.runMemory.loadPending = false;
        r.program.currentInput = u"RJTT RJAA"_s;
        r.program.stationTable.rebuild(r.program.currentInput);
        r.tick();

@@ -123,7 +123,8 @@ TEST_F(MenusTest, AnAirportOfTheListShowsItsSequence) {
   for (const Case& c : {Case{false, true}, Case{false, false}, Case{true, true}}) {
     run.program.settings().store(key::マニュアル入力時停止, c.stopsCycle);
     run.program.console.setPanel(2, u"before"_s);
-    run.program.console.flags.groupMode = run.program.console.flags.autoMode = true;
+    run.program.runMemory.group = u"NORTH"_s;
+    run.program.runMemory.automatic = true;
     run.view.cycle().enableWatch(c.watching);
     bool watchedDuringRun = false;
     run.onRequest = [&](const QString&) { watchedDuringRun |= run.view.cycle().watchEnabled(); };
@@ -138,8 +139,8 @@ TEST_F(MenusTest, AnAirportOfTheListShowsItsSequence) {
     EXPECT_EQ(run.panel2(), u"before"_s);
     EXPECT_FALSE(watchedDuringRun);
     EXPECT_TRUE(run.view.cycle().watchEnabled());
-    EXPECT_FALSE(run.program.console.flags.groupMode || run.program.console.flags.autoMode ||
-                 run.program.console.flags.sequenceRequested);
+    EXPECT_TRUE(run.program.runMemory.group.isEmpty());
+    EXPECT_FALSE(run.program.runMemory.automatic || run.program.console.sequencePending());
     EXPECT_EQ(run.program.watchTicks, 0);
   }
 }
@@ -150,7 +151,7 @@ TEST_F(MenusTest, AGroupOfTheMenuRunsAndLeavesTheCycleByTheSetting) {
     for (const bool stops : {false, true}) {
       run.program.settings().store(key::マニュアル入力時停止, stops);
       run.view.cycle().enableWatch(stops);
-      run.program.console.flags.changeRun = true;
+      const int acts = run.program.userActs;
       run.logged();
       ASSERT_TRUE(menus().choose(name, 1));
       const QStringList log = run.logged();
@@ -161,7 +162,7 @@ TEST_F(MenusTest, AGroupOfTheMenuRunsAndLeavesTheCycleByTheSetting) {
       EXPECT_EQ(run.program.currentInput, u"RJTT RJAA"_s);
       EXPECT_TRUE(run.screen().contains(u"*** RJTT - RJAA COMPANY ROUTINE ROUTE"));
       EXPECT_TRUE(run.screen().endsWith(gapReady));
-      EXPECT_FALSE(run.program.console.flags.changeRun);
+      EXPECT_GT(run.program.userActs, acts); // a pass that is under way will not announce
     }
   }
 }
@@ -184,7 +185,7 @@ TEST_F(MenusTest, ReloadRepeatsTheGroupWithItsHeading) {
 TEST_F(MenusTest, TheStartButtonRunsTheListBehindAYes) {
   storeAutoList(run.program.tables, {{u"RJTT"_s, u"東京"_s}});
   run.desk.answers = {true};
-  run.program.console.flags.groupMode = true;
+  run.program.runMemory.group = u"NORTH"_s;
   ASSERT_TRUE(menus().button(17));
   const QStringList log = run.logged();
   EXPECT_EQ(log.mid(0, 2), (QStringList{u"SYSTEM INITIALIZED"_s, u"AUTO DECODE SEQUENCE START"_s}));

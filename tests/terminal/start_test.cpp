@@ -265,7 +265,7 @@ TEST(Start, AutomaticDecodeOffGivesThePromptAtOnce) {
     ProgramRun run(world);
     ASSERT_TRUE(run.start());
     EXPECT_EQ(run.screen(), text);
-    EXPECT_FALSE(run.program.console.flags.fullLoad);
+    EXPECT_FALSE(run.program.runMemory.loadPending);
     run.tick(4);
     EXPECT_TRUE(run.program.console.overlay());
     run.tick();
