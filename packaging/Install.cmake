@@ -12,6 +12,20 @@ set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(SHARE ${CMAKE_INSTALL_DATADIR}/soran)
 set(DELIVERED ${PROJECT_SOURCE_DIR}/delivered)
 
+# What people wrote for one version tells that version.
+foreach(told "CHANGELOG.md:\n## ${PROJECT_VERSION}\n" "packaging/debian/changelog:soran (${PROJECT_VERSION}-"
+  "delivered/help/help.html:Version ${PROJECT_VERSION}<" "docs/handbook.md:Version ${PROJECT_VERSION}\n")
+  string(FIND "${told}" ":" colon)
+  string(SUBSTRING "${told}" 0 ${colon} file)
+  math(EXPR behind "${colon} + 1")
+  string(SUBSTRING "${told}" ${behind} -1 text)
+  file(READ ${PROJECT_SOURCE_DIR}/${file} contents)
+  string(FIND "${contents}" "${text}" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "${file} does not tell version ${PROJECT_VERSION}")
+  endif()
+endforeach()
+
 install(TARGETS soran-cli soran-update RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 set(MANUALS soran-cli soran-update)
 if(TARGET soran)
@@ -27,7 +41,7 @@ if(TARGET soran)
 endif()
 
 install(FILES endpoints.ini DESTINATION ${SHARE})
-install(FILES ${DELIVERED}/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
+install(FILES ${PROJECT_BINARY_DIR}/delivered/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
   ${DELIVERED}/sound/error.wav ${DELIVERED}/sound/ring.wav DESTINATION ${SHARE}/update/data)
 install(DIRECTORY ${DELIVERED}/help DESTINATION ${SHARE}/home)
 install(FILES ${DELIVERED}/help/index2.htm DESTINATION ${SHARE}/update)
@@ -44,8 +58,11 @@ function(install_compressed source name destination)
 endfunction()
 
 foreach(program ${MANUALS})
-  install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
-  install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.ja.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/ja/man1)
+  foreach(page ${program}.1 ${program}.ja.1)
+    configure_file(man/${page}.in man/${page} @ONLY)
+  endforeach()
+  install_compressed(${CMAKE_CURRENT_BINARY_DIR}/man/${program}.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  install_compressed(${CMAKE_CURRENT_BINARY_DIR}/man/${program}.ja.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/ja/man1)
 endforeach()
 install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/version.h"
 #include "cli/batch.h"
 #include "cli/exchange_call.h"
 #include "cli/interactive.h"

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/version.h"
 #include "delivered.h"
 #include "desktop/desktop.h"
 #include "desktop/look.h"

@@ -13,9 +13,6 @@
 
 namespace soran {
 
-/// The built-in version.
-inline constexpr QStringView programVersion = u"4.31";
-
 /// What all parts of a program run share: the services, the database, the terminal, and the state of the
 /// runs.
 struct Program {

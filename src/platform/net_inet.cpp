@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/net_inet.h"
 
+#include "base/version.h"
+
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
@@ -38,7 +40,7 @@ class EnvironmentProxies final : public QNetworkProxyFactory {
 
 QNetworkRequest requestFor(const QUrl& url) {
   QNetworkRequest request(url);
-  request.setHeader(QNetworkRequest::UserAgentHeader, u"SORAN/4.31"_s);
+  request.setHeader(QNetworkRequest::UserAgentHeader, QString(u"SORAN/" + programVersion));
   request.setRawHeader("Cache-Control", "no-cache");
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "base/version.h"
 #include "store/cipher.h"
 #include "store/daily_backup.h"
 #include "terminal/own_directory.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "updater/module.h"
 
-#include "pipeline/program.h"
+#include "base/version.h"
 #include "terminal/hand_over.h"
 #include "updater/update_log.h"
 #include "updater/updater.h"

@@ -4,7 +4,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "pipeline/program.h"
+#include "base/version.h"
 #include "store/signature.h"
 #include "store/tables.h"
 #include "updater/update_error.h"
