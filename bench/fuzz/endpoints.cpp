@@ -28,7 +28,6 @@ void endpoints(QByteArrayView input) {
     require(!address.startsWith(u"./"), "a folder beside the file is told from the root on");
     stationFile(address, u"RJTT");
   }
-  require(!read.probeAddress().isEmpty(), "there is always something to ask for the network");
   QFile file(path);
   require(file.open(QIODevice::ReadOnly) && file.readAll() == input, "reading writes nothing");
   file.remove();

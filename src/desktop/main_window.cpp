@@ -76,10 +76,6 @@ ScreenView& MainWindow::screen() {
 BrowserFrame& MainWindow::browser() {
   return *ui_->WebBrowser;
 }
-ToolbarFrame& MainWindow::toolbar() {
-  return *ui_->Frame;
-}
-
 void MainWindow::makeStatusBar() {
   constexpr int progressWidth = 160;
   panel1_ = makePanel(u"Panel1"_s, u"ネットワークの状態"_s, this);

@@ -35,7 +35,6 @@ class MainWindow : public QMainWindow {
   ScreenView& screen();
   BrowserFrame& browser();
   /// The strip of image buttons.
-  ToolbarFrame& toolbar();
   /// The menu that the right mouse button opens on the screen where the settings want it.
   QMenu& popup() { return *popup_; }
 

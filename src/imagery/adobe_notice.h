@@ -36,11 +36,6 @@ struct AdobeNoticeOutcome {
   bool operator==(const AdobeNoticeOutcome&) const = default;
 };
 
-/// The notice is due while the setting アドビインフォメーション is false.
-constexpr bool adobeNoticeDue(bool settingShown) {
-  return !settingShown;
-}
-
 constexpr AdobeNoticeOutcome adobeNoticeOutcome(AdobeNoticeAnswer answer) {
   return {answer.dontShowAgain, answer.banner, !answer.banner};
 }

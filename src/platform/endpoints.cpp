@@ -67,10 +67,6 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
   return e;
 }
 
-QString Endpoints::probeAddress() const {
-  return probe.isEmpty() ? update + u"/data/version.dat"_s : probe;
-}
-
 QUrl stationFile(const QString& base, QStringView code) {
   const QString name = std::all_of(code.begin(), code.end(), isAsciiLetter)
                            ? code.toString()

@@ -28,9 +28,6 @@ struct Endpoints {
   /// begins with "./" is a folder beside the INI file. A file that does not exist or cannot be read changes
   /// nothing.
   Endpoints overriddenBy(const QString& iniFile) const;
-
-  /// The address that the network watch asks.
-  QString probeAddress() const;
 };
 
 /// A station file's address: the base, the code, ".TXT". A code that is not all letters is percent-encoded.

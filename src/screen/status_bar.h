@@ -24,7 +24,6 @@ class StatusBar : public QObject {
 
   /// While the pane is up `setPanel2` only keeps its text.
   void setPaneVisible(bool visible) { paneVisible_ = visible; }
-  bool paneVisible() const { return paneVisible_; }
 
   /// What panel 2 is to show when the pane is not up.
   const QString& statusText() const { return statusText_; }

@@ -41,7 +41,6 @@ class View : public QObject {
   bool ended() const { return ended_; }
   /// The update module is to be started.
   bool updaterRequested() const { return updaterRequested_; }
-  void requestUpdater() { updaterRequested_ = true; }
 
   /// Carries out what a user or a timer started; a run that unwinds ends here.
   void guarded(const std::function<void()>& event) const;
