@@ -28,6 +28,8 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The icons are drawn by a plugin, which no program links; it lay with the library before Qt 6.7.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk, qt6-translations-l10n")
 
 execute_process(COMMAND sh -c "date -d \"$(sed -n 's/^ -- .*>  //p;T;q' changelog)\" +%s"
