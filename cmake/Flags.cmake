@@ -31,8 +31,10 @@ check_pie_supported(LANGUAGES CXX)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  # Paths relative to the tree, so that a second checkout finds what the first one compiled.
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE})
+  # Paths relative to the tree, so that a second checkout finds what the first one compiled. Precompiled headers are
+  # taken only when told so.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+    CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 if(SORAN_SANITIZE)
@@ -43,10 +45,6 @@ endif()
 if(SORAN_FUZZ)
   target_compile_options(soran-flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=undefined,float-cast-overflow -fno-omit-frame-pointer)
   target_link_options(soran-flags INTERFACE -fsanitize=address,undefined,float-cast-overflow)
-  # Half of the compiler's time is headers, and ccache takes precompiled ones only when told so.
-  if(CCACHE)
-    list(INSERT CMAKE_CXX_COMPILER_LAUNCHER 3 CCACHE_SLOPPINESS=pch_defines,time_macros)
-  endif()
 endif()
 
 if(SORAN_COVERAGE)
