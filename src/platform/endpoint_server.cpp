@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/endpoint_server.h"
 
-#include <QAbstractHttpServer>
-#include <QHttpServerRequest>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -13,20 +11,6 @@ using namespace Qt::StringLiterals;
 namespace soran {
 
 namespace {
-
-class CountingListener final : public QTcpServer {
- public:
-  explicit CountingListener(std::shared_ptr<int> count) : count_(std::move(count)) {}
-
- protected:
-  void incomingConnection(qintptr handle) override {
-    ++*count_;
-    QTcpServer::incomingConnection(handle);
-  }
-
- private:
-  std::shared_ptr<int> count_;
-};
 
 template <typename Value>
 const Value* longestPrefix(const QMap<QString, Value>& map, const QString& path) {
@@ -103,50 +87,62 @@ void send(QTcpSocket* socket, const Answer& answer, const Delivery& delivery) {
 
 } // namespace
 
-class EndpointServer::Http final : public QAbstractHttpServer {
+// Reads the requests of each connection. Only GET is known, so nothing stands behind a head but the next one.
+class EndpointServer::Listener final : public QTcpServer {
  public:
-  explicit Http(EndpointServer& owner) : owner_(owner) {}
+  explicit Listener(EndpointServer& owner) : owner_(owner) {}
 
  protected:
-  bool handleRequest(const QHttpServerRequest& request, QTcpSocket* socket) override {
-    owner_.serve(request.url(), socket);
-    return true;
+  void incomingConnection(qintptr handle) override {
+    ++owner_.connections_;
+    auto* socket = new QTcpSocket(this);
+    connect(socket, &QTcpSocket::readyRead, this, [=, this] { read(socket); });
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    socket->setSocketDescriptor(handle);
   }
-  void missingHandler(const QHttpServerRequest& /*request*/, QTcpSocket* /*socket*/) override {}
 
  private:
+  void read(QTcpSocket* socket) {
+    constexpr qsizetype mostHead = 65536;
+    while (socket->isOpen()) {
+      const QByteArray come = socket->peek(mostHead);
+      const qsizetype end = come.indexOf("\r\n\r\n");
+      if (end < 0) {
+        if (come.size() == mostHead)
+          socket->abort();
+        return;
+      }
+      socket->skip(end + 4);
+      const QByteArrayList line = come.left(come.indexOf("\r\n")).split(' ');
+      if (line.size() != 3 || line[0] != "GET" || !line[1].startsWith('/')) {
+        socket->abort();
+        return;
+      }
+      owner_.serve(QUrl::fromEncoded("http://127.0.0.1" + line[1]), socket);
+    }
+  }
+
   EndpointServer& owner_;
 };
 
-EndpointServer::EndpointServer()
-    : connections_(std::make_shared<int>(0)), http_(std::make_unique<Http>(*this)) {}
+EndpointServer::EndpointServer() : listener_(std::make_unique<Listener>(*this)) {}
 
-EndpointServer::~EndpointServer() {
-  stop();
-}
+EndpointServer::~EndpointServer() = default;
 
 bool EndpointServer::start() {
-  if (listener_)
+  if (listener_->isListening())
     return true;
-  auto listener = std::make_unique<CountingListener>(connections_);
-  if (!listener->listen(QHostAddress::LocalHost, port_))
+  if (!listener_->listen(QHostAddress::LocalHost, port_))
     return false;
-  port_ = listener->serverPort();
-  listener_ = listener.get();
-  http_->bind(listener.release());
+  port_ = listener_->serverPort();
   return true;
 }
 
 void EndpointServer::stop() {
-  if (!listener_)
-    return;
   listener_->close();
   const auto sockets = listener_->findChildren<QTcpSocket*>();
   for (QTcpSocket* socket : sockets)
     socket->abort();
-  // Later, because a handler may stop its own server.
-  listener_->deleteLater();
-  listener_.clear();
 }
 
 QString EndpointServer::baseAddress() const {
@@ -167,10 +163,6 @@ void EndpointServer::setHandler(const QString& prefix, const Handler& handler) {
 
 void EndpointServer::setDelivery(const QString& prefix, const Delivery& delivery) {
   deliveries_.insert(prefix, delivery);
-}
-
-int EndpointServer::connections() const {
-  return *connections_;
 }
 
 void EndpointServer::serve(const QUrl& url, QTcpSocket* socket) {

@@ -5,7 +5,6 @@
 #include <QByteArray>
 #include <QList>
 #include <QMap>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -14,7 +13,6 @@
 #include <optional>
 #include <utility>
 
-class QTcpServer;
 class QTcpSocket;
 
 namespace soran {
@@ -77,10 +75,10 @@ class EndpointServer {
   void clearRequests() { requests_.clear(); }
 
   /// The number of connections accepted since the server was made.
-  int connections() const;
+  int connections() const { return connections_; }
 
  private:
-  class Http;
+  class Listener;
   void serve(const QUrl& url, QTcpSocket* socket);
   Answer answerTo(const QUrl& url) const;
 
@@ -88,10 +86,9 @@ class EndpointServer {
   QMap<QString, Handler> handlers_;
   QMap<QString, Delivery> deliveries_;
   QStringList requests_;
-  std::shared_ptr<int> connections_;
+  int connections_ = 0;
   quint16 port_ = 0;
-  std::unique_ptr<Http> http_;
-  QPointer<QTcpServer> listener_;
+  std::unique_ptr<Listener> listener_;
 };
 
 } // namespace soran
