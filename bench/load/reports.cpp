@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "load/reports.h"
 
+#include "base/utc.h"
 #include "common/loopback.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ QStringList stationCodes(int count) {
 }
 
 Reports::Reports(const QStringList& codes, const QDateTime& begin, int days) : now(begin) {
-  const QDateTime first(begin.date().addDays(-1), QTime(0, 0), Qt::UTC);
+  const QDateTime first = inUtc(begin.date().addDays(-1), QTime(0, 0));
   for (qsizetype i = 0; i < codes.size(); ++i) {
     std::vector<Report>& reports = reports_[codes[i]];
     for (int hour = 0; hour < (days + 2) * hoursOfDay; ++hour) {
@@ -96,7 +97,7 @@ std::optional<QByteArray> Reports::file(const QString& code, bool taf) const {
 }
 
 QByteArray Reports::cycleFile(int hour) const {
-  QDateTime begin(now.date(), QTime(hour, 0), Qt::UTC);
+  QDateTime begin = inUtc(now.date(), QTime(hour, 0));
   if (begin > now)
     begin = begin.addDays(-1);
   const QDateTime end = std::min(now, begin.addSecs(3599));

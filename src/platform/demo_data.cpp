@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/demo_data.h"
 
+#include "base/utc.h"
 #include "platform/redating.h"
 
 #include <QList>
@@ -21,7 +22,7 @@ constexpr QStringView cyclePath = u"/pub/data/observations/metar/cycles/";
 
 // The last time not after `now` at which the time of day was that of `issued`.
 QDateTime lastTime(const QDateTime& issued, const QDateTime& now) {
-  const QDateTime today(now.date(), issued.time(), Qt::UTC);
+  const QDateTime today = inUtc(now.date(), issued.time());
   return today > now ? today.addDays(-1) : today;
 }
 
@@ -108,7 +109,7 @@ void DemoData::fillHour(int hour, int source) {
     std::copy_if(records.begin(), records.end(), std::back_inserter(made), in(source));
     for (Record& record : made) {
       const QTime time(hour, record.issued.time().minute(), record.issued.time().second());
-      const QDateTime anew(record.issued.date(), time, Qt::UTC);
+      const QDateTime anew = inUtc(record.issued.date(), time);
       record = {anew, reissued(record.text, record.issued, anew)};
     }
     records.insert(records.end(), made.begin(), made.end());
@@ -141,7 +142,7 @@ std::optional<QByteArray> DemoData::tafFile(const QString& station) const {
 QByteArray DemoData::cycleFile(int hour) const {
   const QDateTime now = clock_.now().toUTC();
   // The present hour of yesterday gives way to that of today.
-  const QDateTime begin = QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC).addSecs(-23LL * 3600);
+  const QDateTime begin = inUtc(now.date(), QTime(now.time().hour(), 0)).addSecs(-23LL * 3600);
   QList<QByteArray> entries;
   for (const Records& records : observations_) {
     for (const Record& record : records) {

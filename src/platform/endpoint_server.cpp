@@ -118,7 +118,7 @@ class EndpointServer::Listener final : public QTcpServer {
         socket->abort();
         return;
       }
-      owner_.serve(QUrl::fromEncoded("http://127.0.0.1" + line[1]), socket);
+      owner_.serve(QUrl::fromEncoded(QByteArray("http://127.0.0.1" + line[1])), socket);
     }
   }
 

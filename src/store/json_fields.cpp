@@ -3,6 +3,7 @@
 #include "store/json_fields.h"
 
 #include "base/text.h"
+#include "base/utc.h"
 
 #include <QJsonDocument>
 #include <cmath>
@@ -137,7 +138,7 @@ QDateTime Fields::localTime(const QString& name) {
   if (!day.isValid() || !time.isValid() || value[separator] != u'T')
     throw InputError(u"field \""_s + name + u"\" is not a local time such as 2026-11-24T14:20:00");
   // In UTC, because the zone of this machine may leave hours out.
-  return {day, time, Qt::UTC};
+  return inUtc(day, time);
 }
 
 void Fields::finish() const {
