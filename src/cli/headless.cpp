@@ -47,13 +47,18 @@ std::optional<QString> Headless::openFile(const QString&) {
 }
 
 std::optional<QString> Headless::choosePrinter(const QStringList&, const QString&) {
-  show(u"printerselect"_s);
+  seen_.forms.append(u"printerselect"_s);
   return takeChoice();
 }
 
-void Headless::show(const QString& name) {
-  seen_.forms.append(name);
-  onForm(name);
+void Headless::show(const Form& form) {
+  seen_.forms.append(nameOf(form));
+  onForm(form);
+}
+
+ModalOutcome Headless::showModal(const ModalForm& form) {
+  seen_.forms.append(nameOf(form));
+  return onModal(form);
 }
 
 void Headless::play(const QString& path) {

@@ -35,9 +35,11 @@ class Headless final : public Dialogs, public Forms, public Sounds, public Print
   std::deque<std::optional<QString>> choices;
   QStringList printers;
 
-  /// Called for each message and question, with its text; and for each form, with its name.
+  /// Called for each message and question, with its text; for each form beside the window; and for each form
+  /// that the user answers, whose outcome it gives.
   std::function<void(const QString&)> onDialog = [](const QString&) {};
-  std::function<void(const QString&)> onForm = [](const QString&) {};
+  std::function<void(const Form&)> onForm = [](const Form&) {};
+  std::function<ModalOutcome(const ModalForm&)> onModal = [](const ModalForm&) { return ModalOutcome(); };
 
   bool question(const QString& title, const QString& text) override;
   void message(const QString& title, const QString& text) override;
@@ -45,9 +47,9 @@ class Headless final : public Dialogs, public Forms, public Sounds, public Print
   std::optional<QString> openFile(const QString& title) override;
   std::optional<QString> choosePrinter(const QStringList& installedPrinters, const QString& current) override;
 
-  void show(const QString& name) override;
-  void showModal(const QString& name) override { show(name); }
-  void hide(const QString&) override {}
+  void show(const Form& form) override;
+  ModalOutcome showModal(const ModalForm& form) override;
+  void hide(const Form&) override {}
 
   void play(const QString& path) override;
 

@@ -54,7 +54,7 @@ Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, 
     output_.flush();
     editor_.stop();
   });
-  desk_.showForm = [this](const QString& name) { return showForm(name); };
+  desk_.showForm = [this](const Form& form) { return showForm(form); };
   slow_.setSingleShot(true);
   slow_.setInterval(slowRun);
   connect(&slow_, &QTimer::timeout, this, &Interactive::tellSlowRun);
@@ -172,19 +172,19 @@ void Interactive::tellSlowRun() {
     output_.tell(console.status().panel2() + u" ...", Look::Dim);
 }
 
-bool Interactive::showForm(const QString& name) {
-  if (name == u"log") {
+bool Interactive::showForm(const Form& form) {
+  if (std::holds_alternative<form::Log>(form)) {
     showLog();
-  } else if (name == u"pictureform") {
+  } else if (std::holds_alternative<form::Picture>(form)) {
     showPictureName();
-  } else if (name == u"datachange") {
+  } else if (std::holds_alternative<form::NewReports>(form)) {
     output_.tell(u"NEW REPORTS: " + changes_.trimmed(), Look::Bold);
     changes_.clear();
-  } else if (name == u"message") {
+  } else if (std::holds_alternative<form::Alert>(form)) {
     output_.tell(u"COMMUNICATION ERROR"_s, Look::Bold);
   } else {
-    // The notices of a start without network and of the tray are told by others or mean nothing here.
-    return name == u"noconnectmsg" || name == u"taskicon";
+    // The tray means nothing here.
+    return std::holds_alternative<form::TaskIcon>(form);
   }
   return true;
 }

@@ -35,7 +35,7 @@ class Interactive final : public QObject {
   void followTypedLine();
   void followStatus();
   void tellSlowRun();
-  bool showForm(const QString& name);
+  bool showForm(const Form& form);
   void showLog();
   void showPictureName();
   int failedStart(const Opening& opening, Opening::Result result);

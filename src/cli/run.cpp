@@ -64,8 +64,8 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   desk.onDialog = [&errors](const QString& text) {
     errors.write(QString(text).replace(u'\r', u'\n').trimmed().append(u'\n').toUtf8());
   };
-  desk.onForm = [&program](const QString& name) {
-    if (name == u"pictureform")
+  desk.onForm = [&program](const Form& shown) {
+    if (std::holds_alternative<form::Picture>(shown))
       takePicture(program.services);
   };
   View view(program);

@@ -37,8 +37,8 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
     if (!url.path().endsWith(u".sig"))
       requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));
   });
-  headless_.onForm = [this](const QString& name) {
-    if (name == u"pictureform")
+  headless_.onForm = [this](const Form& shown) {
+    if (std::holds_alternative<form::Picture>(shown))
       takePicture(program_.services);
   };
 }
@@ -177,9 +177,10 @@ void Session::handle(Fields event) {
          const int length = wholeNumber(range[1], u"select"_s);
          if (start < 0 || length < 0)
            throw InputError(u"\"select\" is below zero"_s);
-         s.view_.guarded([&] { s.view_.explainSelection(start, length); });
-         if (!s.view_.tipText().isEmpty())
-           s.tip_ = s.view_.tipText();
+         s.view_.guarded([&] {
+           if (QString tip = s.view_.explainSelection(start, length); !tip.isEmpty())
+             s.tip_ = std::move(tip);
+         });
        }},
       {u"set",
        [](Session& s, Fields& f) {
@@ -300,13 +301,12 @@ QJsonArray Session::rowsOf(const QString& table) {
 /// The main window's menus go before those of an open chart or camera. What these show is no part of the
 /// state, so an item of theirs only has to exist.
 void Session::choose(const QString& name, std::optional<int> index) {
-  const auto open = [this](const QString& form) { return view_.openForms().contains(form); };
   if (view_.menus().choose(name, index))
     return;
   const bool heading = std::ranges::count(chartSubmenus(), name, &ChartSubmenu::name) > 0;
-  if (open(u"chart"_s) && (findChartItem(name, index) || (heading && !index)))
+  if (view_.isOpen(form::Charts{}) && (findChartItem(name, index) || (heading && !index)))
     return;
-  if (open(u"camera"_s) && !index && cameraView(name))
+  if (view_.isOpen(form::Cameras{}) && !index && cameraView(name))
     return;
   throw InputError(u"unknown menu \""_s + name + u'"');
 }

@@ -58,9 +58,20 @@ std::optional<QString> TerminalDesk::choosePrinter(const QStringList& printers, 
   return answer ? printerOf(*answer, printers, current) : std::nullopt;
 }
 
-void TerminalDesk::show(const QString& name) {
-  if (!showForm(name))
-    output_.tell(u"THE FORM " + name + u" NEEDS THE WINDOW: START soran", TerminalOutput::Look::Dim);
+void TerminalDesk::show(const Form& form) {
+  if (!showForm(form))
+    tellNeedsWindow(nameOf(form));
+}
+
+ModalOutcome TerminalDesk::showModal(const ModalForm& form) {
+  // A start without network is told by its failure.
+  if (!std::holds_alternative<form::NoConnection>(form))
+    tellNeedsWindow(nameOf(form));
+  return {};
+}
+
+void TerminalDesk::tellNeedsWindow(const QString& name) {
+  output_.tell(u"THE FORM " + name + u" NEEDS THE WINDOW: START soran", TerminalOutput::Look::Dim);
 }
 
 void TerminalDesk::openInPane(const QString& address) {

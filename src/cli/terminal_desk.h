@@ -20,7 +20,7 @@ class TerminalDesk final : public Dialogs, public Forms, public Sounds, public P
 
   /// Forms that have something to show here, by what they show; any other needs the window. Returns false
   /// where the form is none of them.
-  std::function<bool(const QString& form)> showForm = [](const QString&) { return false; };
+  std::function<bool(const Form& form)> showForm = [](const Form&) { return false; };
   /// The address of a page was shown in place of the pane.
   std::function<void()> onPane = [] {};
 
@@ -30,9 +30,9 @@ class TerminalDesk final : public Dialogs, public Forms, public Sounds, public P
   std::optional<QString> saveFile(const QString& title, const QString& suggestion) override;
   std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
 
-  void show(const QString& name) override;
-  void showModal(const QString& name) override { show(name); }
-  void hide(const QString&) override {}
+  void show(const Form& form) override;
+  ModalOutcome showModal(const ModalForm& form) override;
+  void hide(const Form&) override {}
 
   void play(const QString&) override { output_.ring(); }
 
@@ -41,6 +41,8 @@ class TerminalDesk final : public Dialogs, public Forms, public Sounds, public P
   void closePane() override {}
 
  private:
+  void tellNeedsWindow(const QString& name);
+
   TerminalOutput& output_;
   const Shutdown& shutdown_;
 };

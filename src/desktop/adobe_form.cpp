@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/adobe_form.h"
 
+#include "imagery/adobe_notice.h"
 #include "ui_adobe_form.h"
 
 namespace soran {
 
-AdobeForm::AdobeForm(QWidget* parent, std::function<void(AdobeNoticeAnswer)> answered)
-    : QDialog(parent), ui_(std::make_unique<Ui::AdobeForm>()), answered_(std::move(answered)) {
+AdobeForm::AdobeForm(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::AdobeForm>()) {
   ui_->setupUi(this);
   setWindowTitle(adobe_notice::title.toString());
   ui_->lbl->setText(adobe_notice::text.toString());
@@ -24,7 +24,7 @@ AdobeForm::~AdobeForm() = default;
 
 void AdobeForm::done(int result) {
   if (isVisible())
-    answered_({ui_->chk->isChecked(), banner_});
+    outcome_ = form::PdfNotice::Outcome{ui_->chk->isChecked(), banner_};
   QDialog::done(result);
 }
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imagery/adobe_notice.h"
+#include "platform/forms.h"
 
 #include <QDialog>
-#include <functional>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class AdobeForm;
@@ -18,15 +18,17 @@ namespace soran {
 class AdobeForm : public QDialog {
   Q_OBJECT
  public:
-  /// `answered` is told how the user closed it.
-  AdobeForm(QWidget* parent, std::function<void(AdobeNoticeAnswer)> answered);
+  explicit AdobeForm(QWidget* parent);
   ~AdobeForm() override;
 
   void done(int result) override;
 
+  /// How the user closed it; nothing where the program did.
+  std::optional<form::PdfNotice::Outcome> outcome() const { return outcome_; }
+
  private:
   std::unique_ptr<Ui::AdobeForm> ui_;
-  std::function<void(AdobeNoticeAnswer)> answered_;
+  std::optional<form::PdfNotice::Outcome> outcome_;
   bool banner_ = false;
 };
 

@@ -14,9 +14,9 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-DictionaryForm::DictionaryForm(QWidget* parent, View& view)
+DictionaryForm::DictionaryForm(QWidget* parent, View& view, DictionaryMode mode)
     : QDialog(parent), view_(view), ui_(std::make_unique<Ui::DictionaryForm>()),
-      editor_(view.program(), view.dictionaryMode()) {
+      editor_(view.program(), mode) {
   constexpr int keyWidth = 18;
   constexpr int nameWidth = 26;
   ui_->setupUi(this);

@@ -18,7 +18,7 @@ namespace soran {
 class DictionaryForm : public QDialog {
   Q_OBJECT
  public:
-  DictionaryForm(QWidget* parent, View& view);
+  DictionaryForm(QWidget* parent, View& view, DictionaryMode mode);
   ~DictionaryForm() override;
 
   /// Writes the list where something has changed, and closes.

@@ -26,7 +26,6 @@
 #include "terminal/picture_lookup.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 
 namespace soran {
 
@@ -34,48 +33,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcForms, "soran.desktop")
+/// The same widget is shown again, with what it held.
+bool isKept(const Form& form) {
+  return std::holds_alternative<form::Commands>(form) || std::holds_alternative<form::Log>(form) ||
+         std::holds_alternative<form::Charts>(form) || std::holds_alternative<form::Cameras>(form);
+}
+
+/// What a closed dialogue decided, where it decided something.
+template <class Outcome>
+ModalOutcome outcomeOf(const std::optional<Outcome>& outcome) {
+  return outcome ? ModalOutcome(*outcome) : ModalOutcome();
+}
 
 } // namespace
-
-struct FormService::Kind {
-  QStringView name;
-  Form (FormService::*make)();
-  bool kept; ///< the same form is shown again, with what it held
-};
-
-template <class OfView>
-FormService::Form FormService::makeForm() {
-  return std::make_unique<OfView>(window_, *view_);
-}
-
-const FormService::Kind* FormService::kindOf(const QString& name) {
-  static constexpr Kind kinds[] = {
-      {u"noconnectmsg", &FormService::makeNoConnect, false},
-      {u"version", &FormService::makeVersion, false},
-      {u"compornent", &FormService::makeComponents, false},
-      {u"command", &FormService::makeCommands, true},
-      {u"message", &FormService::makeMessage, false},
-      {u"datachange", &FormService::makeDataChange, false},
-      {u"log", &FormService::makeLog, true},
-      {u"pictureform", &FormService::makePicture, false},
-      {u"airport", &FormService::makeAirports, false},
-      {u"decodelist", &FormService::makeDecodeList, false},
-      {u"company", &FormService::makeGroups, false},
-      {u"weather", &FormService::makeDictionary, false},
-      {u"opton", &FormService::makeSettings, false},
-      {u"fontmsg", &FormService::makeFontNote, false},
-      {u"suntime", &FormService::makeForm<SunTimeForm>, false},
-      {u"chart", &FormService::makeForm<ChartForm>, true},
-      {u"camera", &FormService::makeForm<CameraForm>, true},
-      {u"adobeinfo", &FormService::makeAdobe, false},
-  };
-  for (const Kind& kind : kinds) {
-    if (kind.name == name)
-      return &kind;
-  }
-  return nullptr;
-}
 
 FormService::~FormService() = default;
 
@@ -84,67 +54,46 @@ void FormService::attach(View& view) {
   program_ = &view.program();
 }
 
-QDialog* FormService::form(const QString& name) const {
-  if (name == u"tooltips")
+QDialog* FormService::widget(const Form& form) const {
+  if (std::holds_alternative<form::Tip>(form))
     return tip_.get();
-  const auto found = forms_.find(name);
-  return found == forms_.end() ? nullptr : found->second.get();
+  const auto found = widgets_.find(form.index());
+  return found == widgets_.end() ? nullptr : found->second.get();
 }
 
-void FormService::show(const QString& name) {
-  if (name == u"taskicon")
-    return showTaskIcon();
-  if (name == u"tooltips")
-    return showTip();
-  const Kind* kind = kindOf(name);
-  if (!kind) {
-    qCWarning(lcForms) << "passed over: showing the form" << name;
-    return;
-  }
-  Form& form = forms_[name];
-  if (!form || !kind->kept) {
-    form = (this->*kind->make)();
-    if (!form)
+void FormService::show(const Form& form) {
+  Widget& widget = widgets_[form.index()];
+  if (!widget || !isKept(form)) {
+    widget = std::visit([this](const auto& kind) { return make(kind); }, form);
+    if (!widget)
       return;
-    connect(form.get(), &QDialog::finished, this, [this, name] { view_->formClosed(name); });
+    connect(widget.get(), &QDialog::finished, this, [this, form] { view_->formClosed(form); });
   }
-  form->show();
-  form->raise();
+  widget->show();
+  widget->raise();
 }
 
-void FormService::showModal(const QString& name) {
-  const Kind* kind = kindOf(name);
-  const Form form = kind ? (this->*kind->make)() : nullptr;
-  if (!form) {
-    qCWarning(lcForms) << "passed over: showing the form" << name;
-    return;
-  }
-  runDialog(*form, program_->services.shutdown);
+ModalOutcome FormService::showModal(const ModalForm& form) {
+  return std::visit([this](const auto& kind) { return run(kind); }, form);
 }
 
-void FormService::hide(const QString& name) {
-  if (name == u"taskicon")
+void FormService::hide(const Form& form) {
+  if (std::holds_alternative<form::TaskIcon>(form))
     taskIcon_.reset();
-  else if (QDialog* shown = form(name))
+  else if (QDialog* shown = widget(form))
     shown->hide();
-}
-
-void FormService::showTip() {
-  tip_ = std::make_unique<TipForm>(window_);
-  pictureCorner_ = mouse_;
-  tip_->showTip(view_->tipText(), mouse_);
 }
 
 void FormService::hideTip() {
   tip_.reset();
   pictureCorner_.reset();
-  hide(u"pictureform"_s);
+  hide(form::Picture{});
 }
 
 void FormService::hideAll() {
-  for (const auto& [name, form] : forms_) {
-    if (form)
-      form->hide();
+  for (const auto& [kind, widget] : widgets_) {
+    if (widget)
+      widget->hide();
   }
   tip_.reset();
   taskIcon_.reset();
@@ -152,33 +101,50 @@ void FormService::hideAll() {
 
 void FormService::closeAll() {
   hideAll();
-  forms_.clear();
+  widgets_.clear();
 }
 
-void FormService::showTaskIcon() {
+FormService::Widget FormService::make(const form::TaskIcon& icon) {
   if (!TaskIcon::isAvailable())
-    return;
-  taskIcon_ = std::make_unique<TaskIcon>(program_->networkAvailable);
+    return nullptr;
+  taskIcon_ = std::make_unique<TaskIcon>(icon.connected);
   connect(taskIcon_.get(), &TaskIcon::restoreRequested, this, &FormService::restoreRequested);
+  return nullptr;
 }
 
-FormService::Form FormService::makeNoConnect() {
+FormService::Widget FormService::make(const form::Tip& tip) {
+  tip_ = std::make_unique<TipForm>(window_);
+  pictureCorner_ = mouse_;
+  tip_->showTip(tip.text, mouse_);
+  return nullptr;
+}
+
+FormService::Widget FormService::make(const form::NoConnection&) {
   return std::make_unique<NoConnectForm>(window_);
 }
-FormService::Form FormService::makeVersion() {
+FormService::Widget FormService::make(const form::Version&) {
   return std::make_unique<VersionForm>(window_, program_->record());
 }
-FormService::Form FormService::makeComponents() {
+FormService::Widget FormService::make(const form::Components&) {
   return std::make_unique<ComponentForm>(window_, program_->record());
 }
-FormService::Form FormService::makeCommands() {
+FormService::Widget FormService::make(const form::Commands&) {
   return std::make_unique<CommandForm>(window_);
 }
-FormService::Form FormService::makeMessage() {
+FormService::Widget FormService::make(const form::SunTimes&) {
+  return std::make_unique<SunTimeForm>(window_, *view_);
+}
+FormService::Widget FormService::make(const form::Charts&) {
+  return std::make_unique<ChartForm>(window_, *view_);
+}
+FormService::Widget FormService::make(const form::Cameras&) {
+  return std::make_unique<CameraForm>(window_, *view_);
+}
+FormService::Widget FormService::make(const form::Alert&) {
   return std::make_unique<MessageForm>(window_);
 }
 
-FormService::Form FormService::makeDataChange() {
+FormService::Widget FormService::make(const form::NewReports&) {
   if (program_->minimised)
     return nullptr;
   const SettingsRecord& settings = program_->record();
@@ -186,50 +152,69 @@ FormService::Form FormService::makeDataChange() {
                                           settings[key::表示文字の色].value_or(white));
 }
 
-FormService::Form FormService::makeLog() {
+FormService::Widget FormService::make(const form::Log&) {
   const auto speciColour = [this] { return program_->record()[key::SPECIの色].value_or(red); };
   return std::make_unique<LogForm>(window_, program_->console.log(), speciColour);
 }
 
-FormService::Form FormService::makeAdobe() {
-  return std::make_unique<AdobeForm>(window_, [this](AdobeNoticeAnswer answer) {
-    view_->guarded([&] { view_->answerAdobeNotice(answer); });
-  });
-}
-
-FormService::Form FormService::makePicture() {
+FormService::Widget FormService::make(const form::Picture&) {
   QPixmap picture;
   if (!picture.loadFromData(takePicture(program_->services)))
     return nullptr;
   return std::make_unique<PictureForm>(window_, picture, std::exchange(pictureCorner_, std::nullopt));
 }
 
-FormService::Form FormService::makeAirports() {
-  return std::make_unique<AirportForm>(window_, *view_);
-}
-FormService::Form FormService::makeDecodeList() {
-  return std::make_unique<DecodeListForm>(window_, *view_);
-}
-FormService::Form FormService::makeGroups() {
-  return std::make_unique<GroupForm>(window_, *view_);
-}
-FormService::Form FormService::makeDictionary() {
-  return std::make_unique<DictionaryForm>(window_, *view_);
-}
-
-FormService::Form FormService::makeFontNote() {
+FormService::Widget FormService::make(const form::FontNote&) {
   const SettingsRecord& settings = program_->record();
   return std::make_unique<FontNoteForm>(window_, settings[key::表示領域の色].value_or(black),
                                         settings[key::表示文字の色].value_or(white));
 }
 
-FormService::Form FormService::makeSettings() {
+ModalOutcome FormService::run(const form::NoConnection&) {
+  NoConnectForm form(window_);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditAirports&) {
+  AirportForm form(window_, *view_);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditAutoList&) {
+  DecodeListForm form(window_, *view_);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditGroups&) {
+  GroupForm form(window_, *view_);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditDictionary& dictionary) {
+  DictionaryForm form(window_, *view_, dictionary.mode);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditSettings&) {
   const QStringList fonts = fontNames([this] {
-    show(u"fontmsg"_s);
+    show(form::FontNote{});
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   });
-  hide(u"fontmsg"_s);
-  return std::make_unique<SettingsFormView>(window_, *view_, fonts);
+  hide(form::FontNote{});
+  SettingsFormView form(window_, *view_, fonts);
+  runDialog(form, program_->services.shutdown);
+  return outcomeOf(form.outcome());
+}
+
+ModalOutcome FormService::run(const form::PdfNotice&) {
+  AdobeForm form(window_);
+  runDialog(form, program_->services.shutdown);
+  return outcomeOf(form.outcome());
 }
 
 } // namespace soran

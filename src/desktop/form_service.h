@@ -26,12 +26,12 @@ class FormService final : public QObject, public Forms {
   /// The window beside which they stand; it outlives the service or its last closeAll().
   void setWindow(QWidget* window) { window_ = window; }
 
-  void show(const QString& name) override;
-  void showModal(const QString& name) override;
-  void hide(const QString& name) override;
+  void show(const Form& form) override;
+  void hide(const Form& form) override;
+  ModalOutcome showModal(const ModalForm& form) override;
 
-  /// The form where it has been shown before, else null.
-  QDialog* form(const QString& name) const;
+  /// The widget of a form of that kind where it has been shown before, else null.
+  QDialog* widget(const Form& form) const;
 
   /// Where the mouse marked something: the explanation that may follow stands beside it, and its picture.
   void setMouse(QPoint mouse) { mouse_ = mouse; }
@@ -48,34 +48,36 @@ class FormService final : public QObject, public Forms {
   void restoreRequested();
 
  private:
-  using Form = std::unique_ptr<QDialog>;
-  struct Kind;
-  static const Kind* kindOf(const QString& name);
+  using Widget = std::unique_ptr<QDialog>;
 
-  Form makeNoConnect();
-  Form makeVersion();
-  Form makeComponents();
-  Form makeCommands();
-  Form makeMessage();
-  Form makeDataChange();
-  Form makeLog();
-  Form makePicture();
-  Form makeAirports();
-  Form makeDecodeList();
-  Form makeGroups();
-  Form makeDictionary();
-  Form makeFontNote();
-  Form makeSettings();
-  Form makeAdobe();
-  template <class OfView>
-  Form makeForm();
-  void showTaskIcon();
-  void showTip();
+  Widget make(const form::NoConnection&);
+  Widget make(const form::Version&);
+  Widget make(const form::Components&);
+  Widget make(const form::Commands&);
+  Widget make(const form::Log&);
+  Widget make(const form::SunTimes&);
+  Widget make(const form::Charts&);
+  Widget make(const form::Cameras&);
+  Widget make(const form::Alert&);
+  Widget make(const form::NewReports&);
+  Widget make(const form::Picture&);
+  Widget make(const form::FontNote&);
+  // These are no dialogues, and are shown by themselves.
+  Widget make(const form::TaskIcon& icon);
+  Widget make(const form::Tip& tip);
+
+  ModalOutcome run(const form::NoConnection&);
+  ModalOutcome run(const form::EditAirports&);
+  ModalOutcome run(const form::EditAutoList&);
+  ModalOutcome run(const form::EditGroups&);
+  ModalOutcome run(const form::EditDictionary& dictionary);
+  ModalOutcome run(const form::EditSettings&);
+  ModalOutcome run(const form::PdfNotice&);
 
   View* view_ = nullptr;
   Program* program_ = nullptr;
   QPointer<QWidget> window_;
-  std::map<QString, Form> forms_;
+  std::map<size_t, Widget> widgets_; // by the kind of the form
   std::unique_ptr<TipForm> tip_;
   std::unique_ptr<TaskIcon> taskIcon_;
   std::optional<QPoint> pictureCorner_;

@@ -24,6 +24,9 @@ class SettingsFormView : public QDialog {
 
   void reject() override;
 
+  /// What the closed form decided; nothing while it is open.
+  std::optional<form::EditSettings::Outcome> outcome() const { return form_.outcome(); }
+
  private:
   SettingsFormHooks hooks();
   std::optional<QString> choosePrinter();

@@ -22,22 +22,4 @@ inline constexpr QStringView statusChart = u"DISPLAY WEATHER CHART";
 inline constexpr QStringView statusUnload = u"SYSTEM UNLOAD";
 } // namespace adobe_notice
 
-/// How the user closed the notice.
-struct AdobeNoticeAnswer {
-  bool dontShowAgain = false; ///< the check box is on
-  bool banner = false;        ///< closed by a click on the banner
-};
-
-/// What follows from it.
-struct AdobeNoticeOutcome {
-  bool storeSetting = false; ///< アドビインフォメーション becomes true
-  bool openDownload = false; ///< the download page opens in the system's browser
-  bool showChart = true;     ///< the charts open; else the program ends
-  bool operator==(const AdobeNoticeOutcome&) const = default;
-};
-
-constexpr AdobeNoticeOutcome adobeNoticeOutcome(AdobeNoticeAnswer answer) {
-  return {answer.dontShowAgain, answer.banner, !answer.banner};
-}
-
 } // namespace soran

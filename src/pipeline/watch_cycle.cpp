@@ -28,7 +28,7 @@ WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
   timer1_ = timers.make([this, guarded] {
     guarded([this] {
       timer1_->setEnabled(false);
-      program_.services.forms.hide(u"taskicon"_s);
+      program_.services.forms.hide(form::TaskIcon{});
     });
   });
 }
@@ -145,7 +145,7 @@ void WatchCycle::networkFailed() {
 }
 
 void WatchCycle::alert() {
-  program_.services.forms.show(u"message"_s);
+  program_.services.forms.show(form::Alert{});
   const QString alarm = program_.services.path(u"sound/error.wav");
   if (program_.settings()[key::切断時アラーム] == true && fileExists(alarm))
     program_.services.sounds.play(alarm);
@@ -160,14 +160,14 @@ void WatchCycle::networkReturned() {
   if (program_.minimised)
     renewTaskIcon();
   console.addLogEntry(u"RECONNECT NETWORK"_s);
-  program_.services.forms.hide(u"message"_s);
+  program_.services.forms.hide(form::Alert{});
   program_.watchTicks = 0;
   timer_->setEnabled(true);
 }
 
 void WatchCycle::renewTaskIcon() {
-  program_.services.forms.hide(u"taskicon"_s);
-  program_.services.forms.show(u"taskicon"_s);
+  program_.services.forms.hide(form::TaskIcon{});
+  program_.services.forms.show(form::TaskIcon{program_.networkAvailable});
 }
 
 bool WatchCycle::cycleIsDue() const {
@@ -234,7 +234,7 @@ QString WatchCycle::announceChanges(int acts) {
     console.addLogEntry(u"DISPLAY DATA CHANGED MESSAGE"_s);
     // A minimised window has no place for it.
     if (!program_.minimised)
-      program_.services.forms.show(u"datachange"_s);
+      program_.services.forms.show(form::NewReports{});
   }
   if (program_.settings()[key::印刷更新時印刷] == true) {
     // A key during the sound takes the print out of its window.

@@ -3,23 +3,141 @@
 #pragma once
 
 #include <QString>
+#include <optional>
+#include <variant>
 
 namespace soran {
 
-/// The small windows of the program, by their names. What they show and do lies in classes of the core; a
-/// front end mirrors these.
+/// The table that the dictionary form edits.
+enum class DictionaryMode { Abbreviations, Phrases, Pictures };
+
+/// The small windows of the program, each a type that carries what it needs. `name` is its name in a
+/// session's state and for assistive technology: that of the form in the first edition of the program.
+namespace form {
+
+// Shown beside the main window.
+struct NoConnection {
+  static constexpr QStringView name = u"noconnectmsg";
+};
+struct Version {
+  static constexpr QStringView name = u"version";
+};
+struct Components {
+  static constexpr QStringView name = u"compornent";
+};
+struct Commands {
+  static constexpr QStringView name = u"command";
+};
+struct Log {
+  static constexpr QStringView name = u"log";
+};
+struct SunTimes {
+  static constexpr QStringView name = u"suntime";
+};
+struct Charts {
+  static constexpr QStringView name = u"chart";
+};
+struct Cameras {
+  static constexpr QStringView name = u"camera";
+};
+/// The network was lost.
+struct Alert {
+  static constexpr QStringView name = u"message";
+};
+/// The cycle found new reports.
+struct NewReports {
+  static constexpr QStringView name = u"datachange";
+};
+/// The icon in the tray.
+struct TaskIcon {
+  static constexpr QStringView name = u"taskicon";
+  bool connected = true;
+};
+/// A picture, handed over in the file data/figure.dat.
+struct Picture {
+  static constexpr QStringView name = u"pictureform";
+};
+/// The meaning of a selected group, beside the mouse.
+struct Tip {
+  static constexpr QStringView name = u"tooltips";
+  QString text = {};
+};
+/// The fonts of the system are being read.
+struct FontNote {
+  static constexpr QStringView name = u"fontmsg";
+};
+
+// Shown until the user has closed them; `Outcome` is what the user decided there.
+struct EditAirports {
+  static constexpr QStringView name = u"airport";
+  using Outcome = std::monostate;
+};
+struct EditAutoList {
+  static constexpr QStringView name = u"decodelist";
+  using Outcome = std::monostate;
+};
+struct EditGroups {
+  static constexpr QStringView name = u"company";
+  using Outcome = std::monostate;
+};
+struct EditDictionary {
+  static constexpr QStringView name = u"weather";
+  using Outcome = std::monostate;
+  DictionaryMode mode = DictionaryMode::Abbreviations;
+};
+struct EditSettings {
+  static constexpr QStringView name = u"opton";
+  struct Outcome {
+    bool hoursChanged = false; ///< a sequence spans other hours than before
+  };
+};
+/// Some charts are PDF files.
+struct PdfNotice {
+  static constexpr QStringView name = u"adobeinfo";
+  struct Outcome {
+    bool dontShowAgain = false; ///< the check box is on
+    bool banner = false;        ///< closed by a click on the banner, for the download of a reader
+  };
+};
+
+} // namespace form
+
+/// A form beside the main window.
+using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
+                          form::SunTimes, form::Charts, form::Cameras, form::Alert, form::NewReports,
+                          form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
+
+/// A form that the user answers.
+using ModalForm = std::variant<form::NoConnection, form::EditAirports, form::EditAutoList, form::EditGroups,
+                               form::EditDictionary, form::EditSettings, form::PdfNotice>;
+using ModalOutcome = std::variant<std::monostate, form::EditSettings::Outcome, form::PdfNotice::Outcome>;
+
+template <class... Kinds>
+QString nameOf(const std::variant<Kinds...>& form) {
+  return std::visit([](const auto& kind) { return kind.name.toString(); }, form);
+}
+
+/// Shows the forms. What they show and do lies in classes of the core; a front end mirrors these.
 class Forms {
  public:
   virtual ~Forms() = default;
 
   /// Shows the form beside the main window.
-  virtual void show(const QString& name) = 0;
+  virtual void show(const Form& form) = 0;
 
-  /// Shows the form and returns when the user has closed it.
-  virtual void showModal(const QString& name) = 0;
+  /// Takes the form of that kind off the screen.
+  virtual void hide(const Form& form) = 0;
 
-  /// Takes the form off the screen.
-  virtual void hide(const QString& name) = 0;
+  /// Shows the form and returns what the user decided when it has closed; nothing where it closed without.
+  virtual ModalOutcome showModal(const ModalForm& form) = 0;
+
+  /// The same with the outcome of the form's own type.
+  template <class Kind>
+  std::optional<typename Kind::Outcome> ask(const Kind& form) {
+    const ModalOutcome outcome = showModal(form);
+    const auto* decided = std::get_if<typename Kind::Outcome>(&outcome);
+    return decided ? std::optional(*decided) : std::nullopt;
+  }
 };
 
 } // namespace soran

@@ -298,7 +298,7 @@ bool SettingsForm::close() {
   passOver(lcForm(), "storing the print window", [this] { settings_.update(); });
   if (std::exchange(offsetChanged_, false))
     services_.dialogs.message(u" 確認"_s, u"時差の変更を有効にするため、SORAN を再起動してください　　"_s);
-  hooks_.closed(settings_[key::シーケンス時間] != hoursAtLoad_);
+  outcome_ = form::EditSettings::Outcome{settings_[key::シーケンス時間] != hoursAtLoad_};
   return true;
 }
 

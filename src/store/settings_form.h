@@ -28,8 +28,6 @@ struct SettingsFormHooks {
   std::function<void(const QString&)> usePrinter = [](const QString&) {};
   /// Shows the printers of the system with the stored one chosen; nothing where the user cancelled.
   std::function<std::optional<QString>()> choosePrinter = [] { return std::nullopt; };
-  /// The form has closed. `hoursChanged` tells whether a sequence spans other hours than before.
-  std::function<void(bool hoursChanged)> closed = [](bool) {};
   /// Carries out what waits in the event loop; a wait that unwinds ends there.
   std::function<void(const std::function<void()>&)> guarded = [](const auto& step) { step(); };
 };
@@ -105,6 +103,8 @@ class SettingsForm {
 
   /// The close button, and the window's close box. False where the form stays, on the tab `tabToShow`.
   bool close();
+  /// What the closed form decided; nothing while it is open.
+  std::optional<form::EditSettings::Outcome> outcome() const { return outcome_; }
   int tabToShow() const { return tab_; }
   void showTab(int tab) { tab_ = tab; }
 
@@ -131,6 +131,7 @@ class SettingsForm {
   bool printerUsable_ = false;
   bool offsetChanged_ = false;
   std::optional<int> hoursAtLoad_;
+  std::optional<form::EditSettings::Outcome> outcome_;
   int tab_ = 0;
 };
 

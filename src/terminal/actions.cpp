@@ -3,10 +3,13 @@
 // What several entries share: the typed commands, the toolbar and the menus.
 
 #include "base/text.h"
+#include "imagery/adobe_notice.h"
 #include "interpret/explain_selection.h"
 #include "pipeline/cycle_files.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/view.h"
+
+#include <algorithm>
 
 namespace soran {
 
@@ -45,62 +48,68 @@ void View::setMinimised(bool minimised) {
     return;
   Forms& forms = program_.services.forms;
   program_.minimised = minimised;
-  for (const QString& form : openForms_)
+  for (const Form& form : openForms_)
     minimised ? forms.hide(form) : forms.show(form);
   if (minimised)
-    forms.show(u"taskicon"_s);
+    forms.show(form::TaskIcon{program_.networkAvailable});
   else
     cycle_.startTrayTimer();
 }
 
-void View::showForm(const QString& name) {
-  static const QStringList withWindow = {u"chart"_s, u"camera"_s, u"log"_s, u"command"_s};
-  if (withWindow.contains(name) && !openForms_.contains(name))
-    openForms_.append(name);
-  program_.services.forms.show(name);
+void View::showForm(const Form& form) {
+  const bool goesWithWindow =
+      std::holds_alternative<form::Charts>(form) || std::holds_alternative<form::Cameras>(form) ||
+      std::holds_alternative<form::Log>(form) || std::holds_alternative<form::Commands>(form);
+  if (goesWithWindow && !isOpen(form))
+    openForms_.push_back(form);
+  program_.services.forms.show(form);
 }
 
-void View::showFormModal(const QString& name) {
+bool View::isOpen(const Form& form) const {
+  return std::ranges::count(openForms_, form.index(), &Form::index) > 0;
+}
+
+void View::formClosed(const Form& form) {
+  std::erase_if(openForms_, [&form](const Form& open) { return open.index() == form.index(); });
+}
+
+ModalOutcome View::showModal(const ModalForm& form) {
   program_.watchTicks = 0;
-  program_.services.forms.showModal(name);
+  const ModalOutcome outcome = program_.services.forms.showModal(form);
   program_.services.shutdown.check();
   emit menus_.changed();
+  return outcome;
 }
 
 void View::editDictionary(DictionaryMode mode) {
-  dictionaryMode_ = mode;
-  showFormModal(u"weather"_s);
-  dictionaryMode_ = DictionaryMode::Abbreviations;
+  showModal(form::EditDictionary{mode});
 }
 
 void View::editSettings() {
-  settingsClosed_.reset();
   cycle_.readBufferLevel();
-  showFormModal(u"opton"_s);
+  const ModalOutcome outcome = showModal(form::EditSettings{});
   cycle_.readBufferLevel();
   program_.console.applyDisplaySettings();
-  if (!settingsClosed_)
+  const auto* closed = std::get_if<form::EditSettings::Outcome>(&outcome);
+  if (!closed)
     return;
   program_.console.repaint();
-  if (*settingsClosed_) {
+  if (closed->hoursChanged) {
     program_.services.inet2.cancel();
     refreshCycleFiles(program_);
   }
 }
 
 bool View::showAdobeNotice() {
-  leftForDownload_ = false;
-  showFormModal(u"adobeinfo"_s);
-  return !leftForDownload_;
-}
-
-void View::answerAdobeNotice(AdobeNoticeAnswer answer) {
-  const AdobeNoticeOutcome outcome = adobeNoticeOutcome(answer);
-  if (outcome.storeSetting)
+  const ModalOutcome outcome = showModal(form::PdfNotice{});
+  const auto* answer = std::get_if<form::PdfNotice::Outcome>(&outcome);
+  if (!answer)
+    return true;
+  if (answer->dontShowAgain)
     program_.settings().store(key::アドビインフォメーション, true);
-  leftForDownload_ = !outcome.showChart;
-  if (outcome.openDownload)
+  if (answer->banner)
     program_.services.pages.openExternally(adobe_notice::downloadPage.toString());
+  return !answer->banner;
 }
 
 QString View::homePage() const {
@@ -121,15 +130,15 @@ void View::clearScreen() {
   console.addLogEntry(u"CLS COMMAND"_s);
 }
 
-void View::explainSelection(qsizetype start, qsizetype length) {
+QString View::explainSelection(qsizetype start, qsizetype length) {
   const std::optional<Explanation> tip =
       ExplainSelection(program_.console.screen().text(), start, length, program_.services.clock.now().date(),
                        program_.record(), program_.dictionaries());
-  tipText_ = tip ? tip->text : QString();
-  if (tipText_.isEmpty())
-    return;
-  program_.services.forms.show(u"tooltips"_s);
+  if (!tip || tip->text.isEmpty())
+    return {};
+  program_.services.forms.show(form::Tip{tip->text});
   showPictureOf(program_, tip->picture);
+  return tip->text;
 }
 
 void View::showAis() {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "terminal/dictionary_mode.h"
+#include "platform/forms.h"
 #include "terminal/edited_list.h"
 
 #include <optional>

@@ -106,7 +106,7 @@ void startGroup(View& view, const QString& caption) {
 
 void editGroups(View& view) {
   view.program().console.addLogEntry(u"DISPLAY GROUP LIST"_s);
-  view.showFormModal(u"company"_s);
+  view.showModal(form::EditGroups{});
 }
 
 void decodeList(View& view) {
@@ -144,22 +144,22 @@ void ais(View& view) {
 
 void sunTimes(View& view) {
   view.program().console.addLogEntry(u"DISPLAY SUNRISE/SUNSET GRAPH"_s);
-  view.showForm(u"suntime"_s);
+  view.showForm(form::SunTimes{});
 }
 
 void commandList(View& view) {
   view.program().console.addLogEntry(u"DISPLAY COMMAND LIST"_s);
-  view.showForm(u"command"_s);
+  view.showForm(form::Commands{});
 }
 
 void version(View& view) {
   view.program().console.addLogEntry(u"DISPLAY SYSTEM VERSION INFORMATION"_s);
-  view.showForm(u"version"_s);
+  view.showForm(form::Version{});
 }
 
 void components(View& view) {
   view.program().console.addLogEntry(u"DISPLAY SYSTEM COMPORNENTS INFORMATION"_s);
-  view.showForm(u"compornent"_s);
+  view.showForm(form::Components{});
 }
 
 void checkForUpdate(View& view) {

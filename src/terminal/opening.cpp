@@ -67,7 +67,7 @@ Opening::Result Opening::start() {
   program_.services.inet.setRequestTimeout(60);
   program_.networkAvailable = networkIsThere();
   if (!program_.networkAvailable && program_.services.endpoints.probe.isEmpty()) {
-    program_.services.forms.showModal(u"noconnectmsg"_s);
+    program_.services.forms.showModal(form::NoConnection{});
     return failed(Result::NoNetwork, u"インターネットに接続できません"_s);
   }
   for (const QString& folder : {u"sound"_s, u"data"_s}) {

@@ -19,7 +19,7 @@ QString figure(const Services& services) {
 void showPictureOf(Program& program, QStringView name) {
   const QByteArray picture = program.tables.picture(name);
   if (!picture.isEmpty() && writeWhole(figure(program.services), picture))
-    program.services.forms.show(u"pictureform"_s);
+    program.services.forms.show(form::Picture{});
 }
 
 QByteArray takePicture(const Services& services) {

@@ -22,7 +22,6 @@ SettingsFormHooks settingsHooks(View& view) {
                 return program.services.dialogs.choosePrinter(
                     installed, installed.contains(stored) ? stored : program.currentPrinter);
               },
-          .closed = [&view](bool hoursChanged) { view.settingsClosed(hoursChanged); },
           .guarded = [&view](const std::function<void()>& step) { view.guarded(step); }};
 }
 

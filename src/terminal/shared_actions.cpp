@@ -3,6 +3,7 @@
 #include "terminal/shared_actions.h"
 
 #include "base/text.h"
+#include "imagery/adobe_notice.h"
 #include "terminal/view.h"
 
 namespace soran {
@@ -16,23 +17,23 @@ void echoPrompt(View& view) {
   console.colourScreenText();
 }
 
-void openListEditor(View& view, const QString& logLine, const QString& form) {
+void openListEditor(View& view, const QString& logLine, const ModalForm& form) {
   Console& console = view.program().console;
   echoPrompt(view);
   view.cycle().stopAutoOnManual();
   console.addLogEntry(logLine);
   console.setPad(QString());
-  view.showFormModal(form);
+  view.showModal(form);
 }
 
 void openAirportList(View& view) {
-  openListEditor(view, u"DISPLAY AIRPORT LIST"_s, u"airport"_s);
+  openListEditor(view, u"DISPLAY AIRPORT LIST"_s, form::EditAirports{});
 }
 void openDecodeList(View& view) {
-  openListEditor(view, u"DISPLAY AUTO DECODE LIST"_s, u"decodelist"_s);
+  openListEditor(view, u"DISPLAY AUTO DECODE LIST"_s, form::EditAutoList{});
 }
 void openGroupList(View& view) {
-  openListEditor(view, u"DISPLAY GROUP LIST"_s, u"company"_s);
+  openListEditor(view, u"DISPLAY GROUP LIST"_s, form::EditGroups{});
 }
 
 void openCharts(View& view) {
@@ -48,21 +49,21 @@ void openCharts(View& view) {
   }
   program.console.addLogEntry(adobe_notice::statusChart.toString());
   program.console.setPad(QString());
-  view.showForm(u"chart"_s);
+  view.showForm(form::Charts{});
 }
 
 void openCameras(View& view) {
   echoPrompt(view);
   view.program().console.addLogEntry(u"DISPLAY NETWORK CAMERA"_s);
   view.program().console.setPad(QString());
-  view.showForm(u"camera"_s);
+  view.showForm(form::Cameras{});
 }
 
 void openRunningLog(View& view) {
   echoPrompt(view);
   view.program().console.addLogEntry(u"DISPLAY RUNNING LOG"_s);
   view.program().console.setPad(QString());
-  view.showForm(u"log"_s);
+  view.showForm(form::Log{});
 }
 
 void openHelp(View& view) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/forms.h"
+
 #include <QString>
 
 /// What a typed command and its entry in the menus do alike. None of them asks for the network.
@@ -14,7 +16,7 @@ void echoPrompt(View& view);
 
 /// The command that opens the editor of a list: it stops the cycle where that is wished, writes the log line
 /// and shows the form until the user closes it.
-void openListEditor(View& view, const QString& logLine, const QString& form);
+void openListEditor(View& view, const QString& logLine, const ModalForm& form);
 void openAirportList(View& view);
 void openDecodeList(View& view);
 void openGroupList(View& view);

@@ -2,19 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imagery/adobe_notice.h"
 #include "pipeline/decode_run.h"
 #include "pipeline/printing.h"
 #include "pipeline/program.h"
 #include "pipeline/watch_cycle.h"
 #include "terminal/browser_pane.h"
-#include "terminal/dictionary_mode.h"
 #include "terminal/menus.h"
 
 #include <QDate>
 #include <QStringList>
 #include <functional>
-#include <optional>
+#include <vector>
 
 namespace soran {
 
@@ -59,33 +57,27 @@ class View : public QObject {
   /// The local date at the last key press.
   QDate today() const { return today_; }
 
-  /// Shows a form beside the main window. `chart`, `camera`, `log` and `command` count as open until
+  /// Shows a form beside the main window. Charts, cameras, log and commands count as open until
   /// `formClosed`: they go and come with the main window.
-  void showForm(const QString& name);
+  void showForm(const Form& form);
+  bool isOpen(const Form& form) const;
   /// Shows a form and returns when the user has closed it.
-  void showFormModal(const QString& name);
+  ModalOutcome showModal(const ModalForm& form);
   /// The user has closed a form that was shown beside the main window.
-  void formClosed(const QString& name) { openForms_.removeAll(name); }
-  const QStringList& openForms() const { return openForms_; }
+  void formClosed(const Form& form);
 
   /// The main window is minimised to the tray, or restored.
   void setMinimised(bool minimised);
 
-  /// Shows the form `weather` for one table until the user has closed it.
+  /// Shows the dictionary form for one table until the user has closed it.
   void editDictionary(DictionaryMode mode);
-  /// What `weather` edits while it is up.
-  DictionaryMode dictionaryMode() const { return dictionaryMode_; }
 
   /// Shows the settings form until the user has closed it, then lets the screen follow the settings.
   void editSettings();
-  /// The settings form has closed. `hoursChanged`: a sequence spans other hours than before.
-  void settingsClosed(bool hoursChanged) { settingsClosed_ = hoursChanged; }
 
-  /// Shows the notice about PDF files until the user has closed it. False where the user left for the
-  /// download.
+  /// Shows the notice about PDF files until the user has closed it, and does what the user chose there. False
+  /// where the user left for the download.
   bool showAdobeNotice();
-  /// How the user closes that notice.
-  void answerAdobeNotice(AdobeNoticeAnswer answer);
 
   /// What starts the automatic decode: its prompts differ.
   enum class Start { ByCommand, ByButton };
@@ -96,10 +88,8 @@ class View : public QObject {
   /// Empties the screen and the staging buffer.
   void clearScreen();
   /// Explains the group that is selected on the screen (from `start`, in UTF-16 units from 0): its tip is
-  /// shown by the form `tooltips`, its picture, where one is stored, by `pictureform`.
-  void explainSelection(qsizetype start, qsizetype length);
-  /// The tip of the last selection, empty where it had none.
-  const QString& tipText() const { return tipText_; }
+  /// shown, and its picture, where one is stored. Gives the tip's text, empty where there is none.
+  QString explainSelection(qsizetype start, qsizetype length);
   /// Opens the page of AIS Japan.
   void showAis();
   /// The addresses of the start page and of the help of the home page endpoint.
@@ -134,12 +124,8 @@ class View : public QObject {
   WatchCycle cycle_;
   BrowserPane pane_;
   Menus menus_;
-  QStringList openForms_;
-  DictionaryMode dictionaryMode_ = DictionaryMode::Abbreviations;
-  bool leftForDownload_ = false;
-  std::optional<bool> settingsClosed_; // with whether the hours of a sequence changed
+  std::vector<Form> openForms_;
   QDate today_;
-  QString tipText_;
   bool enterSeen_ = false;
   bool ended_ = false;
   bool updaterRequested_ = false;

@@ -17,22 +17,22 @@ using namespace Qt::StringLiterals;
 
 TEST_F(WindowTest, FormsOpenAndClose) {
   struct Case {
-    QString form;
+    Form form;
     QString button; ///< what closes it; empty where a click anywhere does
     QStringList texts;
   };
   const Case cases[] = {
-      {u"version"_s, {}, {u"Version 4.31"_s}},
-      {u"command"_s, {}, {u"PRINT または /P"_s, u"METAR を日本語に翻訳"_s}},
-      {u"compornent"_s, u"cmdOK"_s, {u"Ver 4.31"_s, u"2026/11/24 更新"_s}},
-      {u"message"_s, u"cmdOK"_s, {}},
+      {form::Version{}, {}, {u"Version 4.31"_s}},
+      {form::Commands{}, {}, {u"PRINT または /P"_s, u"METAR を日本語に翻訳"_s}},
+      {form::Components{}, u"cmdOK"_s, {u"Ver 4.31"_s, u"2026/11/24 更新"_s}},
+      {form::Alert{}, u"cmdOK"_s, {}},
   };
   start();
   for (const Case& c : cases) {
     desktop_->forms().show(c.form);
-    QDialog* form = desktop_->forms().form(c.form);
-    ASSERT_NE(form, nullptr) << c.form.toStdString();
-    EXPECT_TRUE(form->isVisible()) << c.form.toStdString();
+    QDialog* form = desktop_->forms().widget(c.form);
+    ASSERT_NE(form, nullptr) << nameOf(c.form).toStdString();
+    EXPECT_TRUE(form->isVisible()) << nameOf(c.form).toStdString();
     QStringList labels;
     for (const QLabel* label : form->findChildren<QLabel*>()) {
       labels.append(label->text());
@@ -43,16 +43,15 @@ TEST_F(WindowTest, FormsOpenAndClose) {
       EXPECT_TRUE(labels.contains(text)) << text.toStdString();
     QTest::mouseClick(c.button.isEmpty() ? form->findChild<QLabel*>() : form->findChild<QWidget*>(c.button),
                       Qt::LeftButton);
-    EXPECT_FALSE(form->isVisible()) << c.form.toStdString();
+    EXPECT_FALSE(form->isVisible()) << nameOf(c.form).toStdString();
   }
-  desktop_->forms().show(u"no such form"_s);
 }
 
 TEST_F(WindowTest, LogShowsNewestRowFirstInItsColours) {
   start();
   type(u"RJTT"_s);
   type(u"LOG"_s);
-  auto* grid = desktop_->forms().form(u"log"_s)->findChild<QTableView*>(u"grid"_s);
+  auto* grid = desktop_->forms().widget(form::Log{})->findChild<QTableView*>(u"grid"_s);
   ASSERT_TRUE(grid->isVisible());
   const QAbstractItemModel& model = *grid->model();
   EXPECT_EQ(model.index(0, 2).data().toString(), u"DISPLAY RUNNING LOG");
@@ -76,10 +75,10 @@ TEST_F(WindowTest, LogShowsNewestRowFirstInItsColours) {
 
 TEST_F(WindowTest, PictureShowsItsFileOnce) {
   start();
-  desktop_->forms().show(u"pictureform"_s);
-  EXPECT_EQ(desktop_->forms().form(u"pictureform"_s), nullptr);
+  desktop_->forms().show(form::Picture{});
+  EXPECT_EQ(desktop_->forms().widget(form::Picture{}), nullptr);
   type(u"CB"_s);
-  QDialog* form = desktop_->forms().form(u"pictureform"_s);
+  QDialog* form = desktop_->forms().widget(form::Picture{});
   ASSERT_NE(form, nullptr);
   EXPECT_TRUE(form->isVisible());
   EXPECT_FALSE(QFileInfo::exists(home_.filePath(u"data/figure.dat"_s)));
@@ -87,14 +86,14 @@ TEST_F(WindowTest, PictureShowsItsFileOnce) {
   ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
   broken.write("no picture");
   broken.close();
-  desktop_->forms().show(u"pictureform"_s);
-  EXPECT_EQ(desktop_->forms().form(u"pictureform"_s), nullptr);
+  desktop_->forms().show(form::Picture{});
+  EXPECT_EQ(desktop_->forms().widget(form::Picture{}), nullptr);
 }
 
 TEST_F(WindowTest, NotesGoByThemselves) {
   start();
-  desktop_->forms().show(u"datachange"_s);
-  auto* note = qobject_cast<DataChangeForm*>(desktop_->forms().form(u"datachange"_s));
+  desktop_->forms().show(form::NewReports{});
+  auto* note = qobject_cast<DataChangeForm*>(desktop_->forms().widget(form::NewReports{}));
   ASSERT_NE(note, nullptr);
   for (int i = 0; i < DataChangeForm::lastTick; ++i) {
     EXPECT_TRUE(note->isVisible());
@@ -103,11 +102,11 @@ TEST_F(WindowTest, NotesGoByThemselves) {
   EXPECT_FALSE(note->isVisible());
 
   desktop_->view().program().minimised = true;
-  desktop_->forms().show(u"datachange"_s);
-  EXPECT_EQ(desktop_->forms().form(u"datachange"_s), nullptr);
+  desktop_->forms().show(form::NewReports{});
+  EXPECT_EQ(desktop_->forms().widget(form::NewReports{}), nullptr);
 
-  desktop_->forms().show(u"message"_s);
-  auto* alert = qobject_cast<MessageForm*>(desktop_->forms().form(u"message"_s));
+  desktop_->forms().show(form::Alert{});
+  auto* alert = qobject_cast<MessageForm*>(desktop_->forms().widget(form::Alert{}));
   for (int i = 0; i < MessageForm::lastTick; ++i) {
     EXPECT_TRUE(alert->isVisible());
     alert->tick();

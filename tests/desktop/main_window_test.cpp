@@ -99,12 +99,12 @@ TEST_F(WindowTest, DoubleClickExplainsTheGroupUntilTheNextPress) {
   QWidget* area = screen().viewport();
   QTest::mouseDClick(area, Qt::LeftButton, {}, place);
   QTest::mouseRelease(area, Qt::LeftButton, {}, place);
-  QDialog* tip = desktop_->forms().form(u"tooltips"_s);
+  QDialog* tip = desktop_->forms().widget(form::Tip{});
   ASSERT_NE(tip, nullptr);
   EXPECT_TRUE(tip->isVisible());
   EXPECT_TRUE(tip->findChild<QLabel*>(u"lbl"_s)->text().startsWith(u"FEW008 ： 800フィートに小量"));
   QTest::mousePress(area, Qt::LeftButton, {}, place + QPoint(0, 40));
-  EXPECT_EQ(desktop_->forms().form(u"tooltips"_s), nullptr);
+  EXPECT_EQ(desktop_->forms().widget(form::Tip{}), nullptr);
 }
 
 TEST_F(WindowTest, TheFirstKeyOfAnAddressBringsItsBeginning) {
@@ -144,7 +144,7 @@ TEST_F(WindowTest, MenusAndButtonsShowAndRunTheirEntries) {
   EXPECT_TRUE(screen().hasFocus() || !desktop_->window().isActiveWindow());
 
   child<QAction>(u"menu_info_version")->trigger();
-  EXPECT_TRUE(desktop_->forms().form(u"version"_s)->isVisible());
+  EXPECT_TRUE(desktop_->forms().widget(form::Version{})->isVisible());
   EXPECT_FALSE(desktop_->window().popup().isEmpty());
   EXPECT_TRUE(desktop_->window().popup().menuAction()->isVisible());
   child<QAction>(u"menu_exit")->trigger();

@@ -26,10 +26,10 @@ using namespace Qt::StringLiterals;
 
 class PanelTest : public WindowTest {
  protected:
-  template <class Form>
-  Form& opened(const QString& name) {
-    desktop_->view().showForm(name);
-    return *qobject_cast<Form*>(desktop_->forms().form(name));
+  template <class Widget>
+  Widget& opened(const Form& form) {
+    desktop_->view().showForm(form);
+    return *qobject_cast<Widget*>(desktop_->forms().widget(form));
   }
 
   /// The demonstration tells first that it made its database.
@@ -87,7 +87,7 @@ class PanelTest : public WindowTest {
 
 TEST_F(PanelTest, SunTimesOfAFieldAndAYear) {
   start();
-  auto& form = opened<SunTimeForm>(u"suntime"_s);
+  auto& form = opened<SunTimeForm>(form::SunTimes{});
   auto* fields = form.findChild<QComboBox*>(u"cmb0"_s);
   auto* years = form.findChild<QComboBox*>(u"cmb1"_s);
   EXPECT_EQ(years->currentText(), u"2026");
@@ -120,7 +120,7 @@ TEST_F(PanelTest, SunTimesOfAFieldAndAYear) {
 
 TEST_F(PanelTest, ChartsOfTheDemonstration) {
   startDemo();
-  auto& form = opened<ChartForm>(u"chart"_s);
+  auto& form = opened<ChartForm>(form::Charts{});
   EXPECT_EQ(form.windowTitle(), u" 天気のツボ (夜)");
   EXPECT_TRUE(settle(form, [] {}));
   EXPECT_EQ(form.imagery().size(), QSize(9600 / 15, 7300 / 15));
@@ -145,7 +145,7 @@ TEST_F(PanelTest, ChartsOfTheDemonstration) {
 
 TEST_F(PanelTest, CamerasOfTheDemonstration) {
   startDemo();
-  auto& form = opened<CameraForm>(u"camera"_s);
+  auto& form = opened<CameraForm>(form::Cameras{});
   EXPECT_EQ(form.windowTitle(), u"新千歳空港");
   EXPECT_TRUE(settle(form, [] {}));
   EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_komatsu"_s); }));
@@ -158,11 +158,11 @@ TEST_F(PanelTest, CamerasOfTheDemonstration) {
   EXPECT_NE(form.imagery().grab().toImage(), before);
 
   // It is hidden with the main window and keeps its picture; closed, it begins anew.
-  desktop_->forms().hide(u"camera"_s);
-  desktop_->forms().show(u"camera"_s);
+  desktop_->forms().hide(form::Cameras{});
+  desktop_->forms().show(form::Cameras{});
   EXPECT_EQ(form.windowTitle(), u" 小松空港");
   form.close();
-  EXPECT_TRUE(settle(form, [&] { desktop_->view().showForm(u"camera"_s); }));
+  EXPECT_TRUE(settle(form, [&] { desktop_->view().showForm(form::Cameras{}); }));
   EXPECT_EQ(form.windowTitle(), u"新千歳空港");
 }
 
@@ -172,7 +172,7 @@ TEST_F(PanelTest, ASourceThatDoesNotAnswerIsNamed) {
   file.write("camera_sendai=" + server_.baseAddress().toLatin1() + "\n");
   file.close();
   start();
-  auto& form = opened<CameraForm>(u"camera"_s);
+  auto& form = opened<CameraForm>(form::Cameras{});
   EXPECT_TRUE(settle(form, [] {}));
   EXPECT_TRUE(form.imagery().failed());
   const auto text = [&](QStringView label) {

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "imagery/adobe_notice.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_model.h"
 #include "imagery/sources.h"
@@ -161,10 +160,4 @@ TEST(Cameras, OnlyStillPicturesAreReloaded) {
   EXPECT_EQ(model.choose(u"menu_komatsu")->address, u"/-wvhttp-01-/GetOneShot");
   EXPECT_EQ(ticksToReload(100), 60);
   EXPECT_FALSE(model.choose(u"menu_narita"));
-}
-
-TEST(AdobeNotice, BannerEndsTheProgramAndTheCheckBoxIsKept) {
-  EXPECT_EQ(adobeNoticeOutcome({false, false}), (AdobeNoticeOutcome{false, false, true}));
-  EXPECT_EQ(adobeNoticeOutcome({true, false}), (AdobeNoticeOutcome{true, false, true}));
-  EXPECT_EQ(adobeNoticeOutcome({true, true}), (AdobeNoticeOutcome{true, true, false}));
 }

@@ -31,8 +31,7 @@ class SettingsFormTest : public ::testing::Test {
              .hoursChosen = [this] { log.append(u"hours"_s); },
              .repaint = [this] { log.append(u"repaint"_s); },
              .usePrinter = [this](const QString& printer) { log.append(u"use " + printer); },
-             .choosePrinter = [this] { return choice; },
-             .closed = [this](bool changed) { log.append(changed ? u"closed, hours"_s : u"closed"_s); }}};
+             .choosePrinter = [this] { return choice; }}};
   }
   QString said() { return textsOf(run.desk.takeSeen().dialogs).join(u'|'); }
   QString logged() { return std::exchange(log, {}).join(u'|'); }
@@ -228,7 +227,8 @@ TEST_F(SettingsFormTest, ClosingChecksThePrintWindow) {
     EXPECT_EQ(opton.close(), c.closes);
     EXPECT_EQ(said(), c.closes ? QString() : u"印刷終了時刻は印刷開始時刻より後に設定してください　　"_s);
     EXPECT_EQ(opton.tabToShow() == printTab, !c.closes);
-    EXPECT_EQ(logged(), c.closes ? u"buffer|closed"_s : u"buffer"_s);
+    EXPECT_EQ(logged(), u"buffer"_s);
+    EXPECT_EQ(opton.outcome().has_value(), c.closes);
   }
   EXPECT_EQ(settings[key::印刷開始分], u"58"_s);
 }
@@ -240,7 +240,8 @@ TEST_F(SettingsFormTest, ClosingTellsOfWhatActsLater) {
   EXPECT_EQ(logged(), u"buffer|hours"_s);
   EXPECT_TRUE(opton.close());
   EXPECT_EQ(said(), u"時差の変更を有効にするため、SORAN を再起動してください　　"_s);
-  EXPECT_EQ(logged(), u"buffer|closed, hours"_s);
+  EXPECT_EQ(logged(), u"buffer"_s);
+  EXPECT_TRUE(opton.outcome().value().hoursChanged);
   EXPECT_EQ(settings[key::時差], u"-3"_s);
   EXPECT_EQ(value(SettingIndex::シーケンス時間), QVariant(7));
   EXPECT_TRUE(opton.close());
@@ -334,13 +335,14 @@ TEST_F(SettingsFormTest, SoundsAreTestedWhereTheyAre) {
 
 TEST_F(SettingsFormTest, TheTerminalFollowsTheClosedForm) {
   ASSERT_TRUE(run.begin());
-  run.desk.onForm = [this](const QString& name) {
-    ASSERT_EQ(name, u"opton"_s);
+  run.desk.onModal = [this](const ModalForm& shown) {
+    EXPECT_EQ(nameOf(shown), u"opton"_s);
     SettingsForm opton(settings, program.services, settingsHooks(run.view));
     opton.setBuffer(4);
     opton.choose(9, u"1"_s);
     opton.pick(1, 77);
     EXPECT_TRUE(opton.close());
+    return ModalOutcome(opton.outcome().value());
   };
   run.view.menus().button(9);
   EXPECT_EQ(program.bufferLevel, 7);

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "imagery/adobe_notice.h"
 #include "terminal/menus_fixture.h"
 
 #include <algorithm>
@@ -118,9 +119,8 @@ TEST_F(MenusTest, LeavingClosesThePaneFirst) {
 }
 
 TEST_F(MenusTest, LeavingForTheDownloadEndsTheProgram) {
-  run.desk.onForm = [this](const QString& name) {
-    if (name == u"adobeinfo")
-      run.view.answerAdobeNotice({.dontShowAgain = false, .banner = true});
+  run.desk.onModal = [](const ModalForm&) {
+    return ModalOutcome(form::PdfNotice::Outcome{.dontShowAgain = false, .banner = true});
   };
   run.type(u"WX"_s);
   EXPECT_TRUE(run.view.ended());
@@ -131,7 +131,12 @@ TEST_F(MenusTest, LeavingForTheDownloadEndsTheProgram) {
 }
 
 TEST_F(MenusTest, TheNoticeStaysAwayOnceItWasPutAway) {
-  run.view.answerAdobeNotice({.dontShowAgain = true, .banner = false});
+  run.desk.onModal = [](const ModalForm&) {
+    return ModalOutcome(form::PdfNotice::Outcome{.dontShowAgain = true, .banner = false});
+  };
+  run.type(u"WX"_s);
+  EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"adobeinfo|chart"_s);
+  EXPECT_EQ(run.program.settings()[key::アドビインフォメーション], true);
   run.type(u"WX"_s);
   EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"chart"_s);
 }
@@ -140,7 +145,7 @@ TEST_F(MenusTest, FormsGoAndComeWithTheWindow) {
   for (const QString& name :
        {u"menu_info_log"_s, u"menu_command"_s, u"menu_info_version"_s, u"menu_camera"_s})
     menus().choose(name);
-  run.view.formClosed(u"camera"_s);
+  run.view.formClosed(form::Cameras{});
   run.desk.takeSeen();
   run.view.setMinimised(true);
   EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"taskicon"_s);
@@ -190,7 +195,10 @@ TEST_F(MenusTest, TypedCommandsOpenTheSameForms) {
 
 TEST_F(MenusTest, TheDictionaryFormOpensForTheTableAskedFor) {
   QList<DictionaryMode> modes;
-  run.desk.onForm = [&](const QString&) { modes.append(run.view.dictionaryMode()); };
+  run.desk.onModal = [&](const ModalForm& shown) {
+    modes.append(std::get<form::EditDictionary>(shown).mode);
+    return ModalOutcome();
+  };
   run.type(u"JAPANESE"_s);
   run.keys(u"\b\b\b\b\b\b\b\bPICTURE\r"_s);
   menus().choose(u"menu_info_weather"_s);
