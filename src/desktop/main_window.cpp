@@ -9,6 +9,7 @@
 #include "desktop/screen_view.h"
 #include "desktop/start_banner.h"
 #include "desktop/toolbar_frame.h"
+#include "screen/untold_text.h"
 #include "ui_main_window.h"
 
 #include <QCloseEvent>
@@ -18,6 +19,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
+#include <QTimer>
 
 namespace soran {
 
@@ -56,11 +58,15 @@ MainWindow::MainWindow(View& view, bool demonstration)
   popup_->setAccessibleName(u"ポップアップ"_s);
   if (demonstration_)
     setWindowTitle(windowTitle() + u" - " + demonstrationMark);
-  alert_ = new ReportAlert(this);
+  alert_ = new ReportAlert(u"reportAlert"_s, this);
+  for (ReportAlert*& alert : screenAlerts_)
+    alert = new ReportAlert(u"screenAlert"_s, this);
+  telling_ = new QTimer(this);
   ui_->imgGo->setIcon(facedIcon(u"imgGo0"_s, u"imgGo1"_s));
   drawFrameOf(*ui_->Line);
   makeStatusBar();
   connectTerminal();
+  connectSpeech();
   connectPane();
   connectMenus();
   applyDisplaySettings();
@@ -106,8 +112,6 @@ void MainWindow::connectTerminal() {
   connect(&console_, &Console::inputChanged, this, &MainWindow::showInput);
   connect(&console_, &Console::busyChanged, this, &MainWindow::showBusy);
   connect(&console_, &Console::progress, this, &MainWindow::showProgress);
-  connect(&console_, &Console::newReports, alert_,
-          [this](const QStringList& notices) { alert_->announce(notices.join(u", ")); });
   connect(&console_, &Console::overlayChanged, this, &MainWindow::showBanner);
   connect(&console_, &Console::displaySettingsApplied, this, &MainWindow::applyDisplaySettings);
   connect(&console_.status(), &StatusBar::changed, this, &MainWindow::showPanels);
@@ -122,6 +126,28 @@ void MainWindow::connectTerminal() {
     if (button == Qt::RightButton)
       openPopup(mouse);
   });
+}
+
+void MainWindow::connectSpeech() {
+  // The texts of one command come one by one, and a prompt may be taken back at once.
+  constexpr int settled = 200;
+  connect(&console_, &Console::newReports, alert_,
+          [this](const QStringList& notices) { alert_->announce(notices.join(u", ")); });
+  telling_->setSingleShot(true);
+  telling_->setInterval(settled);
+  connect(telling_, &QTimer::timeout, this, &MainWindow::tellScreen);
+  connect(&console_.screen(), &Screen::replaced, telling_, qOverload<>(&QTimer::start));
+  connect(&console_.screen(), &Screen::appended, telling_, qOverload<>(&QTimer::start));
+  connect(&console_, &Console::busyChanged, telling_, qOverload<>(&QTimer::start));
+}
+
+void MainWindow::tellScreen() {
+  if (released_ || console_.busy())
+    return;
+  const QString untold = untoldText(told_, console_.screen().text());
+  told_ = console_.screen().text();
+  if (!untold.isEmpty())
+    screenAlerts_[screenAlert_++ % screenAlerts_.size()]->announce(untold);
 }
 
 void MainWindow::connectPane() {

@@ -5,11 +5,13 @@
 #include "terminal/view.h"
 
 #include <QMainWindow>
+#include <array>
 #include <memory>
 
 class QLabel;
 class QMenu;
 class QProgressBar;
+class QTimer;
 
 namespace Ui {
 class MainWindow;
@@ -64,6 +66,7 @@ class MainWindow : public QMainWindow {
  private:
   void makeStatusBar();
   void connectTerminal();
+  void connectSpeech();
   void connectPane();
   void connectMenus();
   void showMenus();
@@ -74,6 +77,7 @@ class MainWindow : public QMainWindow {
   void showProgress(int done, int total);
   void showBanner();
   void showPane();
+  void tellScreen();
   void placeOverlays();
   void openPopup(QPoint place);
   QString geometryFile() const;
@@ -92,6 +96,11 @@ class MainWindow : public QMainWindow {
   QLabel* panel2_ = nullptr;
   QProgressBar* progress_ = nullptr;
   ReportAlert* alert_;
+  /// They take turns: a reader that lags still finds each text where it came up.
+  std::array<ReportAlert*, 8> screenAlerts_;
+  size_t screenAlert_ = 0;
+  QTimer* telling_;
+  QString told_;
   bool released_ = false;
 };
 

@@ -34,11 +34,12 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-ReportAlert::ReportAlert(QWidget* window) : QWidget(window) {
+ReportAlert::ReportAlert(const QString& name, QWidget* window) : QWidget(window) {
   QAccessible::installFactory(makeInterface);
-  setObjectName(u"reportAlert"_s);
+  setObjectName(name);
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setFixedSize(0, 0);
+  // One that comes up with the window would be spoken without a text.
+  hide();
 }
 
 void ReportAlert::announce(const QString& text) {

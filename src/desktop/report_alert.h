@@ -6,12 +6,12 @@
 
 namespace soran {
 
-/// Tells assistive technology of new reports: a notification among the window's accessible children that
+/// Tells assistive technology of what came without the user's moving there: a notification among the window's accessible children that
 /// comes up with each text. Nothing of it is painted.
 class ReportAlert : public QWidget {
   Q_OBJECT
  public:
-  explicit ReportAlert(QWidget* window);
+  ReportAlert(const QString& name, QWidget* window);
 
   /// The text told last, empty before the first.
   const QString& text() const { return text_; }

@@ -20,6 +20,9 @@ void RowActions::showOn(QToolButton& addition, QToolButton& edit, QToolButton& r
   addition.setDefaultAction(&addition_);
   edit.setDefaultAction(&edit_);
   removal.setDefaultAction(&removal_);
+  // Else a reader speaks the tip, which repeats the name.
+  for (QToolButton* button : {&addition, &edit, &removal})
+    button->setAccessibleDescription(button->defaultAction()->shortcut().toString(QKeySequence::NativeText));
 }
 
 void RowActions::make(QAction& action, const QString& name, const QString& text, const QKeySequence& key) {

@@ -46,6 +46,16 @@ QToolButton* ToolbarFrame::addButton(int index) {
   return button;
 }
 
+void ToolbarFrame::showTip(QToolButton& button, const QString& tip) {
+  // Each setting is an event on the bus, and a reader under a flood of them leaves out what it should speak.
+  if (button.toolTip() == tip)
+    return;
+  button.setToolTip(tip);
+  button.setAccessibleName(tip.trimmed());
+  // Else a reader speaks the tip behind the name that it repeats.
+  button.setAccessibleDescription(tip.trimmed());
+}
+
 void ToolbarFrame::showButtons(const QList<ToolButton>& buttons) {
   for (const ToolButton& told : buttons) {
     Place& place = places_[told.index];
@@ -55,8 +65,7 @@ void ToolbarFrame::showButtons(const QList<ToolButton>& buttons) {
       place.coloured = told.coloured;
       place.button->setIcon(drawnIcon(pictures_[told.index + (told.coloured ? colouredFaces : 0)]));
     }
-    place.button->setToolTip(told.hover);
-    place.button->setAccessibleName(told.hover.trimmed());
+    showTip(*place.button, told.hover);
     place.button->setVisible(told.visible);
     place.button->setEnabled(told.enabled);
   }

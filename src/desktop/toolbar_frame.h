@@ -30,6 +30,7 @@ class ToolbarFrame : public QFrame {
 
  private:
   QToolButton* addButton(int index);
+  static void showTip(QToolButton& button, const QString& tip);
 
   struct Place {
     QToolButton* button = nullptr;

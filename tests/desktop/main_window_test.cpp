@@ -12,6 +12,7 @@
 #include <QProgressBar>
 #include <QTextBlock>
 #include <QTimer>
+#include <QToolButton>
 
 namespace soran {
 namespace {
@@ -169,6 +170,44 @@ TEST_F(WindowTest, NewReportsAlertAssistiveTechnology) {
   // A reader on the bus asks what has come up.
   if (QGuiApplication::platformName() != u"offscreen")
     QTest::qWait(400);
+}
+
+// A reader under a flood of names leaves out what it should speak.
+TEST_F(WindowTest, RunsNameNoButtonAnew) {
+  struct Tips : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::ToolTipChange;
+      return false;
+    }
+    int count = 0;
+  } tips;
+  start();
+  for (QToolButton* button : desktop_->window().toolbar().findChildren<QToolButton*>())
+    button->installEventFilter(&tips);
+  type(u"RJTT"_s);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(tips.count, 0);
+}
+
+TEST_F(WindowTest, WhatARunShowsIsToldOnce) {
+  start();
+  const auto told = [this] {
+    QStringList texts;
+    for (const QWidget* alert : desktop_->window().findChildren<QWidget*>(u"screenAlert"_s)) {
+      if (const QString text = spokenName(alert); !text.isEmpty())
+        texts.append(text);
+    }
+    return texts;
+  };
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !told().isEmpty(); }));
+  const qsizetype before = told().size();
+  type(u"RJTT"_s);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return told().size() > before; }));
+  type(u"RJ1"_s);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return told().size() > before + 1; }));
+  EXPECT_TRUE(told()[before].startsWith(u"*** RJTT - ")) << told()[before].toStdString();
+  EXPECT_EQ(told()[before].count(u"READY"), 1);
+  EXPECT_EQ(told().constLast(), u"SYNTAX ERROR\nREADY / PRESS ESC TO EXIT");
 }
 
 TEST_F(WindowTest, ProgressShowsForLongListsOnly) {
