@@ -3,12 +3,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The window as a blind user hears it: what Orca speaks at each step, each phrase once and in order.
 
-speech_test.py PROGRAM FOLDER, on an X display with a session bus of its own (tools/check-speech).
+speech_test.py PROGRAM FOLDER [KEPT], on an X display with a session bus of its own (tools/check-speech). What the
+reader wrote is kept in the file KEPT.
 """
 
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import time
@@ -17,8 +19,8 @@ import pyatspi
 
 PROGRAM, FOLDER = sys.argv[1], pathlib.Path(sys.argv[2])
 HEARD = FOLDER / "orca.debug"
-RETURN, ESCAPE, TAB, BACKSPACE, DELETE, UP, DOWN, RIGHT, ALT = (
-    0xFF0D, 0xFF1B, 0xFF09, 0xFF08, 0xFFFF, 0xFF52, 0xFF54, 0xFF53, 64)
+RETURN, ESCAPE, TAB, BACKSPACE, DELETE, UP, DOWN = (
+    0xFF0D, 0xFF1B, 0xFF09, 0xFF08, 0xFFFF, 0xFF52, 0xFF54)
 # A synthesiser that runs a command without a sound.
 SPEECH_SERVER = {
     "speechd.conf": 'LogLevel 1\nAudioOutputMethod "libao"\nDefaultLanguage "en"\n'
@@ -27,6 +29,15 @@ SPEECH_SERVER = {
                            'AddVoice "en" "MALE1" "silent"\nDefaultVoice "silent"\n',
 }
 PHRASE = re.compile(r"SPEECH OUTPUT: '(.*?)' ?(?=\{|$)(?:\{[^\n]*)?$", re.MULTILINE | re.DOTALL)
+# The reader as it is installed, but what it writes is on the disk at once.
+READER = """
+import builtins, runpy, shutil, sys
+plain = builtins.open
+builtins.open = lambda file, mode="r", *more, **named: (
+    plain(file, mode, 1) if file == sys.argv[2] else plain(file, mode, *more, **named))
+sys.argv[0] = shutil.which("orca")
+runpy.run_path(sys.argv[0], run_name="__main__")
+"""
 children = []
 
 
@@ -52,7 +63,7 @@ class Ear:
         self.from_phrase = 0
 
     def hear(self, step, expected, seconds=30, quiet=1.0):
-        """The phrases since the last step are these, each a regular expression for the whole phrase."""
+        """The phrases since the last step are these, a regular expression for each."""
         end = time.monotonic() + seconds
         size, still_since = -1, time.monotonic()
         while time.monotonic() < end:
@@ -69,7 +80,7 @@ class Ear:
             time.sleep(0.05)
         phrases = heard()[self.from_phrase:]
         self.from_phrase += len(phrases)
-        fits = len(phrases) == len(expected) and all(map(re.fullmatch, expected, phrases))
+        fits = re.fullmatch("\n".join(expected), "\n".join(phrases)) is not None
         print(("ok      " if fits else "WRONG   ") + step, flush=True)
         if not fits or "-v" in sys.argv:
             print("".join(f"    heard     {phrase}\n" for phrase in phrases), end="")
@@ -83,27 +94,16 @@ def strike(*symbols):
         pyatspi.Registry.generateKeyboardEvent(symbol, None, pyatspi.KEY_SYM)
 
 
-def alt(letter):
-    pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_PRESS)
-    strike(ord(letter))
-    pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_RELEASE)
-
-def press(name):
-    """The named button of the window, as a click does."""
-    desktop = pyatspi.Registry.getDesktop(0)
-    for application in desktop:
-        if application and application.name == "soran":
-            button = pyatspi.findDescendant(application, lambda node: node.name == name and
-                                            node.getRole() == pyatspi.ROLE_PUSH_BUTTON)
-            button.queryAction().doAction(0)
-
-
-WINDOW = ["SORAN - DEMONSTRATION DATA frame", "画面 read only text"]
+WINDOW = ["SORAN - DEMONSTRATION DATA frame", "画面の枠", "画面 read only text"]
 HINT = ["気象通報を表示する画面。文字を入力して Enter で実行します"]
 READY = "READY / PRESS ESC TO EXIT"
 BACK = ["escape", *WINDOW, READY, *HINT]
 BUTTON = " (push )?button"
-CHECKED = " check box (not )?checked"
+EDITOR = ["グループ編集 dialog", "グループ", "table with 3 rows 2 columns"]
+
+
+def any_order(one, other):
+    return f"({one}\n{other}|{other}\n{one})"
 
 
 def echo(line):
@@ -130,17 +130,16 @@ STEPS = [
     ("a line by its key", lambda: strike(UP), ["blank"]),
     ("the line above", lambda: strike(UP), ["SYNTAX ERROR"]),
     ("a list editor", lambda: typed("gp"), [
-        *echo("gp"), "notification " + READY, "グループ編集 dialog", "グループ", "table with 3 rows 2 columns"]),
+        *echo("gp"), any_order("notification " + READY, "\n".join(EDITOR))]),
     ("its first row", lambda: strike(DOWN), ["TTAH", "RJTT ROAH"]),
     ("the row below", lambda: strike(DOWN), ["KANTO", "RJTT RJAA RJAH RJTF RJTY RJTO"]),
     ("a question", lambda: strike(DELETE), [
-        "(delete)?", "alert 確認", "KANTO を削除しますか？", r"はい\(Y\)" + BUTTON]),
+        "alert 確認", "KANTO を削除しますか？", r"はい\(Y\)" + BUTTON]),
     ("its other button", lambda: strike(TAB), ["tab", r"いいえ\(N\)" + BUTTON]),
     ("the answer no", lambda: strike(ESCAPE), [
-        "escape", "グループ編集 dialog", "グループ", "table with 3 rows 2 columns"]),
+        "escape", *EDITOR]),
     ("a button of the editor", lambda: strike(TAB), ["tab", "追加" + BUTTON, "Ins"]),
     ("back to the screen", lambda: strike(ESCAPE), BACK),
-    ("the settings", lambda: press("動作設定"), ["動作設定 dialog"]),
 ]
 
 
@@ -152,7 +151,7 @@ def starts(ear):
         "alert 確認", "データベースを初期化しました", "OK" + BUTTON])
     strike(RETURN)
     return ear.hear("the window and the first run", [
-        "return", *WINDOW, *HINT, r"notification .*\*\*\* AUTO DECODE - .*" + READY]) and fits
+        "return", *WINDOW, *HINT, "(notification SYSTEM INITIALIZED.*\n)?" + r"notification .*\*\*\* AUTO DECODE - .*" + READY]) and fits
 
 
 def main():
@@ -164,12 +163,14 @@ def main():
     start("speech-dispatcher", "speech-dispatcher", "-s", "-t", "0", "-c", "unix_socket", "-S", socket,
           "-C", str(FOLDER / "speechd"), "-P", str(FOLDER / "speechd.pid"))
     start("openbox", "openbox", "--sm-disable")
-    start("orca", "orca", "--debug-file", str(HEARD))
+    start("orca", sys.executable, "-W", "ignore", "-c", READER, "--debug-file", str(HEARD))
     ear = Ear()
     fits = [starts(ear)]
     for step, act, expected in STEPS:
         act()
         fits.append(ear.hear(step, expected))
+    if len(sys.argv) > 3:
+        shutil.copy(HEARD, sys.argv[3])
     return 0 if all(fits) else 1
 
 
