@@ -6,8 +6,8 @@
 
 namespace soran {
 
-/// Tells assistive technology of what came without the user's moving there: a notification among the window's accessible children that
-/// comes up with each text. Nothing of it is painted.
+/// Tells assistive technology of what came without the user's moving there: a notification among the
+/// window's accessible children that comes up with each text. Nothing of it is painted.
 class ReportAlert : public QWidget {
   Q_OBJECT
  public:
