@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/sun_graph_view.h"
 
+#include "base/report_rules.h"
 #include "desktop/look.h"
 
 #include <QPainter>
@@ -97,11 +98,11 @@ void drawMonths(GraphPainter& draw, int year) {
   constexpr int february = 2;
   constexpr int leapDays = 29;
   constexpr double gap = 60;
-  const bool leapYear = sunDaysInMonth(year, february) == leapDays;
+  const bool leapYear = daysInMonth(year, february) == leapDays;
   int day = 0;
   for (int month = 1; month <= 12; ++month) {
     const double x = sunGraphX(day, leapYear);
-    day += sunDaysInMonth(year, month);
+    day += daysInMonth(year, month);
     const double end = sunGraphX(day, leapYear);
     draw.line(x, sunGraphTop, x, sunGraphBottom, monthLine, 1);
     draw.text(draw.at((x + end) / 2, sunGraphBottom + gap), Qt::AlignHCenter, QColor(ink),

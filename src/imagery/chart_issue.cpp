@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imagery/chart_issue.h"
 
+#include "base/report_rules.h"
 #include "base/text.h"
 
 #include <QStringBuilder>
@@ -36,7 +37,7 @@ double chartHour(int clockHour, QStringView timeOffset) {
 // Every year has a 29 February here: a wrong name costs one chart a year, and the names stay as they have
 // always been asked for.
 QString dayBefore(QDate date) {
-  constexpr int lastDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  constexpr int leapYear = 4;
   int year = date.year();
   int month = date.month();
   int day = date.day() - 1;
@@ -45,7 +46,7 @@ QString dayBefore(QDate date) {
       month = 12;
       --year;
     }
-    day = lastDays[month - 1];
+    day = daysInMonth(leapYear, month);
   }
   return QString::number(year) % QString::number(month) % QString::number(day);
 }

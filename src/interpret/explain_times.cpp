@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/zone_letter.h"
+#include "base/report_rules.h"
 #include "interpret/checked_text.h"
 #include "interpret/selected_group.h"
 
@@ -17,13 +17,6 @@ struct DayHour {
   QString zone;
 };
 
-int daysIn(int month, int year) {
-  constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (month == 2 && year % 4 == 0)
-    return 29;
-  return days[static_cast<size_t>(std::clamp(month, 1, 12) - 1)];
-}
-
 /// Moves a day and hour in UTC by the offset. The months are those of `today`, whatever day is told.
 DayHour localDayHour(QStringView dayFigures, QStringView hourFigures, QDate today, int offset) {
   constexpr int hoursOfDay = 24;
@@ -33,11 +26,11 @@ DayHour localDayHour(QStringView dayFigures, QStringView hourFigures, QDate toda
     hour += hoursOfDay;
     --day;
     if (day == 0)
-      day = daysIn(today.month() == 1 ? 12 : today.month() - 1, today.year());
+      day = daysInMonth(today.year(), today.month() == 1 ? 12 : today.month() - 1);
   } else if (hour >= hoursOfDay) {
     hour -= hoursOfDay;
     ++day;
-    if (day > daysIn(today.month(), today.year()))
+    if (day > daysInMonth(today.year(), today.month()))
       day = 1;
   }
   QString zone;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interpret/report_walk.h"
 
-#include "base/zone_letter.h"
+#include "base/report_rules.h"
 
 #include <algorithm>
 
@@ -52,10 +52,7 @@ PrintedHour ReportWalk::ToLocal(QStringView hour) const {
   if (settings[key::LOCAL使用] != true)
     return {hour.toString(), u"Z"};
   const int offset = settings.zoneOffset();
-  int local = leadingInteger(hour) + offset;
-  if (local > 23)
-    local -= 24;
-  return {twoDigits(local), ZoneLetter(offset)};
+  return {twoDigits(shiftedHour(leadingInteger(hour), offset, HourWrap::Above)), ZoneLetter(offset)};
 }
 
 } // namespace soran

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "interpret/translate_report.h"
 
+#include "base/report_rules.h"
 #include "interpret/phrases.h"
 #include "interpret/report_walk.h"
 
@@ -20,8 +21,7 @@ constexpr std::array<QStringView, 38> airfields{
 };
 
 bool isRoutine(QStringView time) {
-  const double minute = leadingNumber(mid1(time, 3, 2));
-  return minute >= 50 || minute == 0 || minute == 30;
+  return isRoutineMinute(leadingNumber(mid1(time, 3, 2)));
 }
 
 void tellHeader(ReportWalk& walk, QStringView code, QStringView time) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/change_detector.h"
 
+#include "base/report_rules.h"
 #include "base/text.h"
 #include "pipeline/layout.h"
 
@@ -15,28 +16,20 @@ namespace {
 
 /// What a new report is called in the pad and in the log.
 struct Notice {
-  QStringView pad;
-  QStringView log;
+  QString pad;
+  QString log;
 };
 
 Notice tafNotice(const QString& response) {
-  struct Kind {
-    QStringView word;
-    Notice notice;
-  };
-  constexpr Kind kinds[] = {{u"AMD", {u"(AMD) ", u" TAF(AMD) RECEIVED"}},
-                            {u"COR", {u"(COR) ", u" TAF(COR) RECEIVED"}},
-                            {u"TRD", {u"(TRD) ", u" TAF(TRD) RECEIVED"}}};
-  for (const Kind& kind : kinds) {
-    if (response.contains(kind.word))
-      return kind.notice;
-  }
-  return {u" ", u" TAF   CHANGED"};
+  const QStringView amendment = amendmentIn(response);
+  if (amendment.isEmpty())
+    return {u" "_s, u" TAF   CHANGED"_s};
+  return {u'(' + amendment + u") ", u" TAF(" + amendment + u") RECEIVED"};
 }
 
 Notice metarNotice(const QString& stamp) {
-  return isRoutineMinute(leadingInteger(mid1(stamp, 4, 2))) ? Notice{u" ", u" METAR CHANGED"}
-                                                            : Notice{u"(SPECI) ", u" SPECI RECEIVED"};
+  return isRoutineMinute(leadingInteger(mid1(stamp, 4, 2))) ? Notice{u" "_s, u" METAR CHANGED"_s}
+                                                            : Notice{u"(SPECI) "_s, u" SPECI RECEIVED"_s};
 }
 
 class Comparison {

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/layout.h"
 
+#include "base/report_rules.h"
 #include "base/text.h"
-#include "base/zone_letter.h"
 
 #include <array>
 #include <utility>
@@ -34,14 +34,7 @@ QString stampOf(QStringView response) {
 }
 
 int displayedHour(int hour, const SettingsRecord& settings) {
-  if (settings[key::LOCAL使用] != true)
-    return hour;
-  hour += settings.zoneOffset();
-  if (hour >= 24)
-    hour -= 24;
-  else if (hour < 0)
-    hour += 24;
-  return hour;
+  return settings[key::LOCAL使用] == true ? shiftedHour(hour, settings.zoneOffset()) : hour;
 }
 
 QString displayedZone(const SettingsRecord& settings) {
@@ -60,10 +53,6 @@ StationReport layoutReport(QStringView response, ReportKind kind, const Settings
   for (const auto& [find, replace] : replacements)
     body.replace(find.toString(), replace.toString());
   return {stampOf(response), label, body};
-}
-
-bool isRoutineMinute(int minute) {
-  return minute >= 50 || minute == 0 || minute == 30;
 }
 
 QString kindWord(bool routine) {

@@ -25,10 +25,6 @@ QString stampOf(QStringView response);
 /// gives a result.
 StationReport layoutReport(QStringView response, ReportKind kind, const SettingsRecord& settings);
 
-/// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
-/// Observation schedules of the region served set this rule; the text of a report is not asked.
-bool isRoutineMinute(int minute);
-
 /// "  METAR " or "  SPECI ", as it stands behind a station code.
 QString kindWord(bool routine);
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/run_display.h"
 
+#include "base/report_rules.h"
 #include "base/skip.h"
 #include "base/text.h"
 #include "pipeline/group_titles.h"
@@ -41,11 +42,10 @@ QString clockText(QTime now, const SettingsRecord& settings) {
 QString tafLogLine(const QString& code, const QString& body) {
   if (body.contains(u"NO OBSERVATION"))
     return u"NOT FOUND " + code;
-  for (const QStringView word : {u"AMD", u"COR", u"TRD"}) {
-    if (body.contains(word))
-      return code + u" TAF(" + word + u") RECEIVED";
-  }
-  return code + u" TAF   RECEIVED";
+  const QStringView amendment = amendmentIn(body);
+  if (amendment.isEmpty())
+    return code + u" TAF   RECEIVED";
+  return code + u" TAF(" + amendment + u") RECEIVED";
 }
 
 QString titleOf(const RunRequest& request) {

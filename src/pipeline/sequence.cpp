@@ -3,8 +3,8 @@
 #include "pipeline/sequence.h"
 
 #include "base/files.h"
+#include "base/report_rules.h"
 #include "base/text.h"
-#include "base/zone_letter.h"
 #include "pipeline/layout.h"
 
 #include <algorithm>
@@ -113,9 +113,7 @@ std::vector<int> sequenceHours(QTime now, const SettingsRecord& settings, int sy
 QString sequenceHourLabel(int utcHour, const SettingsRecord& settings) {
   if (settings[key::LOCAL使用] != true)
     return twoDigits(utcHour) + u"00Z";
-  int hour = utcHour + settings.zoneOffset();
-  if (hour > 23)
-    hour -= 24;
+  const int hour = shiftedHour(utcHour, settings.zoneOffset(), HourWrap::Above);
   const QString label = QString::number(hour) + u"00" + ZoneLetter(settings.zoneOffset());
   return hour < 10 ? u'0' + label : label;
 }

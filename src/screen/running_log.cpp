@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "screen/running_log.h"
 
+#include "base/report_rules.h"
+
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -30,7 +32,7 @@ void RunningLog::add(const QString& message) {
 
 Colour RunningLog::colourOf(const LogRow& row, Colour speciColour) {
   const auto holds = [&row](QStringView word) { return row.message.contains(word); };
-  if (holds(u"TRD") || holds(u"COR") || holds(u"AMD") || holds(u"SPECI"))
+  if (!amendmentIn(row.message).isEmpty() || holds(u"SPECI"))
     return speciColour;
   if ((holds(u"TAF") || holds(u"METAR")) && !holds(u"HOMEPAGE"))
     return black;

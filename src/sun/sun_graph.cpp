@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sun/sun_graph.h"
 
+#include "base/report_rules.h"
 #include "base/text.h"
 
 namespace soran {
@@ -20,8 +21,8 @@ struct Mark {
 
 QString dateText(int year, int dayIndex) {
   int month = 1;
-  for (; dayIndex >= sunDaysInMonth(year, month); ++month)
-    dayIndex -= sunDaysInMonth(year, month);
+  for (; dayIndex >= daysInMonth(year, month); ++month)
+    dayIndex -= daysInMonth(year, month);
   return QStringLiteral(" %1月%2日 ").arg(month).arg(dayIndex + 1);
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sun/sun_grid.h"
 
+#include "base/report_rules.h"
+
 #include <QStringBuilder>
 
 namespace soran {
@@ -24,11 +26,11 @@ QString title(const SunTable& table, QStringView entry) {
 
 /// The index of a day in the table's days, -1 where the month has no such day.
 int dayIndex(int year, int month, int day) {
-  if (day > sunDaysInMonth(year, month))
+  if (day > daysInMonth(year, month))
     return -1;
   int index = day - 1;
   for (int before = 1; before < month; ++before)
-    index += sunDaysInMonth(year, before);
+    index += daysInMonth(year, before);
   return index;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sun/sun_table.h"
 
+#include "base/report_rules.h"
 #include "base/text.h"
 #include "sun/positions.h"
 #include "sun/sun_times.h"
@@ -107,11 +108,6 @@ QList<int> sunYearList(int currentYear) {
   return years;
 }
 
-int sunDaysInMonth(int year, int month) {
-  constexpr int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && year % 4 == 0 ? 29 : days[month - 1];
-}
-
 SunTable sunTable(QStringView entry, int year, const QList<Airport>& airports) {
   const Choice choice = choose(entry, airports);
   if (!choice.position)
@@ -129,7 +125,7 @@ SunTable sunTable(QStringView entry, int year, const QList<Airport>& airports) {
   table.valid = true;
   table.days.reserve(366);
   for (int month = 1; month <= 12; ++month) {
-    for (int day = 1; day <= sunDaysInMonth(year, month); ++day)
+    for (int day = 1; day <= daysInMonth(year, month); ++day)
       table.days.append({SunriseTime(year, month, day, field.latitude, field.longitude),
                          SunsetTime(year, month, day, field.latitude, field.longitude)});
   }

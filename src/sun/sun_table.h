@@ -47,9 +47,6 @@ QList<int> sunYearList(int currentYear);
 /// The index of the current year in sunYearList.
 inline constexpr int sunCurrentYearIndex = 3;
 
-/// The days of a month (from 1); a year divisible by four has 29 in February, 2100 too.
-int sunDaysInMonth(int year, int month);
-
 /// The table of an entry of the list. The name ahead of the first bracket is looked up in `airports` (all
 /// rows, blanks in their names left out); a code found there without a position ends the search. A row of
 /// the named positions with the entry's whole text stands over what was found.

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/zone_letter.h"
+
+#include <QStringView>
+#include <array>
+
+/// Rules of the field that several readers of reports share.
+namespace soran {
+
+/// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
+/// Observation schedules of the region served set this rule; the text of a report is not asked.
+constexpr bool isRoutineMinute(double minute) {
+  return minute >= 50 || minute == 0 || minute == 30;
+}
+
+/// What tells an amended, corrected or delayed report, in the order in which one is looked for. They are
+/// found wherever they stand, within other words too.
+inline constexpr std::array<QStringView, 3> amendmentWords = {u"AMD", u"COR", u"TRD"};
+
+/// The first of these words that the text holds, empty where it holds none.
+inline QStringView amendmentIn(QStringView text) {
+  for (const QStringView word : amendmentWords) {
+    if (text.contains(word))
+      return word;
+  }
+  return {};
+}
+
+/// Days of a month (1 to 12; others count as the nearest), every fourth year being a leap year.
+constexpr int daysInMonth(int year, int month) {
+  constexpr std::array<int, 12> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  if (month == 2 && year % 4 == 0)
+    return 29;
+  return days[size_t(month < 1 ? 0 : month > 12 ? 11 : month - 1)];
+}
+
+/// How an hour that has left its day is told.
+enum class HourWrap {
+  Both,  ///< brought into the day
+  Above, ///< brought into the day where it lies behind its end; one before its beginning stays as it is
+};
+
+/// The hour (0 to 23) in a zone that lies `offset` whole hours east.
+constexpr int shiftedHour(int hour, int offset, HourWrap wrap = HourWrap::Both) {
+  const int shifted = hour + offset;
+  if (shifted >= 24)
+    return shifted - 24;
+  return shifted < 0 && wrap == HourWrap::Both ? shifted + 24 : shifted;
+}
+
+} // namespace soran
