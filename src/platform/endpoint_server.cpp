@@ -5,6 +5,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -108,7 +109,9 @@ class EndpointServer::Listener final : public QTcpServer {
       const QByteArray come = socket->peek(mostHead);
       const qsizetype end = come.indexOf("\r\n\r\n");
       if (end < 0) {
-        if (come.size() == mostHead)
+        // What is no such request, a secure connection's first bytes for one, is not waited for.
+        constexpr QByteArrayView method = "GET /";
+        if (come.size() == mostHead || !come.startsWith(method.first(std::min(come.size(), method.size()))))
           socket->abort();
         return;
       }

@@ -10,15 +10,29 @@
 
 namespace soran {
 
+/// Why a transfer failed.
+enum class NetFailure {
+  None,
+  Cancelled,   ///< by this program: the wait was ended, or the program closed
+  Unreachable, ///< no name, nobody who listens, no secure connection
+  TimedOut,
+  Cut,      ///< the answer did not come to its end, or broke the protocol
+  Status,   ///< the server answered with an error status and no page
+  TooLarge, ///< more than is taken
+  NoFile,   ///< an address of a file that is none, or none that can be read
+};
+
 /// What a transfer brought.
 struct Reply {
-  /// False where the transfer failed: no connection, time-out, cut in the middle, cancelled, too large, or an
-  /// error status without an HTML page. The body is then empty.
-  bool ok = false;
-  QByteArray body;
+  bool ok = false; ///< the transfer came to its end; else the body is empty and `failure` tells why
+  QByteArray body = {};
   /// The transfer ended well as far as it tells, but in the middle of a line, and nobody announced its
   /// length.
   bool mayBeCut = false;
+  NetFailure failure = NetFailure::None;
+  int status = 0; ///< of HTTP, where there was an answer
+
+  static Reply failed(NetFailure why, int status = 0) { return {.failure = why, .status = status}; }
 
   /// An answer that is no stump of a file of lines.
   bool isWhole() const { return ok && !mayBeCut; }

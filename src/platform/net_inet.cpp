@@ -59,6 +59,23 @@ bool repeatsStatus(QNetworkReply::NetworkError error) {
   return error >= QNetworkReply::ContentAccessDenied && error != QNetworkReply::ProtocolFailure;
 }
 
+NetFailure failureOf(QNetworkReply::NetworkError error) {
+  switch (error) {
+  case QNetworkReply::RemoteHostClosedError:
+  case QNetworkReply::ProtocolFailure:
+  case QNetworkReply::UnknownNetworkError:
+    return NetFailure::Cut;
+  case QNetworkReply::ProtocolUnknownError: // a redirect to an address that is not fetched
+    return NetFailure::Unreachable;
+  case QNetworkReply::TimeoutError:
+    return NetFailure::TimedOut;
+  case QNetworkReply::OperationCanceledError:
+    return NetFailure::Cancelled;
+  default:
+    return repeatsStatus(error) ? NetFailure::Status : NetFailure::Unreachable;
+  }
+}
+
 bool shorterThanAnnounced(const QNetworkReply& transfer, qsizetype received) {
   const QVariant announced = transfer.header(QNetworkRequest::ContentLengthHeader);
   return announced.isValid() && !transfer.hasRawHeader("Content-Encoding") &&
@@ -113,7 +130,7 @@ class NetInet::OneTransfer final : public Transfer {
     else if (url_.scheme() == u"http" || url_.scheme() == u"https")
       get();
     else
-      end({});
+      end(Reply::failed(NetFailure::Unreachable));
   }
 
   Reply take() override {
@@ -130,32 +147,36 @@ class NetInet::OneTransfer final : public Transfer {
     }
     client_.shutdown_.check();
     // The loop also ends, without a reply, where the application quits.
-    return reply_ ? *std::exchange(reply_, Reply()) : Reply();
+    return reply_ ? *std::exchange(reply_, Reply()) : Reply::failed(NetFailure::Cancelled);
   }
 
-  void abort() {
+  void abort(NetFailure why = NetFailure::Cancelled) {
+    aborted_ = why;
     if (transfer_)
       transfer_->abort();
     else
-      end({});
+      end(Reply::failed(why));
   }
 
  private:
   void get() {
     transfer_.reset(client_.network_->get(requestFor(url_)));
     QNetworkReply* const transfer = transfer_.get();
-    QObject::connect(transfer, &QNetworkReply::finished, transfer,
-                     [this] { end(client_.judged(*transfer_)); });
+    QObject::connect(transfer, &QNetworkReply::finished, transfer, [this] { end(judged()); });
     QObject::connect(transfer, &QNetworkReply::readyRead, transfer, [this, transfer] {
       if (transfer->bytesAvailable() > client_.bodyLimit_)
-        transfer->abort();
+        abort(NetFailure::TooLarge);
     });
-    QObject::connect(&timer_, &QTimer::timeout, transfer, &QNetworkReply::abort);
+    QObject::connect(&timer_, &QTimer::timeout, transfer, [this] { abort(NetFailure::TimedOut); });
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.start(std::chrono::seconds(client_.timeout_));
     if (transfer->isFinished())
-      end(client_.judged(*transfer));
+      end(judged());
+  }
+
+  Reply judged() const {
+    return aborted_ == NetFailure::None ? client_.judged(*transfer_) : Reply::failed(aborted_);
   }
 
   void end(Reply reply) {
@@ -178,6 +199,7 @@ class NetInet::OneTransfer final : public Transfer {
   std::unique_ptr<QNetworkReply> transfer_;
   std::optional<Reply> reply_;
   QEventLoop* loop_ = nullptr; // that of the wait
+  NetFailure aborted_ = NetFailure::None;
   bool sent_ = false;
   bool awaited_ = false;
 };
@@ -227,30 +249,34 @@ Reply NetInet::readFile(const QUrl& url) const {
   // An encoded slash would turn one name into a path that leads out of the folder.
   const QString path = url.path(QUrl::FullyEncoded);
   if (path.contains(u"%2f", Qt::CaseInsensitive) || path.contains(u"%00"))
-    return {};
+    return Reply::failed(NetFailure::NoFile);
   QFile file(url.isLocalFile() ? url.toLocalFile() : QString(u':' + url.path()));
-  if (!QFileInfo(file).isFile() || file.size() > bodyLimit_ || !file.open(QIODevice::ReadOnly))
-    return {};
+  if (QFileInfo(file).isFile() && file.size() > bodyLimit_)
+    return Reply::failed(NetFailure::TooLarge);
+  if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+    return Reply::failed(NetFailure::NoFile);
   QByteArray body = file.readAll();
   if (file.error() != QFileDevice::NoError)
-    return {};
-  return {true, std::move(body)};
+    return Reply::failed(NetFailure::NoFile);
+  return {.ok = true, .body = std::move(body)};
 }
 
 Reply NetInet::judged(QNetworkReply& transfer) const {
   // The loop also ends, unfinished, where the application quits.
   if (!transfer.isFinished())
-    return {};
+    return Reply::failed(NetFailure::Cancelled);
   // An aborted transfer is closed.
   QByteArray body = transfer.isOpen() ? transfer.readAll() : QByteArray();
   const int status = transfer.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
   const bool errorPage = status >= 400 && body.startsWith('<') && repeatsStatus(transfer.error());
   if (transfer.error() != QNetworkReply::NoError && !errorPage)
-    return {};
-  if (body.size() > bodyLimit_ || shorterThanAnnounced(transfer, body.size()))
-    return {};
+    return Reply::failed(failureOf(transfer.error()), status);
+  if (body.size() > bodyLimit_)
+    return Reply::failed(NetFailure::TooLarge, status);
+  if (shorterThanAnnounced(transfer, body.size()))
+    return Reply::failed(NetFailure::Cut, status);
   const bool mayBeCut = endsInTheMiddle(transfer, body);
-  return {true, std::move(body), mayBeCut};
+  return {.ok = true, .body = std::move(body), .mayBeCut = mayBeCut, .status = status};
 }
 
 } // namespace soran

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/layout.h"
 
+#include "base/report_rules.h"
 #include "pipeline/group_titles.h"
 #include "printing.h"
 
