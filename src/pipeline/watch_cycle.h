@@ -31,6 +31,8 @@ class WatchCycle {
   bool trayTimerEnabled() const { return timer1_->enabled(); }
   /// Starts the one second after which the tray icon goes.
   void startTrayTimer() { timer1_->setEnabled(true); }
+  /// The icon stays.
+  void stopTrayTimer() { timer1_->setEnabled(false); }
 
   /// Takes the setting バッファ over.
   void readBufferLevel();

@@ -50,10 +50,13 @@ void View::setMinimised(bool minimised) {
   program_.minimised = minimised;
   for (const Form& form : openForms_)
     minimised ? forms.hide(form) : forms.show(form);
-  if (minimised)
+  if (minimised) {
+    // A window that was back for less than the second would have no way back without its icon.
+    cycle_.stopTrayTimer();
     forms.show(form::TaskIcon{program_.networkAvailable});
-  else
+  } else {
     cycle_.startTrayTimer();
+  }
 }
 
 void View::showForm(const Form& form) {

@@ -332,6 +332,10 @@ TEST_F(WatchCycleTest, TrayIconGoesASecondAfterTheWindowIsBack) {
   run.view.setMinimised(true);
   EXPECT_EQ(takenForms(), QStringList{u"taskicon"_s});
   run.view.setMinimised(false);
+  // Minimised again within the second the window needs its icon.
+  run.view.setMinimised(true);
+  EXPECT_FALSE(run.view.cycle().trayTimerEnabled());
+  run.view.setMinimised(false);
   EXPECT_TRUE(run.view.cycle().trayTimerEnabled());
   run.tick();
   EXPECT_FALSE(run.view.cycle().trayTimerEnabled());
