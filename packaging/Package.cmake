@@ -30,7 +30,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The icons are drawn by a plugin, which no program links; it lay with the library before Qt 6.7.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7)")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
 
 execute_process(COMMAND sh -c "date -d \"$(sed -n 's/^ -- .*>  //p;T;q' changelog)\" +%s"
   WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}/debian OUTPUT_VARIABLE CPACK_SORAN_RELEASE_TIME

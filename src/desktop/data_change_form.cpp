@@ -3,6 +3,7 @@
 #include "desktop/data_change_form.h"
 
 #include "desktop/look.h"
+#include "desktop/platform_abilities.h"
 #include "ui_data_change_form.h"
 
 namespace soran {
@@ -10,9 +11,8 @@ namespace soran {
 DataChangeForm::DataChangeForm(QWidget* parent, Colour ground, Colour text)
     : QDialog(parent), ui_(std::make_unique<Ui::DataChangeForm>()) {
   ui_->setupUi(this);
-  setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   // A note that takes the keys away would swallow what the user is typing.
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  floatAboveWindows(*this);
   setFocusPolicy(Qt::NoFocus);
   paintLikeScreen(*this, ground, text);
   connect(&timer_, &QTimer::timeout, this, &DataChangeForm::tick);

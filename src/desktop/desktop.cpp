@@ -101,7 +101,7 @@ void Desktop::setMinimised(bool minimised) {
     QMetaObject::invokeMethod(
         window_.get(),
         [this] {
-          if (window_->isMinimized())
+          if (window_->minimised())
             window_->hide();
         },
         Qt::QueuedConnection);

@@ -5,6 +5,7 @@
 #include "desktop/browser_frame.h"
 #include "desktop/look.h"
 #include "desktop/menu_mirror.h"
+#include "desktop/platform_abilities.h"
 #include "desktop/report_alert.h"
 #include "desktop/screen_view.h"
 #include "desktop/start_banner.h"
@@ -12,6 +13,7 @@
 #include "screen/untold_text.h"
 #include "ui_main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
 #include <QMenu>
@@ -20,6 +22,7 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QTimer>
+#include <QWindow>
 
 namespace soran {
 
@@ -29,6 +32,12 @@ namespace {
 
 constexpr QStringView demonstrationMark = u"DEMONSTRATION DATA";
 constexpr int fewStations = 5;
+constexpr QStringView placedKey = u"view/geometry";
+
+/// Where the program does not place the window, it has no place worth keeping.
+QString geometryKey() {
+  return platformLetsPlaceWindows() ? placedKey.toString() : u"view/size"_s;
+}
 
 /// A field of the status bar.
 QLabel* makePanel(const QString& name, const QString& description, QWidget* parent) {
@@ -285,19 +294,50 @@ QString MainWindow::geometryFile() const {
 
 void MainWindow::appear() {
   const QSettings stored(geometryFile(), QSettings::IniFormat);
-  if (restoreGeometry(stored.value(u"view/geometry"_s).toByteArray())) {
+  const QVariant placed = stored.value(geometryKey());
+  if (restoreGeometry((placed.isValid() ? placed : stored.value(placedKey.toString())).toByteArray())) {
     show();
   } else {
     // A desktop without a window manager leaves a maximised window at its size.
     resize(size().boundedTo(QWidget::screen()->availableSize()));
     showMaximized();
   }
+  if (!platformLetsPlaceWindows())
+    hearOfMinimising();
   ui_->TextBox0->setFocus();
+}
+
+// A compositor tells neither that a window was minimised nor that it is back: it is from the button on its
+// frame on, until it has the keys again.
+void MainWindow::hearOfMinimising() {
+  connect(windowHandle(), &QWindow::windowStateChanged, this, [this](Qt::WindowState state) {
+    if (state != Qt::WindowMinimized || released_)
+      return;
+    // The button asks for a window that is minimised and no more maximised.
+    stateBefore_ = windowState() & ~Qt::WindowMinimized;
+    setMinimised(true);
+  });
+  connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* focused) {
+    if (focused && focused == windowHandle())
+      comeBack();
+  });
+}
+
+void MainWindow::comeBack() {
+  if (!minimised_ || released_)
+    return;
+  windowHandle()->setWindowStates(stateBefore_);
+  setMinimised(false);
+}
+
+void MainWindow::setMinimised(bool minimised) {
+  if (std::exchange(minimised_, minimised) != minimised)
+    emit minimisedChanged(minimised);
 }
 
 void MainWindow::rememberGeometry() const {
   QSettings stored(geometryFile(), QSettings::IniFormat);
-  stored.setValue(u"view/geometry"_s, saveGeometry());
+  stored.setValue(geometryKey(), saveGeometry());
   stored.sync();
   QFile::setPermissions(geometryFile(), QFile::ReadOwner | QFile::WriteOwner);
 }
@@ -317,6 +357,8 @@ void MainWindow::release() {
 }
 
 void MainWindow::restore() {
+  if (!platformLetsPlaceWindows())
+    comeBack();
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
@@ -331,12 +373,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange || released_)
-    return;
-  const auto* change = static_cast<QWindowStateChangeEvent*>(event);
-  const bool was = change->oldState() & Qt::WindowMinimized;
-  if (isMinimized() != was)
-    emit minimisedChanged(isMinimized());
+  if (event->type() == QEvent::WindowStateChange && platformLetsPlaceWindows() && !released_)
+    setMinimised(isMinimized());
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

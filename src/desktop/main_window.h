@@ -46,6 +46,8 @@ class MainWindow : public QMainWindow {
   /// Looks at the terminal no more and leaves the screen.
   void release();
 
+  /// True from when the user minimised the window until it is back, as far as the platform tells.
+  bool minimised() const { return minimised_; }
   /// Comes back from the tray.
   void restore();
 
@@ -80,6 +82,9 @@ class MainWindow : public QMainWindow {
   void tellScreen();
   void placeOverlays();
   void openPopup(QPoint place);
+  void hearOfMinimising();
+  void comeBack();
+  void setMinimised(bool minimised);
   QString geometryFile() const;
   void rememberGeometry() const;
 
@@ -101,6 +106,8 @@ class MainWindow : public QMainWindow {
   size_t screenAlert_ = 0;
   QTimer* telling_;
   QString told_;
+  bool minimised_ = false;
+  Qt::WindowStates stateBefore_; ///< of a window that was minimised
   bool released_ = false;
 };
 

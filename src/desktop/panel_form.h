@@ -2,16 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/platform_abilities.h"
+
 #include <QDialog>
 
 namespace soran {
 
 /// A small window without buttons: a click anywhere closes it, and a drag with the left button moves it where
-/// it may be moved.
+/// it may be moved and the platform lets it.
 class PanelForm : public QDialog {
   Q_OBJECT
  public:
-  PanelForm(QWidget* parent, bool movable) : QDialog(parent), movable_(movable) {}
+  PanelForm(QWidget* parent, bool movable)
+      : QDialog(parent), movable_(movable && platformLetsPlaceWindows()) {}
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;

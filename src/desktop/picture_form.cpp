@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/picture_form.h"
 
+#include "desktop/platform_abilities.h"
 #include "ui_picture_form.h"
 
 #include <QScreen>
@@ -12,8 +13,7 @@ PictureForm::PictureForm(QWidget* parent, const QPixmap& picture, std::optional<
     : PanelForm(parent, true), ui_(std::make_unique<Ui::PictureForm>()) {
   constexpr int inset = 7;
   ui_->setupUi(this);
-  setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  floatAboveWindows(*this);
   const QSize most = screen()->availableSize() * 9 / 10;
   ui_->Picture1->setPixmap(picture.width() > most.width() || picture.height() > most.height()
                                ? picture.scaled(most, Qt::KeepAspectRatio, Qt::SmoothTransformation)

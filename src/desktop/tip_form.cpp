@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/tip_form.h"
 
+#include "desktop/platform_abilities.h"
 #include "ui_tip_form.h"
 
 namespace soran {
 
 TipForm::TipForm(QWidget* parent) : PanelForm(parent, true), ui_(std::make_unique<Ui::TipForm>()) {
   ui_->setupUi(this);
-  setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  floatAboveWindows(*this);
   setBackgroundRole(QPalette::ToolTipBase);
   ui_->lbl->setForegroundRole(QPalette::ToolTipText);
 }
