@@ -4,15 +4,16 @@
 
 #include "common/budget.h"
 #include "common/loopback.h"
+#include "support/child_process.h"
+#include "support/own_folder.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QSocketNotifier>
-#include <QTemporaryDir>
 #include <QTimer>
+#include <optional>
 #include <pty.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -33,19 +34,14 @@ class OnTerminal {
     for (QByteArray& word : words)
       argv.push_back(word.data());
     argv.push_back(nullptr);
-    pid_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
-    if (pid_ == 0) {
+    const auto run = [&argv] {
       setenv("TERM", "xterm", 1);
       execv(argv[0], argv.data());
       _exit(127);
-    }
+    };
+    process_.emplace(run, terminal_, winsize{});
   }
-  ~OnTerminal() {
-    if (terminal_ >= 0)
-      ::close(terminal_);
-    if (pid_ > 0)
-      waitpid(pid_, nullptr, 0);
-  }
+  ~OnTerminal() { ::close(terminal_); }
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
 
@@ -71,18 +67,18 @@ class OnTerminal {
     if (::write(terminal_, line.constData(), size_t(line.size())) < 0)
       qWarning("the terminal is gone");
   }
-  pid_t pid() const { return pid_; }
+  pid_t pid() const { return process_->id(); }
 
  private:
   int terminal_ = -1;
-  pid_t pid_ = -1;
+  std::optional<ChildProcess> process_;
   QByteArray written_;
 };
 
 /// `fresh` for the very first start, which fetches the database; else a directory of an earlier run.
 void startCli(benchmark::State& state, bool fresh) {
   bench::Loopback endpoint;
-  QTemporaryDir folder;
+  OwnFolder folder;
   const QString ini = folder.filePath(u"endpoints.ini"_s);
   endpoint.writeEndpoints(ini);
   int run = 0;

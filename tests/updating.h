@@ -8,11 +8,11 @@
 #include "pipeline/program.h"
 #include "platform/endpoint_server.h"
 #include "platform/net_inet.h"
+#include "support/own_folder.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <memory>
 
 namespace soran {
@@ -50,6 +50,7 @@ class Updating {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
+  void clearHome() const { folder_.remove(home()); }
   QString home() const { return folder_.filePath(QStringLiteral("home")); }
   QString path(const QString& name) const { return home() + u'/' + name; }
   QByteArray bytes(const QString& name) const {
@@ -104,7 +105,7 @@ class Updating {
   NetInet inet{makeNetwork(), shutdown};
 
  private:
-  QTemporaryDir folder_;
+  OwnFolder folder_;
 };
 
 } // namespace soran

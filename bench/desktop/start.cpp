@@ -7,10 +7,10 @@
 #include "delivered.h"
 #include "desktop/desktop.h"
 #include "desktop/screen_view.h"
+#include "support/own_folder.h"
 
 #include <QApplication>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
 #include <unistd.h>
@@ -66,7 +66,7 @@ enum class Until { Painted, Ready };
 
 /// In the directory of an earlier run: the very first start stops at a message that the user closes.
 void startDemo(benchmark::State& state, Until until) {
-  QTemporaryDir folder;
+  OwnFolder folder;
   const QString home = folder.filePath(u"home"_s);
   QProcess first;
   first.start(QStringView(SORAN_CLI).toString(), {u"--demo"_s, u"--home"_s, home, u"run"_s, u"CLS"_s});

@@ -4,15 +4,14 @@
 // The endpoints file of a user.
 #include "platform/endpoints.h"
 
+#include "support/own_folder.h"
 #include "targets.h"
-
-#include <QTemporaryDir>
 
 namespace soran::fuzz {
 
 void endpoints(QByteArrayView input) {
   // Each file has a name of its own: settings files are kept in memory by their path.
-  static const QTemporaryDir directory;
+  static const OwnFolder directory;
   static int count = 0;
   const QString path = directory.filePath(QString::number(++count));
   writeWhole(path, input.toByteArray());

@@ -6,9 +6,8 @@
 
 #include "delivered.h"
 #include "store/json_fields.h"
+#include "support/own_folder.h"
 #include "targets.h"
-
-#include <QTemporaryDir>
 
 namespace soran::fuzz {
 
@@ -34,7 +33,7 @@ class Desk {
   Tables tables;
 
  private:
-  QTemporaryDir directory_;
+  OwnFolder directory_;
   QByteArray initial_;
 };
 

@@ -4,14 +4,13 @@
 // A file dropped as a picture.
 #include "terminal/picture_file.h"
 
+#include "support/own_folder.h"
 #include "targets.h"
-
-#include <QTemporaryDir>
 
 namespace soran::fuzz {
 
 void picture(QByteArrayView input) {
-  static const QTemporaryDir directory;
+  static const OwnFolder directory;
   const QString path = directory.filePath(QStringLiteral("picture"));
   const QByteArray bytes = input.toByteArray();
   writeWhole(path, bytes);

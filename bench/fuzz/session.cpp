@@ -6,12 +6,12 @@
 
 #include "delivered.h"
 #include "lines.h"
+#include "support/own_folder.h"
 #include "targets.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
 namespace soran::fuzz {
 
@@ -35,7 +35,7 @@ class Office {
   }
 
   QList<QByteArray> answers(QByteArrayView input) {
-    QDir(options_.home).removeRecursively();
+    directory_.remove(options_.home);
     const InputFile file(input);
     LineInput lines(file.descriptor());
     QBuffer output;
@@ -47,7 +47,7 @@ class Office {
   }
 
  private:
-  QTemporaryDir directory_;
+  OwnFolder directory_;
   LaunchOptions options_;
 };
 

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "common/loopback.h"
+#include "support/own_folder.h"
 
 #include <QElapsedTimer>
 #include <QJsonObject>
 #include <QProcess>
-#include <QTemporaryDir>
 
 namespace soran::bench {
 
@@ -43,7 +43,7 @@ class CliSession {
   void stop();
   QJsonObject readState();
 
-  QTemporaryDir home_;
+  OwnFolder home_;
   QProcess process_;
   QElapsedTimer timer_;
   ProcessFigures marked_;

@@ -5,6 +5,8 @@
 
 #include "load/cli_session.h"
 #include "load/reports.h"
+#include "support/child_process.h"
+#include "support/own_folder.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -14,8 +16,8 @@
 #include <QTimer>
 #include <cstdio>
 #include <fcntl.h>
+#include <optional>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -205,7 +207,7 @@ QByteArray jobs(int count) {
 }
 
 void manyJobs(int count) {
-  QTemporaryDir folder;
+  OwnFolder folder;
   const QByteArray input = folder.filePath(u"jobs"_s).toLocal8Bit();
   const QByteArray output = folder.filePath(u"answers"_s).toLocal8Bit();
   QFile file(QString::fromLocal8Bit(input));
@@ -215,16 +217,14 @@ void manyJobs(int count) {
   QElapsedTimer timer;
   timer.start();
   const QByteArray program = QStringView(SORAN_CLI).toLocal8Bit();
-  const pid_t pid = fork();
-  if (pid == 0) {
+  ChildProcess process([&] {
     dup2(::open(input.constData(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
     dup2(::open(output.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDOUT_FILENO);
     execl(program.constData(), program.constData(), "batch", nullptr);
     _exit(127);
-  }
-  int status = -1;
+  });
   rusage used{};
-  wait4(pid, &status, 0, &used);
+  const std::optional<int> status = process.wait(&used);
   CliSession::Figures figures;
   figures.wall = double(timer.nsecsElapsed()) / 1e9;
   const auto seconds = [](const timeval& time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };

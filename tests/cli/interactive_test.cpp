@@ -3,21 +3,25 @@
 // The built program on a pseudo terminal.
 
 #include "base/files.h"
+#include "support/child_process.h"
+#include "support/own_folder.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <optional>
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using soran::ChildProcess;
+using soran::OwnFolder;
 using soran::writeWhole;
 
 namespace {
@@ -33,8 +37,7 @@ class Terminal {
     const QByteArray path = program.toUtf8();
     const QByteArray directory = home_.path().toUtf8();
     const QByteArray search = (home_.filePath(u"bin"_s) + u':').toUtf8() + qgetenv("PATH");
-    child_ = forkpty(&master_, nullptr, nullptr, &size);
-    if (child_ == 0) {
+    const auto run = [&] {
       setenv("TERM", "xterm-256color", 1);
       setenv("COLORTERM", colorTerm.constData(), 1);
       setenv("LC_ALL", "C.UTF-8", 1);
@@ -42,15 +45,10 @@ class Terminal {
       unsetenv("NO_COLOR");
       execl(path.constData(), path.constData(), "--demo", "--home", directory.constData(), nullptr);
       _exit(127);
-    }
+    };
+    child_.emplace(run, master_, size);
   }
-  ~Terminal() {
-    if (child_ > 0) {
-      kill(child_, SIGKILL);
-      waitpid(child_, nullptr, 0);
-    }
-    hangUp();
-  }
+  ~Terminal() { hangUp(); }
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
 
@@ -72,12 +70,12 @@ class Terminal {
     return read;
   }
 
-  /// Puts a shell script ahead of the programs of its name.
+  /// Puts a shell script ahead of the programs of its name, in the place of a former one.
   void script(const QString& name, const QByteArray& lines) const {
     QDir(home_.path()).mkpath(u"bin"_s);
     const QString path = home_.filePath(u"bin/"_s + name);
     ASSERT_TRUE(writeWhole(path, "#!/bin/sh\n" + lines));
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
   /// The bytes of a file in the program's directory.
   QByteArray file(const QString& name) const {
@@ -85,7 +83,7 @@ class Terminal {
     return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
   }
 
-  void signal(int number) const { kill(child_, number); }
+  void signal(int number) const { EXPECT_TRUE(child_->signal(number)); }
 
   /// Closes the line.
   void hangUp() {
@@ -96,14 +94,11 @@ class Terminal {
 
   /// The exit status, -1 where the program did not end by itself.
   int exitStatus() {
-    int status = 0;
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < longestWait) {
-      if (waitpid(child_, &status, WNOHANG) == child_) {
-        child_ = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-      }
+      if (const std::optional<int> status = child_->ended())
+        return WIFEXITED(*status) ? WEXITSTATUS(*status) : -1;
       if (master_ < 0 || !readSome(50))
         usleep(20'000);
     }
@@ -124,9 +119,9 @@ class Terminal {
     return true;
   }
 
-  QTemporaryDir home_;
+  OwnFolder home_;
   int master_ = -1;
-  pid_t child_ = -1;
+  std::optional<ChildProcess> child_;
   QByteArray pending_;
 };
 

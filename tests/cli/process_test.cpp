@@ -5,7 +5,6 @@
 #include "cli/cli_fixture.h"
 
 #include <QJsonArray>
-#include <csignal>
 
 using namespace soran;
 
@@ -113,7 +112,7 @@ TEST_F(CliTest, OneInstanceForEachHome) {
   EXPECT_TRUE(run.readAllStandardError().contains("すでに起動しています"));
   EXPECT_FALSE(first.ask(R"({"type": "RJTT"})")[u"ended"].toBool());
   // One that was killed does not count.
-  ::kill(static_cast<pid_t>(first.processId()), SIGKILL);
+  first.kill();
   first.waitForFinished();
   Cli third(with({u"session"_s}));
   EXPECT_FALSE(third.receive()[u"ended"].toBool());

@@ -59,6 +59,18 @@ def wait(what, condition, seconds=30):
     raise AssertionError("did not come: " + what)
 
 
+def start(at_the_end, command, **options):
+    """A process that ends with the test or the class whose cleanups `at_the_end` adds to."""
+    process = subprocess.Popen(command, **options)
+
+    def stop():
+        process.kill()
+        process.wait()
+
+    at_the_end(stop)
+    return process
+
+
 def strike(symbol):
     pyatspi.Registry.generateKeyboardEvent(symbol, None, pyatspi.KEY_SYM)
 
@@ -78,24 +90,16 @@ def alt(letter):
 class Accessibility(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
+        home = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(home.cleanup)
         # Without a manager no window would have the keys.
-        cls.manager = subprocess.Popen(["openbox", "--sm-disable"])
-        cls.home = tempfile.TemporaryDirectory()
-        cls.program = subprocess.Popen(
-            [PROGRAM, "--demo", "--home", cls.home.name], env=ON_THE_BUS)
-        cls.addClassCleanup(cls.stop)
+        cls.manager = start(cls.addClassCleanup, ["openbox", "--sm-disable"])
+        cls.program = start(cls.addClassCleanup, [PROGRAM, "--demo", "--home", home.name], env=ON_THE_BUS)
         notice = wait("the notice of the first start", lambda: cls.find(name="OK"))
         cls.notice = [node.name for node in below(notice.parent.parent) if node.getRole() == pyatspi.ROLE_LABEL]
         notice.queryAction().doAction(0)
         cls.screen = wait("the screen", lambda: cls.find(name="画面", role=pyatspi.ROLE_TEXT))
         wait("the prompt", lambda: "READY / PRESS ESC TO EXIT" in cls.text())
-
-    @classmethod
-    def stop(cls):
-        for process in (cls.program, cls.manager):
-            process.kill()
-            process.wait()
-        cls.home.cleanup()
 
     @classmethod
     def nodes(cls):
@@ -136,8 +140,8 @@ class Accessibility(unittest.TestCase):
                 pass
 
         pyatspi.Registry.registerEventListener(hear, "object:state-changed:showing")
-        program = subprocess.Popen([WINDOW_TESTS, "--gtest_filter=WindowTest.NewReportsAlert*",
-                                    "--gtest_repeat=5", "--gtest_brief=1"], env=ON_THE_BUS)
+        program = start(self.addCleanup, [WINDOW_TESTS, "--gtest_filter=WindowTest.NewReportsAlert*",
+                                          "--gtest_repeat=5", "--gtest_brief=1"], env=ON_THE_BUS)
         while program.poll() is None or GLib.MainContext.default().pending():
             GLib.MainContext.default().iteration(False)
             time.sleep(0.001)

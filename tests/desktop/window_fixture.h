@@ -6,10 +6,10 @@
 #include "desktop/desktop.h"
 #include "desktop/screen_view.h"
 #include "platform/endpoint_server.h"
+#include "support/own_folder.h"
 
 #include <QAccessible>
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -67,7 +67,7 @@ class WindowTest : public testing::Test {
   }
   QString textOf(QStringView label) { return child<QLabel>(label)->text(); }
 
-  QTemporaryDir home_;
+  OwnFolder home_;
   EndpointServer server_;
   LaunchOptions options_;
   SteppedTimers timers_;

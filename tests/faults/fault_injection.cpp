@@ -54,7 +54,8 @@ const Plan& plan() {
 
 bool isBelowFolder(const char* path) {
   const std::string& folder = plan().folder;
-  return path && !folder.empty() && std::strncmp(path, folder.c_str(), folder.size()) == 0;
+  return path && !folder.empty() && std::strncmp(path, folder.c_str(), folder.size()) == 0 &&
+         (folder.back() == '/' || path[folder.size()] == '/' || path[folder.size()] == '\0');
 }
 
 std::string pathOf(int file) {

@@ -5,6 +5,7 @@
 
 #include "faults/faulty_run.h"
 #include "printing.h"
+#include "support/own_folder.h"
 #include "terminal/opening.h"
 #include "updater/release.h"
 #include "updating.h"
@@ -86,7 +87,7 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
 
   /// The directory of a user with a group, a limit, and a backup from before both.
   void prepare(const Deed& deed) {
-    QDir(desk.home()).removeRecursively();
+    desk.clearHome();
     for (const QString& folder : {u"data"_s, u"sound"_s})
       QDir().mkpath(desk.path(folder));
     writeWhole(desk.path(u"endpoints.ini"_s),
@@ -175,7 +176,7 @@ class UpdateFaultsTest : public ::testing::TestWithParam<FaultKind> {};
 } // namespace
 
 TEST_P(UpdateFaultsTest, LeaveAWholeProgram) {
-  const QTemporaryDir folder;
+  const OwnFolder folder;
   const QString endpoint = folder.filePath(u"endpoint"_s);
   const QMap<QString, QByteArray> served = Release::of(u"4.32"_s, newPrograms).served(TestKey());
   for (auto i = served.cbegin(); i != served.cend(); ++i) {

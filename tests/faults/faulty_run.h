@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/own_folder.h"
+
 #include <QFile>
 #include <QHash>
 #include <QProcess>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <string_view>
 #include <vector>
@@ -55,7 +56,7 @@ class FaultyRun {
 
   /// Runs without a fault; the calls in their order, each as its name and its path.
   QStringList calls() const {
-    const QTemporaryDir outside;
+    const OwnFolder outside;
     const QString trace = outside.filePath(QStringLiteral("trace"));
     start({}, 0, trace);
     QFile file(trace);

@@ -47,7 +47,7 @@ Act type(const QString& line) {
   };
 }
 
-void wait(int milliseconds) {
+void letPass(int milliseconds) {
   QEventLoop loop;
   QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
   loop.exec();
@@ -91,7 +91,7 @@ Seen see(int ahead, const Act& act, const Act& meanwhile) {
   seen.record = contents(world.path(u"data/sequence.dat"_s));
   seen.asked = run.asked();
   if (run.view.ended()) {
-    wait(1600);
+    letPass(1600);
     EXPECT_EQ(run.asked(), QStringList());
   }
   // Where a connection is cut the network may ask again by itself.

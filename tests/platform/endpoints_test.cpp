@@ -3,15 +3,15 @@
 #include "platform/endpoints.h"
 
 #include "base/files.h"
+#include "support/own_folder.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
 
 TEST(Endpoints, AheadIsANumberWithinItsBounds) {
-  QTemporaryDir folder;
+  OwnFolder folder;
   const struct {
     const char* line;
     int ahead;

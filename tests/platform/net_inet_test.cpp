@@ -4,10 +4,10 @@
 
 #include "platform/endpoint_server.h"
 #include "printing.h"
+#include "support/own_folder.h"
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -279,7 +279,7 @@ TEST_F(NetInetTest, AStationCodeArrivesAsItWasAsked) {
 }
 
 TEST_F(NetInetTest, ReadsFoldersByTheSameRules) {
-  QTemporaryDir folder;
+  OwnFolder folder;
   ASSERT_TRUE(QDir(folder.path()).mkpath(u"sub"_s));
   const auto write = [&](const QString& name, const QByteArray& bytes) {
     QFile file(folder.filePath(name));

@@ -7,9 +7,9 @@
 #include "printing.h"
 #include "store/list_rules.h"
 #include "store/tables.h"
+#include "support/own_folder.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace soran;
@@ -39,7 +39,7 @@ void expectFixtureRows(const Tables& tables) {
 TEST(Cipher, FilesOfEachReleaseAreReadEditedAndCompacted) {
   for (const QString& name : {u"sqlcipher-3.4.mdb"_s, u"sqlcipher-4.6.mdb"_s}) {
     SCOPED_TRACE(name.toStdString());
-    const QTemporaryDir directory;
+    const OwnFolder directory;
     const QString path = directory.filePath(u"soran.mdb"_s);
     ASSERT_TRUE(writeWhole(path, fixture(name)));
     {
@@ -80,7 +80,7 @@ TEST(Cipher, TellsOtherFormatsFromWhatIsNoDatabase) {
       {"zeros", QByteArray(8192, '\0'), false},
       {"a page of the network", "<html>" + QByteArray(2042, ' '), false},
   };
-  const QTemporaryDir directory;
+  const OwnFolder directory;
   const QString path = directory.filePath(u"soran.mdb"_s);
   for (const auto& [what, bytes, isDatabase] : cases) {
     ASSERT_TRUE(writeWhole(path, bytes));

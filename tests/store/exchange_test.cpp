@@ -6,8 +6,8 @@
 #include "delivered.h"
 #include "printing.h"
 #include "store/json_fields.h"
+#include "support/own_folder.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace soran;
@@ -24,7 +24,7 @@ class ExchangeTest : public ::testing::Test {
       tables->openAllTables(path);
     }
   }
-  QTemporaryDir directory;
+  OwnFolder directory;
   Tables office;
   Tables desk;
 };

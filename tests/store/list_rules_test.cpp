@@ -5,15 +5,15 @@
 #include "base/files.h"
 #include "delivered.h"
 #include "printing.h"
+#include "support/own_folder.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
 
 TEST(ListRules, ClosingAnEditorTrimsRaisesCaseAndDropsEmptyRows) {
-  QTemporaryDir directory;
+  OwnFolder directory;
   const QString path = directory.filePath(u"soran.mdb"_s);
   writeWhole(path, delivered::file(u"update/data/soran.mdb"_s));
   Tables tables;

@@ -3,11 +3,11 @@
 #include "store/program_update.h"
 
 #include "printing.h"
+#include "support/child_process.h"
 #include "updater/test_key.h"
 #include "updating.h"
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -174,16 +174,15 @@ TEST_F(ProgramUpdateTest, AJournalOfAKilledCopyDoesNotReachTheNewFile) {
   // A copy ends in the middle: its journal would bring pages of another file back.
   const QString copy = desk.path(u"data/soran$.mdb"_s);
   writeWhole(copy, Updating::delivered(), true);
-  const pid_t child = ::fork();
-  if (child == 0) {
+  ChildProcess child([&copy] {
     Database database;
     database.open(copy);
     database.execute(u"PRAGMA cache_size = 1"_s);
     database.execute(u"BEGIN IMMEDIATE"_s);
     database.execute(u"UPDATE 飛行場情報 SET 飛行場名 = 飛行場名 || 'x'"_s);
     ::_exit(0);
-  }
-  ::waitpid(child, nullptr, 0);
+  });
+  child.wait();
   ASSERT_TRUE(fileExists(copy + u"-journal"));
   desk.server.setFile(u"/data/soran.mdb"_s, newDatabase());
   update.renewDatabase(2.0);

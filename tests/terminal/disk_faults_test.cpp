@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/child_process.h"
 #include "terminal/airport_editor.h"
 #include "terminal/harness.h"
 #include "turns.h"
 
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -236,9 +236,7 @@ TEST(KilledSettings, AreThoseBeforeOrBehindAWrite) {
   for (int round = 0; round < 12; ++round) {
     int first[2];
     ASSERT_EQ(pipe(first), 0);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
+    ChildProcess child([&] {
       Tables tables;
       tables.openAllTables(world.path(u"soran.mdb"_s));
       for (int n = 1;; ++n) {
@@ -248,14 +246,14 @@ TEST(KilledSettings, AreThoseBeforeOrBehindAWrite) {
         if (n == 1)
           close(first[1]);
       }
-    }
+    });
     close(first[1]);
     char none = 0;
     EXPECT_EQ(read(first[0], &none, 1), 0); // the first write is done
     close(first[0]);
     usleep(useconds_t(round * 1'111));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
+    EXPECT_TRUE(child.signal(SIGKILL));
+    child.wait();
     world.store([](Tables& tables) {
       EXPECT_EQ(tables.airportRows(), own);
       EXPECT_NE(tables.settings()[key::雲高1], 1234);

@@ -10,12 +10,12 @@
 #include "platform/net_inet.h"
 #include "printing.h"
 #include "store/list_rules.h"
+#include "support/own_folder.h"
 #include "terminal/opening.h"
 #include "terminal/view.h"
 
 #include <QDir>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ class World {
     server.setFile(forecastsPath + code + u".TXT", QString(u"2026/11/24 " + stamp + u'\n' + text).toUtf8());
   }
 
-  QTemporaryDir folder;
+  OwnFolder folder;
   EndpointServer server;
   SetClock clock{QDateTime::fromString(u"2026-11-24T14:20:00+09:00"_s, Qt::ISODate)};
   Endpoints endpoints;

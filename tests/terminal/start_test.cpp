@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ordinary_user.h"
 #include "terminal/harness.h"
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QScopeGuard>
-#include <unistd.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr uid_t nobody = 65534;
 
 const QString initialized = u"SYSTEM INITIALIZED\r\n"_s;
 const QString connected = u"DATABASE CONNECTION COMPLETED\r\n"_s;
@@ -344,21 +342,15 @@ TEST(Start, ServesFromAFolderThatCannotBeWritten) {
     world.prepare();
     if (!hasDatabase)
       QFile::remove(world.path(u"soran.mdb"_s));
-    const auto open = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
-                      QFile::ReadOther | QFile::ExeOther;
-    QFile::setPermissions(world.path(u"soran.mdb"_s), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-    for (const QString& folder : {world.path(u"data"_s), world.home(), world.folder.path()})
-      QFile::setPermissions(folder, open);
-    const bool root = geteuid() == 0;
-    if (root) {
-      ASSERT_EQ(seteuid(nobody), 0);
-    }
-    const auto back = qScopeGuard([&] {
-      if (root) {
-        EXPECT_EQ(seteuid(0), 0);
-      }
-      QFile::setPermissions(world.home(), open | QFile::WriteOwner);
-    });
+    QFile::setPermissions(world.path(u"soran.mdb"_s), QFile::ReadOwner);
+    const auto setFolders = [&world](QFile::Permissions permissions) {
+      for (const QString& folder : {world.folder.path(), world.home(), world.path(u"data"_s)})
+        QFile::setPermissions(folder, permissions);
+    };
+    setFolders(QFile::ReadOwner | QFile::ExeOwner);
+    const auto back =
+        qScopeGuard([&] { setFolders(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
+    const OrdinaryUser user;
     ProgramRun run(world);
     ASSERT_TRUE(run.start());
     EXPECT_EQ(run.screen().contains(u"DATABASE CANNOT BE WRITTEN / NOTHING WILL BE STORED"), !hasDatabase);

@@ -90,14 +90,14 @@ TEST(Stop, EmptiesItsOwnFoldersOnly) {
   };
   // A directory of somebody else: what lies in its folders stays.
   for (const QString& folder : {u"data"_s, u"help"_s}) {
-    QDir(world.home()).removeRecursively();
+    world.folder.remove(world.home());
     QDir().mkpath(world.path(folder));
     writeWhole(world.path(folder + u"/thesis.txt"), "x");
     runOnce();
     EXPECT_EQ(filesIn(folder), QStringList{u"thesis.txt"_s});
   }
   // Its own: plain files go, links and folders stay, and nothing behind a link is touched.
-  QDir(world.home()).removeRecursively();
+  world.folder.remove(world.home());
   runOnce();
   EXPECT_FALSE(fileExists(world.path(u"data"_s)));
   QDir().mkpath(world.path(u"data/folder"_s));
@@ -109,7 +109,7 @@ TEST(Stop, EmptiesItsOwnFoldersOnly) {
   runOnce();
   EXPECT_EQ(filesIn(u"data"_s), (QStringList{u"folder"_s, u"link"_s, u"linked"_s}));
   EXPECT_FALSE(fileExists(world.path(u"help"_s)));
-  QDir(world.path(u"data"_s)).removeRecursively();
+  world.folder.remove(world.path(u"data"_s));
   QFile::link(outside, world.path(u"data"_s));
   runOnce();
   EXPECT_EQ(contents(outside + u"/kept"), "x");

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "delivered.h"
 #include "store/tables.h"
+#include "support/own_folder.h"
 #include "updater/test_key.h"
 #include "updater/updater.h"
 
@@ -15,7 +16,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QTemporaryDir>
 
 namespace soran {
 
@@ -121,7 +121,7 @@ class Installation {
                                             {QStringLiteral("soran-cli"), QByteArray(20'000, 'p')}};
 
  private:
-  QTemporaryDir folder_;
+  OwnFolder folder_;
 };
 
 } // namespace soran

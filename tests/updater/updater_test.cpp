@@ -4,12 +4,13 @@
 
 #include "platform/endpoint_server.h"
 #include "printing.h"
+#include "support/ordinary_user.h"
 #include "updater/release.h"
 
+#include <QFile>
+#include <QScopeGuard>
 #include <functional>
 #include <gmock/gmock.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -204,22 +205,12 @@ TEST_F(UpdaterTest, RefusesWhatTheSignatureDoesNotCover) {
 }
 
 TEST_F(UpdaterTest, SaysSoBeforeADownloadWhereThePlaceCannotBeWritten) {
-  const bool root = ::geteuid() == 0;
-  constexpr uid_t nobody = 65534;
-  if (root) {
-    for (const QString& path : QStringList{installation.home(), installation.home() + u"/soran.mdb"})
-      ASSERT_EQ(::chown(QFile::encodeName(path).constData(), nobody, nobody), 0);
-    ASSERT_EQ(::chmod(QFile::encodeName(installation.path({})).constData(), 0755), 0);
-  }
-  ASSERT_EQ(::chmod(QFile::encodeName(installation.place()).constData(), 0555), 0);
-  if (root) {
-    ASSERT_EQ(::seteuid(nobody), 0);
-  }
+  const auto readOnly = QFile::ReadOwner | QFile::ExeOwner;
+  ASSERT_TRUE(QFile::setPermissions(installation.place(), readOnly));
+  const auto back =
+      qScopeGuard([&] { QFile::setPermissions(installation.place(), readOnly | QFile::WriteOwner); });
+  const OrdinaryUser user;
   const Updater::Outcome outcome = run();
-  if (root) {
-    ASSERT_EQ(::seteuid(0), 0);
-  }
-  ::chmod(QFile::encodeName(installation.place()).constData(), 0755);
   EXPECT_EQ(outcome, Updater::Outcome::Failed);
   EXPECT_TRUE(told.startsWith(u"プログラムの場所に書き込めないため、更新できません")) << told.toStdString();
   EXPECT_EQ(server.requests(), QStringList());
