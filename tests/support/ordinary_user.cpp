@@ -27,7 +27,7 @@ __user_cap_header_struct ownThread() {
 OrdinaryUser::OrdinaryUser() {
   __user_cap_header_struct thread = ownThread();
   check(::syscall(SYS_capget, &thread, before_));
-  __user_cap_data_struct bound[std::size(before_)];
+  decltype(before_) bound;
   std::copy(std::begin(before_), std::end(before_), bound);
   for (__user_cap_data_struct& capabilities : bound)
     capabilities.effective = 0;
