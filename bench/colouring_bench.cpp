@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/budget.h"
-#include "interpret/colouring.h"
+#include "reports/colouring.h"
 
 using namespace soran;
 

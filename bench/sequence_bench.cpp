@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/budget.h"
-#include "pipeline/layout.h"
-#include "pipeline/sequence.h"
-#include "pipeline/sequence_record.h"
+#include "reports/layout.h"
+#include "reports/sequence.h"
+#include "reports/sequence_record.h"
 
 #include <array>
 

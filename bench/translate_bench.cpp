@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/budget.h"
-#include "interpret/explain_selection.h"
-#include "interpret/translate_report.h"
+#include "reports/explain_selection.h"
+#include "reports/translate_report.h"
 
 #include <QFile>
 #include <QTextStream>

@@ -5,9 +5,9 @@
 #include "base/files.h"
 #include "cli/headless.h"
 #include "delivered.h"
-#include "pipeline/program.h"
 #include "platform/endpoint_server.h"
 #include "platform/net_inet.h"
+#include "runs/program.h"
 #include "support/own_folder.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/budget.h"
-#include "desktop/look.h"
 #include "desktop/start.h"
+#include "desktop/widgets/look.h"
 
 #include <QApplication>
 

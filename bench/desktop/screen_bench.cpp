@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/budget.h"
-#include "desktop/log_form.h"
-#include "desktop/look.h"
-#include "desktop/screen_view.h"
-#include "interpret/colouring.h"
+#include "desktop/forms/log_form.h"
+#include "desktop/widgets/look.h"
+#include "desktop/widgets/screen_view.h"
+#include "reports/colouring.h"
 #include "store/settings_record.h"
 
 #include <QApplication>

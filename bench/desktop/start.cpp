@@ -6,7 +6,7 @@
 #include "common/loopback.h"
 #include "delivered.h"
 #include "desktop/desktop.h"
-#include "desktop/screen_view.h"
+#include "desktop/widgets/screen_view.h"
 #include "support/own_folder.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 //
 // Any text, codes, group name, limits and switches: the runs must cover the text in order and be as long as
 // possible. The first bytes choose the settings, the first two lines behind them are the codes and the group.
-#include "interpret/colouring.h"
+#include "reports/colouring.h"
 
 #include "targets.h"
 

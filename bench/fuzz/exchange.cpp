@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A file to import: it is taken over whole or not at all, and what is exported can be imported.
-#include "store/exchange.h"
+#include "forms/exchange.h"
 
 #include "delivered.h"
 #include "store/json_fields.h"

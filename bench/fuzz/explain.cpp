@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The first bytes choose the zone, the day and the selection, the rest is the screen.
-#include "interpret/explain_selection.h"
+#include "reports/explain_selection.h"
 
 #include "targets.h"
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The first byte chooses kind and zone display; the first line is the zone, the rest the station file.
-#include "pipeline/layout.h"
+#include "reports/layout.h"
 
 #include "base/text.h"
 #include "targets.h"

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A manifest of program files: what is accepted leads nowhere but beside the program.
-#include "updater/manifest.h"
+#include "update/manifest.h"
 
 #include "targets.h"
-#include "updater/update_error.h"
+#include "update/update_error.h"
 
 #include <QDir>
 #include <QSet>

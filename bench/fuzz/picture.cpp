@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A file dropped as a picture.
-#include "terminal/picture_file.h"
+#include "forms/picture_file.h"
 
 #include "support/own_folder.h"
 #include "targets.h"

@@ -4,10 +4,10 @@
 // The first bytes choose settings, clock and zone. The parts behind them end with a form feed: the zone,
 // 時差, the codes with blanks between, the station file, then the cycle files of the hours, an empty one
 // missing.
-#include "pipeline/sequence.h"
+#include "reports/sequence.h"
 
 #include "base/text.h"
-#include "pipeline/sequence_record.h"
+#include "reports/sequence_record.h"
 #include "targets.h"
 
 #include <QStringList>

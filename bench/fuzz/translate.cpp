@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The first byte chooses the zone, the next five are the time, the rest is the report.
-#include "interpret/translate_report.h"
+#include "reports/translate_report.h"
 
 #include "base/text.h"
 #include "targets.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The small texts of an update endpoint: the same bytes as version.dat and as server.dat.
-#include "store/program_update.h"
+#include "start/opening.h"
 #include "targets.h"
-#include "terminal/opening.h"
+#include "update/program_update.h"
 
 #include <cmath>
 

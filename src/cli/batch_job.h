@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "interpret/dictionaries.h"
+#include "reports/dictionaries.h"
 #include "store/json_fields.h"
 #include "store/rows.h"
 

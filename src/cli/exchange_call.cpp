@@ -4,7 +4,7 @@
 
 #include "base/file_lock.h"
 #include "base/files.h"
-#include "store/exchange.h"
+#include "forms/exchange.h"
 #include "store/json_fields.h"
 
 #include <QFile>

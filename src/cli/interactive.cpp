@@ -3,7 +3,7 @@
 #include "cli/interactive.h"
 
 #include "base/text.h"
-#include "terminal/hand_over.h"
+#include "start/hand_over.h"
 #include "terminal/picture_lookup.h"
 
 #include <QEventLoop>

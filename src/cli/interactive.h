@@ -7,8 +7,8 @@
 #include "cli/signal_watch.h"
 #include "cli/terminal_desk.h"
 #include "cli/terminal_output.h"
-#include "terminal/launch.h"
-#include "terminal/opening.h"
+#include "start/launch.h"
+#include "start/opening.h"
 #include "terminal/view.h"
 
 #include <optional>

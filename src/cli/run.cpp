@@ -3,7 +3,7 @@
 #include "cli/run.h"
 
 #include "cli/headless.h"
-#include "terminal/opening.h"
+#include "start/opening.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/view.h"
 

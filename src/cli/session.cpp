@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/session.h"
 
+#include "forms/list_rules.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
-#include "store/list_rules.h"
-#include "terminal/opening.h"
+#include "start/opening.h"
 #include "terminal/picture_lookup.h"
 
 #include <QHash>

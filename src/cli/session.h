@@ -4,8 +4,8 @@
 
 #include "cli/headless.h"
 #include "cli/line_input.h"
+#include "start/launch.h"
 #include "store/json_fields.h"
-#include "terminal/launch.h"
 #include "terminal/view.h"
 
 #include <QIODevice>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/desktop.h"
 
-#include "desktop/opening_form.h"
-#include "terminal/hand_over.h"
-#include "terminal/opening.h"
+#include "desktop/forms/opening_form.h"
+#include "start/hand_over.h"
+#include "start/opening.h"
 
 #include <QApplication>
 #include <QNetworkReply>

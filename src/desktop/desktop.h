@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "desktop/dialog_service.h"
-#include "desktop/form_service.h"
 #include "desktop/main_window.h"
-#include "desktop/page_service.h"
-#include "desktop/printer_service.h"
-#include "desktop/sound_service.h"
+#include "desktop/services/dialog_service.h"
+#include "desktop/services/form_service.h"
+#include "desktop/services/page_service.h"
+#include "desktop/services/printer_service.h"
+#include "desktop/services/sound_service.h"
 #include "platform/waiting.h"
-#include "terminal/launch.h"
+#include "start/launch.h"
 #include "terminal/view.h"
 
 #include <QNetworkAccessManager>

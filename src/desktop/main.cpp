@@ -3,7 +3,7 @@
 #include "base/version.h"
 #include "delivered.h"
 #include "desktop/desktop.h"
-#include "desktop/look.h"
+#include "desktop/widgets/look.h"
 
 #include <QApplication>
 #include <cstdio>

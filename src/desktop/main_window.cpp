@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/main_window.h"
 
-#include "desktop/browser_frame.h"
-#include "desktop/look.h"
-#include "desktop/menu_mirror.h"
-#include "desktop/platform_abilities.h"
-#include "desktop/report_alert.h"
-#include "desktop/screen_view.h"
-#include "desktop/start_banner.h"
-#include "desktop/toolbar_frame.h"
+#include "desktop/services/platform_abilities.h"
+#include "desktop/services/report_alert.h"
+#include "desktop/widgets/browser_frame.h"
+#include "desktop/widgets/look.h"
+#include "desktop/widgets/menu_mirror.h"
+#include "desktop/widgets/screen_view.h"
+#include "desktop/widgets/start_banner.h"
+#include "desktop/widgets/toolbar_frame.h"
 #include "screen/untold_text.h"
 #include "ui_main_window.h"
 

@@ -3,7 +3,7 @@
 #include "screen/console.h"
 
 #include "base/text.h"
-#include "interpret/colouring.h"
+#include "reports/colouring.h"
 
 namespace soran {
 

@@ -4,8 +4,8 @@
 
 #include "base/text.h"
 #include "imagery/adobe_notice.h"
-#include "interpret/explain_selection.h"
-#include "pipeline/cycle_files.h"
+#include "reports/explain_selection.h"
+#include "runs/cycle_files.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/view.h"
 

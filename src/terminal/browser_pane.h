@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "pipeline/program.h"
+#include "runs/program.h"
 
 namespace soran {
 

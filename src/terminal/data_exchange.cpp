@@ -3,7 +3,7 @@
 #include "terminal/data_exchange.h"
 
 #include "base/files.h"
-#include "store/exchange.h"
+#include "forms/exchange.h"
 #include "store/json_fields.h"
 #include "terminal/view.h"
 

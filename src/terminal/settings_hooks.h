@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "store/settings_form.h"
+#include "forms/settings_form.h"
 
 namespace soran {
 

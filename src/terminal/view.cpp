@@ -4,11 +4,11 @@
 
 #include "base/skip.h"
 #include "base/text.h"
+#include "start/hand_over.h"
+#include "start/own_directory.h"
 #include "store/daily_backup.h"
-#include "store/program_update.h"
 #include "terminal/command_line.h"
-#include "terminal/hand_over.h"
-#include "terminal/own_directory.h"
+#include "update/program_update.h"
 
 #include <QDir>
 

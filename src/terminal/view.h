@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "pipeline/decode_run.h"
-#include "pipeline/printing.h"
-#include "pipeline/program.h"
-#include "pipeline/watch_cycle.h"
+#include "runs/decode_run.h"
+#include "runs/printing.h"
+#include "runs/program.h"
+#include "runs/watch_cycle.h"
 #include "terminal/browser_pane.h"
 #include "terminal/menus.h"
 

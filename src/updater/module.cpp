@@ -3,9 +3,9 @@
 #include "updater/module.h"
 
 #include "base/version.h"
-#include "terminal/hand_over.h"
-#include "updater/update_log.h"
-#include "updater/updater.h"
+#include "start/hand_over.h"
+#include "update/update_log.h"
+#include "update/updater.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/editor_grid.h"
-#include "desktop/picture_drop.h"
+#include "desktop/widgets/editor_grid.h"
+#include "desktop/widgets/picture_drop.h"
 #include "modal_steps.h"
 #include "window_fixture.h"
 

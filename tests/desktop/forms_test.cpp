@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/data_change_form.h"
-#include "desktop/message_form.h"
-#include "desktop/printer_service.h"
-#include "desktop/sound_service.h"
-#include "desktop/web_page.h"
+#include "desktop/forms/data_change_form.h"
+#include "desktop/forms/message_form.h"
+#include "desktop/services/printer_service.h"
+#include "desktop/services/sound_service.h"
+#include "desktop/web/web_page.h"
 #include "printing.h"
 #include "window_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/look.h"
+#include "desktop/widgets/look.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

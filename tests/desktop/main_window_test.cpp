@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/look.h"
-#include "desktop/toolbar_frame.h"
-#include "pipeline/change_detector.h"
+#include "desktop/widgets/look.h"
+#include "desktop/widgets/toolbar_frame.h"
 #include "printing.h"
+#include "runs/change_detector.h"
 #include "window_fixture.h"
 
 #include <QLineEdit>
@@ -182,7 +182,7 @@ TEST_F(WindowTest, RunsNameNoButtonAnew) {
     int count = 0;
   } tips;
   start();
-  for (QToolButton* button : desktop_->window().toolbar().findChildren<QToolButton*>())
+  for (QToolButton* button : desktop_->window().findChild<ToolbarFrame*>()->findChildren<QToolButton*>())
     button->installEventFilter(&tips);
   type(u"RJTT"_s);
   QCoreApplication::processEvents();

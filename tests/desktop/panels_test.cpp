@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/camera_form.h"
-#include "desktop/chart_form.h"
-#include "desktop/sun_graph_view.h"
-#include "desktop/suntime_form.h"
+#include "desktop/forms/camera_form.h"
+#include "desktop/forms/chart_form.h"
+#include "desktop/forms/suntime_form.h"
+#include "desktop/widgets/sun_graph_view.h"
 #include "printing.h"
 #include "window_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/screen_view.h"
+#include "desktop/widgets/screen_view.h"
 
 #include "printing.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/colour_swatch.h"
-#include "desktop/sample_view.h"
+#include "desktop/widgets/colour_swatch.h"
+#include "desktop/widgets/sample_view.h"
 #include "modal_steps.h"
 #include "window_fixture.h"
 

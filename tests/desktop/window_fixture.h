@@ -4,7 +4,7 @@
 
 #include "delivered.h"
 #include "desktop/desktop.h"
-#include "desktop/screen_view.h"
+#include "desktop/widgets/screen_view.h"
 #include "platform/endpoint_server.h"
 #include "support/own_folder.h"
 

@@ -5,9 +5,9 @@
 
 #include "faults/faulty_run.h"
 #include "printing.h"
+#include "start/opening.h"
 #include "support/own_folder.h"
-#include "terminal/opening.h"
-#include "updater/release.h"
+#include "update/release.h"
 #include "updating.h"
 
 #include <gmock/gmock.h>

@@ -4,8 +4,8 @@
 #include "store/cipher.h"
 
 #include "base/files.h"
+#include "forms/list_rules.h"
 #include "printing.h"
-#include "store/list_rules.h"
 #include "store/tables.h"
 #include "support/own_folder.h"
 

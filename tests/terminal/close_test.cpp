@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "terminal/harness.h"
+#include "harness.h"
 #include "turns.h"
 
 #include <QElapsedTimer>

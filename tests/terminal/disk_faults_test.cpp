@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/airport_editor.h"
+#include "harness.h"
 #include "support/child_process.h"
-#include "terminal/airport_editor.h"
-#include "terminal/harness.h"
 #include "turns.h"
 
 #include <csignal>

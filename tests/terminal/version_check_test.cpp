@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "printing.h"
-#include "terminal/hand_over.h"
+#include "start/hand_over.h"
 #include "terminal/view.h"
 #include "updating.h"
 

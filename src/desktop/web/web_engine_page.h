@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "desktop/web_page.h"
+#include "desktop/web/web_page.h"
 
 #include <QObject>
 #include <QPointer>

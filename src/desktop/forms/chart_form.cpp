@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/forms/chart_form.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <map>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int twipsPerPixel = 15;
+
+bool isPicture(const QString& address) {
+  return address.endsWith(u".png") || address.endsWith(u".jpg") || address.endsWith(u".gif");
+}
+
+/// Makes the sub-menus where the first of their entries asks for them, each in the one around it.
+class SubmenuMaker {
+ public:
+  explicit SubmenuMaker(QMenu* root) { menus_[QString()] = root; }
+
+  QMenu& menu(const QString& name) {
+    QMenu*& menu = menus_[name];
+    for (const ChartSubmenu& submenu : chartSubmenus()) {
+      if (menu || submenu.name != name)
+        continue;
+      menu = this->menu(submenu.parent.toString()).addMenu(submenu.caption.toString());
+      menu->setObjectName(name);
+      menu->setAccessibleName(submenu.caption.toString());
+    }
+    return *menu;
+  }
+
+ private:
+  std::map<QString, QMenu*> menus_;
+};
+
+} // namespace
+
+ChartForm::ChartForm(QWidget* parent, View& view) : ImageryForm(parent, view) {
+  setObjectName(u"chart"_s);
+  setAccessibleName(ChartModel::chartCaption.toString());
+  makeMenus();
+}
+
+void ChartForm::makeMenus() {
+  QAction* exit = menuBar().addAction(ChartModel::closeCaption.toString(), this, &QDialog::close);
+  exit->setObjectName(u"menu_exit"_s);
+  print_ = menuBar().addAction(ChartModel::printCaption.toString(), this,
+                               [this] { view().guarded([this] { printByMenu(); }); });
+  print_->setObjectName(u"menu_print"_s);
+  QMenu* root = menuBar().addMenu(ChartModel::chartCaption.toString());
+  root->setObjectName(u"menu_chart"_s);
+  root->setAccessibleName(ChartModel::chartCaption.toString());
+  SubmenuMaker maker(root);
+  for (const ChartItem& item : chartItems()) {
+    QMenu& menu = maker.menu(item.submenu);
+    if (item.isSeparator())
+      menu.addSeparator();
+    else
+      addEntry(menu, item.menu, item.index, item.caption);
+  }
+}
+
+void ChartForm::begin() {
+  const QSize main = parentWidget() ? parentWidget()->size() : size();
+  Program& program = view().program();
+  model_.emplace(TwipSize{main.width() * twipsPerPixel, main.height() * twipsPerPixel},
+                 program.settings()[key::時差].value_or(QString()));
+  present(model_->open(program.services.clock.now()));
+}
+
+void ChartForm::choose(const QString& menu, std::optional<int> index) {
+  if (!model_)
+    return;
+  if (const auto shown = model_->choose(menu, index, view().program().services.clock.now()))
+    present(*shown);
+}
+
+void ChartForm::present(const ChartShow& shown) {
+  setWindowTitle(shown.title);
+  const bool anyPrinter = !view().program().services.printers.installed().isEmpty();
+  print_->setEnabled(ChartModel::printEnabled(shown, anyPrinter));
+  layOut({shown.view.width / twipsPerPixel, shown.view.height / twipsPerPixel}, shown.maximised);
+  load({shown.source, shown.address, isPicture(shown.address)});
+}
+
+void ChartForm::printByMenu() {
+  const QPointer<ChartForm> self(this);
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(windowTitle().trimmed());
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageOrientation(QPageLayout::Landscape);
+  QPrintDialog dialog(&printer, this);
+  Shutdown& shutdown = view().program().services.shutdown;
+  connect(&shutdown, &Shutdown::closing, &dialog, &QDialog::reject);
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  shutdown.check();
+  if (self && accepted)
+    imagery().print(printer);
+}
+
+} // namespace soran

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/forms/row_actions.h"
+#include "forms/group_editor.h"
+#include "terminal/view.h"
+
+#include <QDialog>
+
+namespace Ui {
+class GroupForm;
+}
+
+namespace soran {
+
+/// The form `company`: named code lists.
+class GroupForm : public QDialog {
+  Q_OBJECT
+ public:
+  GroupForm(QWidget* parent, View& view);
+  ~GroupForm() override;
+
+  /// Writes the list and closes.
+  void reject() override;
+
+ private:
+  void mirror();
+
+  std::unique_ptr<Ui::GroupForm> ui_;
+  GroupEditor editor_;
+  std::unique_ptr<RowActions> actions_;
+};
+
+} // namespace soran

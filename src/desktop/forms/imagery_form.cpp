@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/forms/imagery_form.h"
+
+#include <QMenu>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+ImageryForm::ImageryForm(QWidget* parent, View& view)
+    : QDialog(parent), view_(view), menuBar_(new QMenuBar(this)),
+      imagery_(new ImageryView(this, view.program().services.endpoints, view.program().services.shutdown,
+                               [&view](const std::function<void()>& event) { view.guarded(event); })) {
+  setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                 Qt::WindowCloseButtonHint);
+  menuBar_->setObjectName(u"menubar"_s);
+  menuBar_->setAccessibleName(u"メニュー"_s);
+  connect(this, &QWidget::windowTitleChanged, imagery_, &ImageryView::describe);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setMenuBar(menuBar_);
+  layout->addWidget(imagery_);
+  timer_ = view_.program().services.timers.make([this] { onTick(); });
+}
+
+ImageryForm::~ImageryForm() = default;
+
+void ImageryForm::addEntry(QMenu& menu, const QString& name, int index, const QString& caption) {
+  QString text = caption;
+  QAction* action = menu.addAction(text.replace(u'&', u"&&"_s));
+  action->setObjectName(name);
+  action->setData(index);
+  connect(action, &QAction::triggered, this, [this, name, index] {
+    view_.guarded([&] { choose(name, index < 0 ? std::nullopt : std::optional(index)); });
+  });
+}
+
+void ImageryForm::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (opened_)
+    return;
+  opened_ = true;
+  timer_->setEnabled(true);
+  begin();
+}
+
+void ImageryForm::done(int result) {
+  opened_ = false;
+  timer_->setEnabled(false);
+  imagery_->stop();
+  QDialog::done(result);
+}
+
+void ImageryForm::onTick() {
+  if (tick())
+    view_.guarded([this] { imagery_->refresh(); });
+}
+
+void ImageryForm::load(const ImageryTarget& target) {
+  QTimer::singleShot(0, this, [this, target] {
+    if (opened_)
+      view_.guarded([&] { imagery_->open(target); });
+  });
+}
+
+void ImageryForm::layOut(QSize viewSize, bool maximised) {
+  constexpr QSize smallest(200, 150);
+  // In a maximised window the view keeps its size; else it is as large as the window.
+  imagery_->setMaximumSize(maximised ? viewSize : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+  imagery_->setMinimumSize(maximised ? viewSize.boundedTo(screen()->availableSize() * 3 / 4) : smallest);
+  layout()->setAlignment(imagery_, maximised ? Qt::AlignCenter : Qt::Alignment());
+  if (maximised) {
+    showMaximized();
+    return;
+  }
+  if (isMaximized())
+    showNormal();
+  const QSize around(0, menuBar_->heightForWidth(viewSize.width()));
+  resize((viewSize + around).boundedTo(screen()->availableSize() * 19 / 20));
+  if (const QWidget* main = parentWidget())
+    move(main->frameGeometry().center() - rect().center());
+}
+
+} // namespace soran

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/services/run_dialog.h"
+
+namespace soran {
+
+int runDialog(QDialog& dialog, const Shutdown& shutdown) {
+  if (shutdown.requested())
+    return QDialog::Rejected;
+  QObject::connect(&shutdown, &Shutdown::closing, &dialog, &QDialog::reject);
+  return dialog.exec();
+}
+
+} // namespace soran

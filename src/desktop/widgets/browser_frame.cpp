@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/widgets/browser_frame.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLoggingCategory>
+#include <QPluginLoader>
+#include <QVBoxLayout>
+#include <unistd.h>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcBrowser, "soran.desktop")
+
+/// The folder of the program's modules, beside that of its executables.
+QString enginePath() {
+  return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/soran/plugins/soran-web"_s);
+}
+
+/// The engine ends the whole process where it is to run its sandbox for the superuser.
+bool engineWouldAbort() {
+  return geteuid() == 0 && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX");
+}
+
+} // namespace
+
+BrowserFrame::BrowserFrame(QWidget* parent) : QFrame(parent) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+}
+
+BrowserFrame::~BrowserFrame() = default;
+
+bool BrowserFrame::loadEngine() {
+  if (page_)
+    return true;
+  if (engineWouldAbort()) {
+    qCWarning(lcBrowser) << "passed over: web pages for the superuser";
+    return false;
+  }
+  QPluginLoader loader(enginePath());
+  auto* factory = qobject_cast<WebPageFactory*>(loader.instance());
+  if (!factory) {
+    qCWarning(lcBrowser) << "passed over: loading the web engine -" << loader.errorString();
+    return false;
+  }
+  page_ = factory->make(this);
+  page_->onState = [this](WebPage::State state) { emit pageState(state); };
+  page_->onAddress = [this](const QUrl& url) { emit addressChanged(url.toString()); };
+  layout()->addWidget(page_->widget());
+  return true;
+}
+
+void BrowserFrame::open(const QString& address) {
+  const QUrl url = QUrl::fromUserInput(address);
+  if (isAllowedPage(url) && loadEngine()) {
+    emit addressChanged(url.toString());
+    page_->open(url);
+  } else {
+    emit pageState(WebPage::State::Failed);
+  }
+}
+
+void BrowserFrame::stopPage() {
+  if (page_)
+    page_->stop();
+}
+
+void BrowserFrame::back() {
+  if (page_)
+    page_->back();
+}
+
+} // namespace soran

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "forms/edited_list.h"
+
+#include <QTableView>
+
+namespace soran {
+
+/// The rows of an editor, read from its list. Column 0 is a row's first text, column 1 its second.
+class EditorModel : public QAbstractTableModel {
+  Q_OBJECT
+ public:
+  /// One column for each heading. The list outlives the model.
+  EditorModel(const EditedList& list, const QStringList& headings, QObject* parent);
+
+  /// The list may have changed.
+  void refresh();
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+ private:
+  const EditedList& list_;
+  QStringList headings_;
+  int shownRows_;
+};
+
+/// The table of an editor: shows its list and passes on what the user chooses.
+class EditorGrid : public QTableView {
+  Q_OBJECT
+ public:
+  explicit EditorGrid(QWidget* parent = nullptr);
+
+  /// Shows this list from now on, one column for each heading, the first one `firstColumn` digits wide.
+  void showList(const EditedList& list, const QStringList& headings, int firstColumn);
+  /// The list may have changed; `column` of its chosen row is the current cell.
+  void mirror(int column = 0);
+  /// Opens the current cell for editing where it is not open.
+  void openCell();
+
+ signals:
+  /// The user went to a cell by mouse or keyboard.
+  void cellChosen(int row, int column);
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  const EditedList* list_ = nullptr;
+  EditorModel* rows_ = nullptr;
+  bool mirroring_ = false;
+};
+
+} // namespace soran

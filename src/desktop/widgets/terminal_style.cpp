@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/widgets/terminal_style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace soran {
+
+void TerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+  if (!box && element != PE_IndicatorRadioButton)
+    return;
+  const auto group = option->state & State_Enabled ? QPalette::Active : QPalette::Disabled;
+  const QRectF frame = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing, !box);
+  painter->setPen(option->palette.color(group, QPalette::PlaceholderText));
+  painter->setBrush(Qt::NoBrush);
+  if (box)
+    painter->drawRect(frame);
+  else
+    painter->drawEllipse(frame);
+  painter->restore();
+}
+
+QSize TerminalStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                      const QWidget* widget) const {
+  constexpr QSize air(14, 2);
+  const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  return type == CT_PushButton ? size + air : size;
+}
+
+} // namespace soran

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/widgets/toolbar_frame.h"
+
+#include "desktop/widgets/look.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int colouredFaces = 18;
+constexpr int iconSize = 24;
+
+/// The pictures of the buttons by their index: 7 is "img07-scroll-bar".
+std::map<int, QString> buttonPictures() {
+  std::map<int, QString> pictures;
+  for (const QString& file : QDir(u":/icons"_s).entryList({u"img[0-9]*-*.svg"_s}))
+    pictures[QStringView(file).mid(3, 2).toInt()] = QFileInfo(file).completeBaseName();
+  return pictures;
+}
+
+} // namespace
+
+ToolbarFrame::ToolbarFrame(QWidget* parent)
+    : QFrame(parent), strip_(new QHBoxLayout(this)), pictures_(buttonPictures()) {
+  strip_->setContentsMargins(0, 0, 0, 0);
+  strip_->setSpacing(1);
+  setMinimumHeight(iconSize + 10);
+}
+
+QToolButton* ToolbarFrame::addButton(int index) {
+  auto* button = new QToolButton(this);
+  button->setObjectName(u"img%1"_s.arg(index));
+  button->setAutoRaise(true);
+  button->setIconSize({iconSize, iconSize});
+  // A click leaves the keys with the screen; the strip is reached by Tab.
+  button->setFocusPolicy(Qt::TabFocus);
+  connect(button, &QToolButton::clicked, this, [this, index] { emit buttonPressed(index); });
+  strip_->addWidget(button);
+  return button;
+}
+
+void ToolbarFrame::showTip(QToolButton& button, const QString& tip) {
+  // Each setting is an event on the bus, and a reader under a flood of them leaves out what it should speak.
+  if (button.toolTip() == tip)
+    return;
+  button.setToolTip(tip);
+  button.setAccessibleName(tip.trimmed());
+  // Else a reader speaks the tip behind the name that it repeats.
+  button.setAccessibleDescription(tip.trimmed());
+}
+
+void ToolbarFrame::showButtons(const QList<ToolButton>& buttons) {
+  for (const ToolButton& told : buttons) {
+    Place& place = places_[told.index];
+    if (!place.button)
+      place.button = addButton(told.index);
+    if (place.coloured != told.coloured) {
+      place.coloured = told.coloured;
+      place.button->setIcon(drawnIcon(pictures_[told.index + (told.coloured ? colouredFaces : 0)]));
+    }
+    showTip(*place.button, told.hover);
+    place.button->setVisible(told.visible);
+    place.button->setEnabled(told.enabled);
+  }
+}
+
+QToolButton* ToolbarFrame::button(int index) const {
+  const auto found = places_.find(index);
+  return found == places_.end() ? nullptr : found->second.button;
+}
+
+} // namespace soran

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "forms/list_rules.h"
+#include "runs/program.h"
+
+#include <functional>
+#include <vector>
+
+namespace soran {
+
+/// The rows of an editor with the one that is chosen and moved: what all editors of lists have in common.
+/// Rows count from 0; a heading is no row.
+class EditedList {
+ public:
+  EditedList() = default;
+  explicit EditedList(std::vector<EditedRow> rows) : rows_(std::move(rows)) { select(0); }
+
+  const std::vector<EditedRow>& rows() const { return rows_; }
+  int count() const { return int(rows_.size()); }
+  bool isEmpty() const { return rows_.empty(); }
+  EditedRow& at(int row) { return rows_[size_t(row)]; }
+  const EditedRow& at(int row) const { return rows_[size_t(row)]; }
+  bool has(int row) const { return row >= 0 && row < count(); }
+
+  /// The chosen row, -1 where there is none.
+  int selected() const { return has(selected_) ? selected_ : -1; }
+  bool hasSelection() const { return selected() >= 0; }
+  EditedRow& current() { return at(selected_); }
+  const EditedRow& current() const { return at(selected_); }
+
+  /// Chooses a row and lets it be moved; nothing happens where there is no such row.
+  void select(int row) {
+    if (!has(row))
+      return;
+    selected_ = row;
+    movable_ = true;
+  }
+  void clearSelection() { selected_ = -1; }
+  /// Until the next selection the chosen row cannot be moved.
+  void holdMoves() { movable_ = false; }
+  bool canMoveUp() const { return movable_ && selected() >= 1; }
+  bool canMoveDown() const { return movable_ && hasSelection() && selected_ < count() - 1; }
+
+  /// Swaps the chosen row with its neighbour; the selection follows. False where it cannot be moved so.
+  bool moveUp() { return canMoveUp() && swapWith(selected_ - 1); }
+  bool moveDown() { return canMoveDown() && swapWith(selected_ + 1); }
+
+  void insert(int row, EditedRow cells) { rows_.insert(rows_.begin() + row, std::move(cells)); }
+  /// Takes the chosen row off; the one behind it, else the last, is chosen, and cannot be moved at first.
+  void removeCurrent() {
+    rows_.erase(rows_.begin() + selected_);
+    selected_ = std::min(selected_, count() - 1);
+    movable_ = false;
+  }
+
+ private:
+  bool swapWith(int neighbour) {
+    std::swap(at(selected_), at(neighbour));
+    selected_ = neighbour;
+    return true;
+  }
+
+  std::vector<EditedRow> rows_;
+  int selected_ = -1;
+  bool movable_ = false;
+};
+
+/// Asks the user; no where the program was closed meanwhile.
+bool confirmed(Program& program, const QString& text);
+/// Asks whether `what` is to be deleted.
+bool confirmedDeletion(Program& program, const QString& what);
+/// Tells the user, under the title of all editors.
+void tell(Program& program, const QString& text);
+/// Writes what an editor holds as it closes; a failure is passed over and told, and the table then keeps its
+/// rows.
+void writeBack(Program& program, const std::function<void()>& store);
+
+} // namespace soran

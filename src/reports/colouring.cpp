@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/colouring.h"
+
+#include "base/text.h"
+#include "reports/attribute_canvas.h"
+#include "reports/colouring_words.h"
+#include "reports/word_search.h"
+
+#include <algorithm>
+
+namespace soran {
+
+using namespace colouring;
+
+namespace {
+
+/// The settings of one of the three weather conditions.
+struct Condition {
+  SettingKey<SettingType::YesNo> enabled;
+  SettingKey<SettingType::YesNo> testsVertical;
+  SettingKey<SettingType::Integer> ceiling; // feet
+  SettingKey<SettingType::Rgb> ceilingColour;
+  SettingKey<SettingType::Integer> visibility; // metres, of runway visual ranges too
+  SettingKey<SettingType::Rgb> visibilityColour;
+};
+
+constexpr Condition conditions[] = {
+    {key::条件1有効, key::鉛直視程1有効, key::雲高1, key::雲高1の色, key::視程1, key::視程1の色},
+    {key::条件2有効, key::鉛直視程2有効, key::雲高2, key::雲高2の色, key::視程2, key::視程2の色},
+    {key::条件3有効, key::鉛直視程3有効, key::雲高3, key::雲高3の色, key::視程3, key::視程3の色},
+};
+
+/// A figure of the text that is compared with a limit, and the stretch painted where it is below.
+struct Reading {
+  qsizetype pos; // from 1
+  qsizetype length;
+  double value;
+};
+using Readings = std::vector<Reading>;
+
+std::vector<QStringView> allFixedWords() {
+  std::vector<QStringView> words;
+  for (const WeatherWord& weather : weatherWords)
+    words.push_back(weather.word);
+  for (const WeatherWord& cloud : stormClouds)
+    words.push_back(cloud.word);
+  for (const KindWord& kind : kindWords)
+    words.push_back(kind.word);
+  for (const CeilingForm& form : ceilingForms)
+    words.push_back(form.word);
+  words.insert(words.end(), {verticalVisibility.word, groupGap, runway, loading});
+  words.insert(words.end(), std::begin(restoredWords), std::end(restoredWords));
+  return words;
+}
+
+const WordSearch& fixedWords() {
+  static const WordSearch search(allFixedWords());
+  return search;
+}
+
+/// The group's name and the codes, which stand from position 2 on, each with a blank behind it.
+std::vector<QStringView> shownNames(QStringView displayedCodes, QStringView groupName) {
+  std::vector<QStringView> names;
+  if (!groupName.isEmpty())
+    names.push_back(groupName);
+  qsizetype pos = 2;
+  while (const qsizetype blank = find1(displayedCodes, u" ", pos)) {
+    names.push_back(mid1(displayedCodes, pos, blank - pos));
+    pos = blank + 1;
+  }
+  return names;
+}
+
+/// Calls `action` for the hits of a scan that looks on `step` characters behind each hit.
+template <class Action>
+void scan(const WordSearch::Positions& hits, qsizetype step, Action action) {
+  qsizetype next = 1;
+  for (const qsizetype pos : hits) {
+    if (pos < next)
+      continue;
+    next = pos + step;
+    action(pos);
+  }
+}
+
+/// One run of the rules over one text. Positions count from 1.
+class ColouringPass {
+ public:
+  ColouringPass(QStringView text, const SettingsRecord& settings, std::span<const AttributeRun> before)
+      : text_(text), settings_(settings), normal_(settings[key::表示文字の色]),
+        canvas_(text.size(), normal_.value_or(black), before), hits_(fixedWords().positionsIn(text)) {}
+
+  void paintWeather(std::span<const WeatherWord> words);
+  void paintKinds();
+  void paintConditions();
+  void paintLoading();
+  void restoreFixedWords();
+  void restoreNames(std::span<const QStringView> names);
+
+  std::vector<AttributeRun> runs() const { return canvas_.runs(); }
+
+ private:
+  const WordSearch::Positions& hitsOf(QStringView word) const {
+    return hits_[static_cast<size_t>(fixedWords().indexOf(word))];
+  }
+
+  void readCeilings(const CeilingForm& form, Readings& readings) const;
+  void readVisibilities(Readings& readings) const;
+  void readRunways(Readings& readings) const;
+  bool readFourFigures(qsizetype pos, Readings& readings) const;
+  void paintBelow(const Readings& readings, std::optional<double> limit, std::optional<Colour> colour);
+  void restoreWord(QStringView word, const WordSearch::Positions& hits);
+
+  QStringView text_;
+  const SettingsRecord& settings_;
+  std::optional<Colour> normal_;
+  AttributeCanvas canvas_;
+  std::vector<WordSearch::Positions> hits_;
+};
+
+void ColouringPass::paintWeather(std::span<const WeatherWord> words) {
+  for (const WeatherWord& weather : words) {
+    const auto colour = weather.emphasis == Emphasis::Own ? settings_[key::天気略語の色] : red;
+    scan(hitsOf(weather.word), weather.word.size(), [&](qsizetype pos) {
+      const QChar sign = at1(text_, pos - 1);
+      const qsizetype signs = sign == u'+' || sign == u'-' ? 1 : 0;
+      const qsizetype length = weather.word.size() + signs;
+      canvas_.setColour(pos - signs, length, colour);
+      if (weather.emphasis == Emphasis::RedBold)
+        canvas_.setBold(pos - signs, length, true);
+    });
+  }
+}
+
+void ColouringPass::paintKinds() {
+  const auto colour = settings_[key::SPECIの色];
+  for (const KindWord& kind : kindWords) {
+    const qsizetype length = kind.word.size() + kind.behind;
+    scan(hitsOf(kind.word), kind.word.size(), [&](qsizetype pos) { canvas_.setColour(pos, length, colour); });
+  }
+}
+
+void ColouringPass::readCeilings(const CeilingForm& form, Readings& readings) const {
+  const qsizetype front = form.oktas ? 1 : 0;
+  const qsizetype length = form.word.size() + 3 + front;
+  scan(hitsOf(form.word), length, [&](qsizetype pos) {
+    if (form.oktas && leadingNumber(mid1(text_, pos - 1, 1)) < 5)
+      return;
+    const QStringView height = mid1(text_, pos + form.word.size(), 3);
+    if (form.mayBeUnknown && height == u"///")
+      return;
+    readings.push_back({pos - front, length, leadingNumber(height)});
+  });
+}
+
+bool ColouringPass::readFourFigures(qsizetype pos, Readings& readings) const {
+  int value = 0;
+  for (qsizetype i = pos; i < pos + 4; ++i) {
+    const QChar c = at1(text_, i);
+    if (!isAsciiDigit(c))
+      return false;
+    value = value * 10 + (c.unicode() - u'0');
+  }
+  readings.push_back({pos, 4, static_cast<double>(value)});
+  return true;
+}
+
+void ColouringPass::readVisibilities(Readings& readings) const {
+  // The scan looks on at the last figure, so that the blank behind one group opens the next.
+  scan(hitsOf(groupGap), 4, [&](qsizetype pos) {
+    if (at1(text_, pos + 5) != u' ')
+      return;
+    const QStringView front = text_.first(pos - 1);
+    const auto endsFront = [front](QStringView word) { return front.endsWith(word); };
+    if (std::none_of(std::begin(timeWords), std::end(timeWords), endsFront))
+      readFourFigures(pos + 1, readings);
+  });
+}
+
+void ColouringPass::readRunways(Readings& readings) const {
+  // Every hit stands for all figures from itself to the next blank. A hit before the end of what is read
+  // already adds nothing, and reading it again would make a long word cost the square of its length.
+  qsizetype read = 0;
+  scan(hitsOf(runway), 8, [&](qsizetype pos) {
+    if (pos < read || (at1(text_, pos + 3) != u'/' && at1(text_, pos + 4) != u'/'))
+      return;
+    const qsizetype blank = find1(text_, groupGap, pos);
+    read = blank > 0 ? blank : text_.size() + 1;
+    for (qsizetype i = pos; i + 4 <= read; ++i)
+      readFourFigures(i, readings);
+  });
+}
+
+void ColouringPass::paintBelow(const Readings& readings, std::optional<double> limit,
+                               std::optional<Colour> colour) {
+  if (!limit)
+    return;
+  for (const Reading& reading : readings) {
+    if (reading.value < *limit)
+      canvas_.setColour(reading.pos, reading.length, colour);
+  }
+}
+
+void ColouringPass::paintConditions() {
+  Readings ceilings;
+  for (const CeilingForm& form : ceilingForms)
+    readCeilings(form, ceilings);
+  Readings verticals;
+  readCeilings(verticalVisibility, verticals);
+  Readings visibilities;
+  readVisibilities(visibilities);
+  readRunways(visibilities);
+
+  for (const Condition& condition : conditions) {
+    if (settings_[condition.enabled] != true)
+      continue;
+    std::optional<double> hundreds;
+    if (const auto feet = settings_[condition.ceiling])
+      hundreds = *feet / 100.0;
+    const auto ceilingColour = settings_[condition.ceilingColour];
+    paintBelow(ceilings, hundreds, ceilingColour);
+    if (settings_[condition.testsVertical] == true)
+      paintBelow(verticals, hundreds, ceilingColour);
+    paintBelow(visibilities, settings_[condition.visibility], settings_[condition.visibilityColour]);
+  }
+}
+
+void ColouringPass::paintLoading() {
+  scan(hitsOf(loading), loadingLength, [&](qsizetype pos) { canvas_.setColour(pos, loadingLength, yellow); });
+}
+
+void ColouringPass::restoreWord(QStringView word, const WordSearch::Positions& hits) {
+  scan(hits, word.size(), [&](qsizetype pos) {
+    if (word == freeSign) {
+      const QStringView behind = mid1(text_, pos + 2, 1);
+      if (leadingNumber(behind) == 0 && behind != u" ")
+        return;
+    }
+    canvas_.setBold(pos, word.size(), false);
+    canvas_.setColour(pos, word.size(), normal_);
+  });
+}
+
+void ColouringPass::restoreFixedWords() {
+  for (const QStringView word : restoredWords)
+    restoreWord(word, hitsOf(word));
+}
+
+void ColouringPass::restoreNames(std::span<const QStringView> names) {
+  const WordSearch search(names);
+  const std::vector<WordSearch::Positions> hits = search.positionsIn(text_);
+  for (size_t i = 0; i < hits.size(); ++i)
+    restoreWord(search.words()[i], hits[i]);
+}
+
+} // namespace
+
+std::vector<AttributeRun> colourRuns(QStringView text, const SettingsRecord& settings,
+                                     QStringView displayedCodes, QStringView groupName,
+                                     std::span<const AttributeRun> before) {
+  ColouringPass pass(text, settings, before);
+  if (settings[key::天気略語着色] == true)
+    pass.paintWeather(weatherWords);
+  if (settings[key::SPECI着色] == true)
+    pass.paintKinds();
+  if (settings[key::計器気象状態を強調] == true) {
+    if (settings[key::CBTCUを強調] == true)
+      pass.paintWeather(stormClouds);
+    pass.paintConditions();
+  }
+  pass.paintLoading();
+  pass.restoreFixedWords();
+  pass.restoreNames(shownNames(displayedCodes, groupName));
+  return pass.runs();
+}
+
+} // namespace soran

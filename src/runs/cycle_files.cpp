@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "runs/cycle_files.h"
+
+#include "base/files.h"
+#include "base/skip.h"
+#include "base/text.h"
+#include "reports/sequence.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcCycles, "soran.pipeline")
+
+void download(Program& program, int utcHour) {
+  const QUrl url(program.services.endpoints.cycles + twoDigits(utcHour) + u"Z.TXT");
+  const Reply reply = program.services.inet2.open(url);
+  // A transfer that failed must not leave another hour's text under this one's name.
+  if (!reply.isWhole()) {
+    qCWarning(lcCycles) << "passed over: cycle file" << utcHour;
+    return;
+  }
+  if (!writeWhole(cycleFilePath(program.services, utcHour), reply.body + "\r\n"))
+    qCWarning(lcCycles) << "passed over: writing cycle file" << utcHour;
+}
+
+} // namespace
+
+QString cycleFilePath(const Services& services, int utcHour) {
+  return services.path(u"data/") + twoDigits(utcHour) + u".dat";
+}
+
+void refreshCycleFiles(Program& program) {
+  if (program.settings()[key::シーケンス表示] != true)
+    return;
+  const QTime now = program.services.clock.now().time();
+  if (now.minute() / 10 == program.cycleDecade)
+    return;
+  program.cycleDecade = now.minute() / 10;
+  const std::vector<int> hours = sequenceHours(now, program.record(), program.systemZoneOffset);
+  for (const int hour : hours) {
+    if (!fileExists(cycleFilePath(program.services, hour)))
+      download(program, hour);
+  }
+  download(program, hours.back());
+}
+
+} // namespace soran

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "runs/program.h"
+
+namespace soran {
+
+/// Brings the hourly METAR cycle files into the data folder, at most once in each ten minutes of the clock:
+/// those of the window that are missing, and the present hour's always. Waits in the event loop.
+void refreshCycleFiles(Program& program);
+
+/// The place of an hour's file: data/NN.dat.
+QString cycleFilePath(const Services& services, int utcHour);
+
+} // namespace soran

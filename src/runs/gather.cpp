@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "runs/gather.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "reports/layout.h"
+#include "reports/sequence.h"
+#include "reports/sequence_record.h"
+#include "reports/translate_report.h"
+#include "runs/cycle_files.h"
+#include "runs/station_files.h"
+
+#include <QFile>
+#include <map>
+#include <optional>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<QByteArray> wholeFile(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    return std::nullopt;
+  return file.readAll();
+}
+
+/// Asks for every station in turn.
+template <class Take>
+void forEachStation(GatheredRun& run, const std::vector<QString>& codes, RunProgress& progress, Take take) {
+  for (size_t i = 0; i < codes.size(); ++i) {
+    progress.asks(run.request, codes[i], int(i), int(codes.size()));
+    run.stations.push_back({.code = codes[i]});
+    take(i, run.stations.back());
+  }
+  progress.ends(run.request, int(codes.size()));
+}
+
+void gatherReports(Program& program, GatheredRun& run, RunProgress& progress) {
+  StationFiles files(program.services, codesOf(run.request.codes), true);
+  const auto fetch = [&](size_t place, ReportKind kind) -> LaidOutReport {
+    const std::optional<QString> response = files.take(place, kind);
+    if (!response)
+      return {false, QString(),
+              kind == ReportKind::Metar ? u"      NO OBSERVATION"_s : u"      NO FORECAST"_s};
+    StationReport report = layoutReport(*response, kind, program.record());
+    if (run.request.fullLoad) {
+      if (Station* station = program.stationTable.find(files.codes()[place]))
+        (kind == ReportKind::Metar ? station->metarStamp : station->tafStamp) = report.stamp;
+    }
+    return {true, std::move(report.obsTime), std::move(report.body)};
+  };
+  forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
+    station.metar = fetch(place, ReportKind::Metar);
+    progress.tookMetar(run.request, station);
+    if (!station.metar.found)
+      return;
+    station.taf = fetch(place, ReportKind::Taf);
+    progress.tookTaf(run.request, station);
+  });
+}
+
+void gatherTranslations(Program& program, GatheredRun& run, RunProgress& progress) {
+  constexpr qsizetype reportStart = 18;
+  constexpr qsizetype behindTimeGroup = 14;
+  StationFiles files(program.services, codesOf(run.request.codes), false);
+  forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
+    const std::optional<QString> response = files.take(place, ReportKind::Metar);
+    if (!response) {
+      station.block = crlf + station.code + u"  NOT FOUND" + crlf;
+      return;
+    }
+    const QStringView report = mid1(*response, reportStart);
+    const LineHeading heading = lineHeading(station.code, report, program.record());
+    station.block = heading.text;
+    if (report.size() >= behindTimeGroup)
+      station.block += crlf + TranslateReport(station.code, heading.time, mid1(report, behindTimeGroup),
+                                              program.record(), program.dictionaries());
+  });
+}
+
+void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
+  const std::vector<int> hours =
+      sequenceHours(program.services.clock.now().time(), program.record(), program.systemZoneOffset);
+  StationFiles stations(program.services, codesOf(run.request.codes), false);
+  const std::vector<QString>& codes = stations.codes();
+
+  // A file is read once for all stations; one that is missing is looked for again, as it may come meanwhile.
+  std::map<int, CycleFile> read;
+  const CycleFiles files = [&](int hour) -> const CycleFile* {
+    if (const auto known = read.find(hour); known != read.end())
+      return &known->second;
+    std::optional<QByteArray> text = wholeFile(cycleFilePath(program.services, hour));
+    if (!text)
+      return nullptr;
+    return &read.emplace(hour, CycleFile(*std::move(text), codes)).first->second;
+  };
+
+  bool latestShown = false;
+  forEachStation(run, codes, progress, [&](size_t place, StationResult& station) {
+    const std::optional<QString> latest = stations.take(place, ReportKind::Metar);
+    SequenceBlock block =
+        sequenceBlock(station.code, place, latest, hours, files, program.record(), latestShown);
+    run.missingCycleFile = run.missingCycleFile || block.missingFile;
+    station.block = std::move(block.text);
+  });
+}
+
+void gatherRecord(const Program& program, GatheredRun& run, RunProgress& progress) {
+  const std::optional<QByteArray> bytes = wholeFile(program.services.path(u"data/sequence.dat"));
+  if (!bytes) {
+    run.noRecord = true;
+    return;
+  }
+  const QString text = textOfBytes(*bytes);
+  forEachStation(run, codesOf(run.request.codes), progress, [&](size_t, StationResult& station) {
+    station.block = sequenceRecordBlock(text, station.code);
+    if (station.block.isEmpty())
+      station.block = crlf + station.code + u"  NO SEQUENCE DATA" + crlf;
+  });
+}
+
+} // namespace
+
+GatheredRun gather(Program& program, RunRequest request, RunProgress& progress) {
+  GatheredRun run{.request = std::move(request)};
+  progress.begins(run.request);
+  if (run.request.kind == RunKind::Japanese)
+    gatherTranslations(program, run, progress);
+  else if (run.request.kind != RunKind::Sequence)
+    gatherReports(program, run, progress);
+  else if (program.settings()[key::シーケンス表示] == true)
+    gatherCycles(program, run, progress);
+  else
+    gatherRecord(program, run, progress);
+  return run;
+}
+
+} // namespace soran

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/services.h"
+#include "reports/dictionaries.h"
+#include "runs/run_request.h"
+#include "runs/station_table.h"
+#include "screen/console.h"
+#include "store/tables.h"
+
+#include <memory>
+
+namespace soran {
+
+/// What all parts of a program run share: the services, the database, the terminal, and the state of the
+/// runs.
+struct Program {
+  explicit Program(Services given)
+      : services(std::move(given)), console(services.clock, tables.settings()),
+        baseUrl(services.endpoints.update) {}
+
+  Services services;
+  Tables tables;
+  Console console;
+
+  QString baseUrl;                            ///< base of the update endpoint, without trailing slash
+  bool networkAvailable = false;              ///< last known state of the connection
+  QString currentInput;                       ///< code list of the last run, with its prefix "SQ " or "JP "
+  RunMemory runMemory;                        ///< what else RL and the watch need to run it again
+  int userActs = 0;                           ///< keys and group starts so far: one holds announcements back
+  QString inputHistory = QStringLiteral(" "); ///< words typed, blank-delimited, 200 characters at most
+
+  StationTable stationTable;
+  bool cycleChanged = false; ///< the last comparison found a new report
+  QString lastCycleTime;     ///< HH:MM, local, at which the last cycle ended
+  bool lastProbeGood = true; ///< the last probe of the network watch succeeded
+  bool minimised = false;    ///< the main window is minimised
+  int watchTicks = 0;        ///< seconds since the last pass or key
+  int bufferLevel = 1;       ///< 11 minus the setting バッファ
+  int cycleDecade = 25;      ///< tens digit of the minute of the last refresh of cycle files
+  int systemZoneOffset = 0;  ///< machine's offset from UTC in whole hours, taken at start
+  QString systemZoneName;    ///< its name, without what stands in brackets
+  QString currentPrinter;    ///< chosen last; empty before any choice
+
+  Settings& settings() { return tables.settings(); }
+  const SettingsRecord& record() { return tables.settings().record(); }
+
+  /// The look-up tables of the dictionaries, made anew after an edit.
+  const Dictionaries& dictionaries() {
+    if (!dictionaries_ || dictionaryRevision_ != tables.revision()) {
+      dictionaries_ = std::make_unique<Dictionaries>(tables.airportRows(), tables.abbreviationRows(),
+                                                     tables.phraseRows());
+      dictionaryRevision_ = tables.revision();
+    }
+    return *dictionaries_;
+  }
+
+  /// The text on panel 2 that tells that the cycle stands still.
+  void showAutoDecodeStopped() { console.setPanel(2, QStringLiteral("自動デコード停止")); }
+
+ private:
+  std::unique_ptr<Dictionaries> dictionaries_;
+  int dictionaryRevision_ = 0;
+};
+
+} // namespace soran

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/services.h"
+#include "reports/layout.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace soran {
+
+/// The station files that one run asks for. While those of one station are taken, those of the next
+/// `Endpoints::ahead` stations are on the way, by the same requests: a METAR each and, where `forecasts` and
+/// the METAR is there, a TAF. The replies belong to the places of the list and go with the object.
+class StationFiles {
+ public:
+  StationFiles(const Services& services, std::vector<QString> codes, bool forecasts);
+  ~StationFiles();
+  StationFiles(const StationFiles&) = delete;
+  StationFiles& operator=(const StationFiles&) = delete;
+
+  const std::vector<QString>& codes() const { return codes_; }
+
+  /// The text of a file of the station at `place` of the list (from 0), nothing where it was refused or the
+  /// transfer failed. Waits in the event loop; throws Unwind where the program was closed. Asked once for
+  /// each file, for rising places, the TAF behind a METAR that was there.
+  std::optional<QString> take(size_t place, ReportKind kind);
+
+ private:
+  struct OnTheWay {
+    std::unique_ptr<Transfer> metar;
+    std::unique_ptr<Transfer> taf;
+  };
+  QUrl addressOf(size_t place, ReportKind kind) const;
+  void beginUpTo(size_t place);
+
+  const Services& services_;
+  std::vector<QString> codes_;
+  bool forecasts_;
+  size_t begun_ = 0; // places whose METAR was begun
+  std::vector<OnTheWay> onTheWay_;
+};
+
+} // namespace soran

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "start/launch.h"
+
+#include "imagery/sources.h"
+#include "start/demo_pictures.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<Clock> makeClock(const LaunchOptions& options) {
+  if (options.now)
+    return std::make_unique<SetClock>(*options.now);
+  return std::make_unique<SystemClock>();
+}
+
+QString userDirectory() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/soran";
+}
+
+/// The files installed with the program lie beside the folder of its executables.
+QString installed(QStringView name) {
+  return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/soran/" + name);
+}
+
+} // namespace
+
+QString programDirectory(const LaunchOptions& options) {
+  return QDir::cleanPath(
+      QDir::current().absoluteFilePath(options.home.isEmpty() ? userDirectory() : options.home));
+}
+
+std::optional<QDateTime> readInstant(const QString& text) {
+  const QDateTime instant = QDateTime::fromString(text, Qt::ISODate);
+  if (!instant.isValid() || instant.timeSpec() == Qt::LocalTime)
+    return std::nullopt;
+  return instant.toOffsetFromUtc(instant.offsetFromUtc());
+}
+
+LaunchOptions readOptions(const QStringList& arguments) {
+  LaunchOptions options;
+  qsizetype i = 0;
+  const auto value = [&](const QString& name) {
+    if (i + 1 < arguments.size())
+      return arguments[++i];
+    options.error = name + u" needs a value";
+    return QString();
+  };
+  for (; i < arguments.size() && options.error.isEmpty(); ++i) {
+    const QString& argument = arguments[i];
+    if (argument == u"--home") {
+      options.home = value(argument);
+    } else if (argument == u"--endpoints") {
+      options.endpoints = value(argument);
+      // A misspelt name must not send the program to the built-in hosts.
+      if (options.error.isEmpty() && !QFileInfo(options.endpoints).isReadable())
+        options.error = u"--endpoints: cannot read " + options.endpoints;
+    } else if (argument == u"--now") {
+      const QString text = value(argument);
+      options.now = readInstant(text);
+      if (options.error.isEmpty() && !options.now)
+        options.error = u"--now needs a date and time with its zone, such as 2026-11-24T14:20:00+09:00"_s;
+    } else if (argument == u"--demo") {
+      options.demo = true;
+    } else if (argument == u"--runs") {
+      options.runs = true;
+    } else if (argument == u"--help") {
+      options.help = true;
+    } else if (argument == u"--version") {
+      options.version = true;
+    } else if (argument == u"--") {
+      options.rest += arguments.mid(i + 1);
+      break;
+    } else if (argument.startsWith(u"--")) {
+      options.error = u"unknown option " + argument;
+    } else {
+      options.rest.append(argument);
+    }
+  }
+  return options;
+}
+
+QString optionsHelp() {
+  return u"  --home DIR        the program's directory: database, data/, sound/ (made if it does not exist)\n"
+         "  --endpoints FILE  the endpoints file (else endpoints.ini in the program's directory)\n"
+         "  --demo            the embedded endpoint serves everything: demonstration data, no weather\n"
+         "  --now ISO-8601    the clock stands at this instant, such as 2026-11-24T14:20:00+09:00\n"
+         "  --help            this text\n"
+         "  --version         the version\n"_s;
+}
+
+Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile delivered)
+    : timers_(timers), delivered_(std::move(delivered)), clock_(makeClock(options)),
+      inet_(makeNetwork(), shutdown_), inet2_(makeNetwork(), shutdown_) {
+  directory_ = programDirectory(options);
+  endpointsFile_ = options.endpoints;
+  setClock_ = options.now ? static_cast<SetClock*>(clock_.get()) : nullptr;
+  endpoints_ = Endpoints::builtIn(u"qrc:/delivered"_s);
+  for (const ImagerySource& source : imagerySources())
+    endpoints_.others.insert(source.key.toString(), source.host.toString());
+  if (options.demo) {
+    startDemo(delivered_);
+    return;
+  }
+  endpoints_ = endpoints_.overriddenBy(installed(u"endpoints.ini"));
+  endpoints_ = endpoints_.overriddenBy(options.endpoints.isEmpty() ? directory_ + u"/endpoints.ini"
+                                                                   : options.endpoints);
+}
+
+Launch::~Launch() = default;
+
+void Launch::startDemo(const DeliveredFile& delivered) {
+  server_ = std::make_unique<EndpointServer>();
+  demoData_ = std::make_unique<DemoData>(delivered(u"demo/day.tsv"_s), *clock_);
+  demoData_->serveOn(*server_);
+  for (const QString& name : {u"version.dat"_s, u"soran.mdb"_s, u"error.wav"_s, u"ring.wav"_s})
+    server_->setFile(u"/data/" + name, delivered(u"update/data/" + name));
+  const auto servePage = [&](const QString& path, const QString& name, const QByteArray& type) {
+    server_->setAnswer(path, {.body = delivered(name), .contentType = type});
+  };
+  servePage(u"/"_s, u"index.html"_s, "text/html");
+  servePage(u"/help/help.html"_s, u"help/help.html"_s, "text/html");
+  servePage(u"/help/help.css"_s, u"help/help.css"_s, "text/css");
+  servePage(u"/index2.htm"_s, u"help/index2.htm"_s, "text/html");
+  server_->start();
+  const QString base = server_->baseAddress();
+  const QString reports = base + u"/pub/data/observations/metar/";
+  endpoints_.update = base;
+  endpoints_.home = base;
+  endpoints_.metar = reports + u"stations/";
+  endpoints_.cycles = reports + u"cycles/";
+  endpoints_.taf = base + u"/pub/data/forecasts/taf/stations/";
+  serveDemoPictures(*server_, *clock_);
+  for (const ImagerySource& source : imagerySources())
+    endpoints_.others.insert(source.key.toString(), base + demoSourcePath(source.key));
+}
+
+Services Launch::services(const FrontEnd& frontEnd) {
+  return {.clock = *clock_,
+          .timers = timers_,
+          .inet = inet_,
+          .inet2 = inet2_,
+          .dialogs = frontEnd.dialogs,
+          .forms = frontEnd.forms,
+          .sounds = frontEnd.sounds,
+          .printers = frontEnd.printers,
+          .pages = frontEnd.pages,
+          .shutdown = shutdown_,
+          .waiting = frontEnd.waiting,
+          .endpoints = endpoints_,
+          .directory = directory_,
+          .deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); }};
+}
+
+void Launch::onRequest(const std::function<void(const QUrl&)>& hook) {
+  inet_.onRequest(hook);
+  inet2_.onRequest(hook);
+}
+
+} // namespace soran

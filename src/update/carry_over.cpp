@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "update/carry_over.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void carrySettings(const Tables& live, Database& database) {
+  const QString settingsTable = table::設定.toString();
+  const QStringList known = database.columns(settingsTable);
+  QStringList assignments;
+  QVariantList values;
+  for (size_t i = 0; i < settingSpecs.size(); ++i) {
+    const QString column = settingSpecs[i].column.toString();
+    // A key that the new file no longer has is left behind.
+    if (!known.contains(column))
+      continue;
+    assignments.append(quotedName(column) + u" = ?");
+    values.append(live.settings().record().value(static_cast<SettingIndex>(i)));
+  }
+  database.execute(u"UPDATE "_s + quotedName(settingsTable) + u" SET " + assignments.join(u", "), values);
+}
+
+void carryList(const RowSet& rows, Database& database) {
+  if (rows.recordCount() == 0)
+    return;
+  const QString name = quotedName(rows.table());
+  QStringList columns;
+  for (const QString& column : rows.columns())
+    columns.append(quotedName(column));
+  database.execute(u"DELETE FROM "_s + name);
+  const QString insert = u"INSERT INTO "_s + name + u" (" + columns.join(u", ") + u") VALUES (" +
+                         QStringList(columns.size(), u"?"_s).join(u", ") + u")";
+  for (int i = 0; i < rows.recordCount(); ++i) {
+    QVariantList values;
+    for (const QString& column : rows.columns())
+      values.append(rows.valueAt(i, column));
+    database.execute(insert, values);
+  }
+}
+
+} // namespace
+
+void carryOverData(const Tables& live, const QString& newFile) {
+  Database database;
+  database.open(newFile);
+  // The new file counts only once it is whole: a journal on the disk would guard nothing and costs three
+  // syncs.
+  database.query(u"PRAGMA journal_mode = MEMORY"_s);
+  Transaction transaction(database);
+  carrySettings(live, database);
+  for (const QStringView list : {table::飛行場情報, table::自動デコード, table::カンパニー, table::気象略語})
+    carryList(*live.byName(list), database);
+  transaction.commit();
+}
+
+} // namespace soran

@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "update/program_update.h"
+
+#include "base/files.h"
+#include "base/skip.h"
+#include "base/text.h"
+#include "update/carry_over.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHostAddress>
+#include <cstdio>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcUpdate, "soran.store")
+
+constexpr QStringView modulePath = u"update.exe";
+constexpr QStringView moduleAddress = u"/data/update.exe";
+constexpr QStringView databaseAddress = u"/data/soran.mdb";
+
+bool isAnswer(const Reply& reply) {
+  return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
+}
+
+QByteArray contents(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool renameOver(const QString& from, const QString& to) {
+  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+bool isUsersOwnMachine(const QUrl& endpoint) {
+  return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || endpoint.host() == u"localhost" ||
+         QHostAddress(endpoint.host()).isLoopback();
+}
+
+bool isSameVersion(double one, double other) {
+  return float(one) == float(other);
+}
+
+} // namespace
+
+EndpointVersions readVersions(QStringView text) {
+  const auto lines = text.split(u'\n');
+  const auto number = [&lines](qsizetype i) { return i < lines.size() ? leadingNumber(lines[i]) : 0; };
+  return {number(0), number(1), number(2)};
+}
+
+QString versionText(double version) {
+  return plainNumber(version, 7);
+}
+
+bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
+  const Reply reply = services_.inet.open(QUrl(baseUrl_ + remote));
+  if (!isAnswer(reply)) {
+    // An endpoint need not serve everything.
+    qCDebug(lcUpdate) << "passed over: fetching" << remote;
+    return false;
+  }
+  const bool written =
+      remote == moduleAddress ? writeModule(local, reply.body) : writeWhole(local, reply.body, true);
+  if (!written)
+    qCWarning(lcUpdate) << "passed over: writing" << local;
+  return written;
+}
+
+bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) {
+  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
+  const Reply signature = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
+  QFile::remove(local + u".sig");
+  if (isAnswer(signature) && !writeWhole(local + u".sig", signature.body, true))
+    return false;
+  return writeWhole(local, module, true);
+}
+
+bool ProgramUpdate::databaseIsReadOnly() const {
+  const QFileInfo database(services_.path(u"soran.mdb"));
+  // The mode counts for root too, who may write everything.
+  return database.exists() && !(database.isWritable() && database.permission(QFile::WriteOwner));
+}
+
+void ProgramUpdate::renewModule(double version) {
+  Settings& settings = tables_.settings();
+  if (isSameVersion(settings[key::UPDATEバージョン].value_or(0), version) || databaseIsReadOnly())
+    return;
+  const QString fetched = services_.path(u"update$.exe");
+  const QString module = services_.path(modulePath);
+  if (!fetchFile(moduleAddress.toString(), fetched) || !renameOver(fetched, module))
+    return;
+  const bool isSigned = fileExists(fetched + u".sig");
+  if (!renameOver(fetched + u".sig", module + u".sig")) {
+    QFile::remove(module + u".sig");
+    if (isSigned)
+      return;
+  }
+  passOver(lcUpdate(), "recording the version of the update module", [&] {
+    settings.set(key::UPDATEバージョン, version);
+    settings.set(key::UPDATE更新日, dateText(services_.clock));
+    settings.update();
+  });
+  if (settings[key::更新確認メッセージ] == true)
+    services_.dialogs.message(u" 更新"_s, u"自動アップデートモジュールを更新しました　　\r\n\r\nVersion " +
+                                              versionText(settings[key::UPDATEバージョン].value_or(0)));
+  services_.shutdown.check();
+}
+
+void ProgramUpdate::renewDatabase(double version) {
+  Settings& settings = tables_.settings();
+  if (isSameVersion(settings[key::DBバージョン].value_or(0), version) || databaseIsReadOnly())
+    return;
+  const QString fetched = services_.path(u"data/soran$.mdb");
+  const auto remove = qScopeGuard([&fetched] { QFile::remove(fetched); });
+  // What a copy that was killed left would be rolled back into the new file.
+  QFile::remove(fetched + u"-journal");
+  if (!fetchFile(databaseAddress.toString(), fetched))
+    return;
+  if (!isWholeDatabase(fetched) || !swapDatabase(fetched)) {
+    qCWarning(lcUpdate) << "passed over: renewing the database";
+    return;
+  }
+  if (settings[key::DBバージョン].value_or(0) == 0)
+    services_.dialogs.message(u" 確認"_s, u"データベースを初期化しました　　"_s);
+  else if (settings[key::更新確認メッセージ] == true)
+    services_.dialogs.message(u" 更新"_s,
+                              u"データベースを更新しました　　\r\n\r\nVersion " + versionText(version));
+  services_.shutdown.check();
+  passOver(lcUpdate(), "recording the version of the database", [&] {
+    settings.set(key::DBバージョン, version);
+    settings.set(key::DB更新日, dateText(services_.clock));
+    settings.update();
+  });
+}
+
+bool ProgramUpdate::swapDatabase(const QString& newFile) {
+  const QString database = services_.path(u"soran.mdb");
+  const QString backup = database + u".bak";
+  const bool carried =
+      passOver(lcUpdate(), "carrying the data over", [&] { carryOverData(tables_, newFile); });
+  if (!carried)
+    return false;
+  tables_.closeAll();
+  const QByteArray former = contents(database);
+  const bool swapped = !former.isEmpty() && writeWhole(backup, former, true) && renameOver(newFile, database);
+  passOver(lcUpdate(), "opening the database", [&] { tables_.openAllTables(database); });
+  return swapped;
+}
+
+bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& publicKey) {
+  const QString module = services.path(modulePath);
+  const QByteArray bytes = contents(module);
+  if (!services.handsOver || bytes.isEmpty())
+    return false;
+  if (!services.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services.endpoints.update)))
+    return true;
+  return signatureFits(bytes, contents(module + u".sig"), publicKey);
+}
+
+} // namespace soran

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "harness.h"
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ClockJumpTest : public ::testing::Test {
+ protected:
+  ClockJumpTest() {
+    world.prepare([](Tables& tables) {
+      storeAutoList(tables, {{u"RJTT"_s, u"羽田"_s}});
+      tables.settings().store(key::シーケンス時間, 1);
+    });
+    world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s, u"240500Z"_s);
+    world.server.setHandler(cyclesPath, [](const QUrl&) { return Answer{.body = "RJTT 240400Z\n"}; });
+  }
+  void set(const QString& instant) { world.clock = SetClock(QDateTime::fromString(instant, Qt::ISODate)); }
+
+  World world;
+  ProgramRun run{world};
+};
+
+} // namespace
+
+TEST_F(ClockJumpTest, TheCycleGoesOnAndAnnouncesANewReportOnce) {
+  const struct {
+    const char* name;
+    QString from;
+    QString to;
+    bool inPass; ///< the clock jumps in the middle of a pass
+    int wait;    ///< seconds within which a new report is on the screen
+  } jumps[] = {
+      {"an hour on", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-24T15:20:00+09:00"_s, false, 21},
+      {"an hour on in a pass", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-24T15:20:00+09:00"_s, true, 81},
+      {"over midnight", u"2026-11-24T23:50:00+09:00"_s, u"2026-11-25T00:00:30+09:00"_s, false, 24 * 3600},
+      {"over midnight in a pass", u"2026-11-24T23:50:00+09:00"_s, u"2026-11-25T00:00:30+09:00"_s, true, 121},
+      {"midnight by itself", u"2026-11-24T23:59:00+09:00"_s, u"2026-11-24T23:59:10+09:00"_s, false, 81},
+      {"the year's end by itself", u"2026-12-31T23:59:00+09:00"_s, u"2026-12-31T23:59:10+09:00"_s, false, 81},
+      {"a day on", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-25T14:20:00+09:00"_s, false, 81},
+      {"a minute back", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-24T14:19:00+09:00"_s, false, 160},
+      {"back in a pass", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-24T13:20:00+09:00"_s, true, 81},
+      {"an hour back", u"2026-11-24T14:20:00+09:00"_s, u"2026-11-24T13:20:00+09:00"_s, false, 3700},
+      {"back over midnight", u"2026-11-25T00:10:00+09:00"_s, u"2026-11-24T23:50:00+09:00"_s, false, 21},
+      {"back to the old year", u"2027-01-01T00:10:00+09:00"_s, u"2026-12-31T23:50:00+09:00"_s, false, 21},
+  };
+  ASSERT_TRUE(run.begin());
+  QString stamp = u"05:00"_s;
+  for (const auto& jump : jumps) {
+    SCOPED_TRACE(jump.name);
+    set(jump.from);
+    run.program.lastCycleTime = u"00:00"_s;
+    run.program.watchTicks = 999;
+    if (jump.inPass)
+      run.onRequest = [&](const QString& name) {
+        if (name == u"T/RJTT") {
+          run.onRequest = [](const QString&) {};
+          set(jump.to);
+        }
+      };
+    run.tick();
+    if (!jump.inPass)
+      set(jump.to);
+    stamp = stamp == u"05:00" ? u"05:30"_s : u"05:00"_s;
+    world.report(u"RJTT"_s, stamp, u"24%1Z"_s.arg(QString(stamp).remove(u':')), u"240500Z"_s);
+    world.forecast(u"RJTT"_s, u"05:00"_s, u"TAF RJTT 240500Z\n"_s);
+    run.logged();
+    run.desk.takeSeen();
+    const QString wanted = u"METAR 14"_s + stamp.mid(3) + u"I";
+    int waited = 0;
+    while (waited < jump.wait && !run.screen().contains(wanted)) {
+      run.tick();
+      ++waited;
+    }
+    EXPECT_TRUE(run.screen().contains(wanted)) << waited;
+    run.tick(180);
+    EXPECT_EQ(run.logged().count(u"RJTT METAR CHANGED"_s), 1);
+    EXPECT_EQ(run.desk.takeSeen().sounds.size(), 1);
+    EXPECT_TRUE(run.view.cycle().watchEnabled());
+  }
+}
+
+// The offset from UTC is that of the start; the time of day follows the clock.
+TEST_F(ClockJumpTest, AnotherTimeZoneShiftsTheWindowOfASequenceUntilTheNextStart) {
+  world.store([](Tables& tables) { tables.settings().store(key::LOCAL使用, false); });
+  auto first = std::make_unique<ProgramRun>(world);
+  ASSERT_TRUE(first->begin());
+  first->tick();
+  EXPECT_EQ(first->asked().filter(u"C/"_s), (QStringList{u"C/04"_s, u"C/05"_s, u"C/05"_s}));
+  set(u"2026-11-24T05:30:00+00:00"_s); // ten minutes later, in London
+  first->tick(20);
+  EXPECT_EQ(first->asked().filter(u"C/"_s), (QStringList{u"C/19"_s, u"C/20"_s, u"C/20"_s}));
+  first->type(u"RJTT"_s);
+  EXPECT_TRUE(first->screen().contains(u"RJTT  METAR 0500Z\r\n      240500Z\n"));
+  first->view.close();
+  first.reset();
+  ProgramRun next(world);
+  ASSERT_TRUE(next.begin());
+  next.tick();
+  EXPECT_EQ(next.asked().filter(u"C/"_s), (QStringList{u"C/04"_s, u"C/05"_s, u"C/05"_s}));
+}

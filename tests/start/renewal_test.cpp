@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "printing.h"
+#include "start/opening.h"
+#include "updating.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+using namespace soran;
+using namespace Qt::StringLiterals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+class RenewalTest : public ::testing::Test {
+ protected:
+  /// A start of the program; what it held is looked at behind it.
+  Opening::Result start() {
+    program = std::make_unique<Program>(desk.services());
+    Opening opening(*program);
+    const Opening::Result result = opening.start();
+    notice = opening.notice();
+    return result;
+  }
+  Settings& settings() { return program->settings(); }
+
+  Updating desk;
+  std::unique_ptr<Program> program;
+  QString notice;
+};
+
+} // namespace
+
+TEST_F(RenewalTest, TheFirstStartFetchesAllAndTellsOfTheDatabase) {
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_THAT(desk.dialogs(), ElementsAre(u" 確認 | データベースを初期化しました　　"_s));
+  EXPECT_EQ(desk.bytes(u"update.exe"_s), "module");
+  EXPECT_EQ(desk.bytes(u"update.exe.sig"_s), "signature");
+  EXPECT_EQ(desk.bytes(u"sound/error.wav"_s), "sound");
+  EXPECT_EQ(desk.bytes(u"sound/ring.wav"_s), "sound");
+  EXPECT_EQ(program->record().value(SettingIndex::SORANバージョン).toString(), u"4.31");
+  EXPECT_EQ(settings()[key::SORAN更新日], u"2026/11/24"_s);
+  EXPECT_EQ(settings()[key::UPDATEバージョン], 1.0);
+  EXPECT_EQ(settings()[key::DBバージョン], 1.0);
+  EXPECT_EQ(settings()[key::DB更新日], u"2026/11/24"_s);
+  EXPECT_EQ(settings()[key::BASEurl], desk.server.baseAddress());
+  EXPECT_EQ(notice, QString());
+
+  desk.server.clearRequests();
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_THAT(desk.server.requests(), ElementsAre(u"/data/version.dat"_s, u"/data/server.dat"_s));
+  EXPECT_THAT(desk.dialogs(), IsEmpty());
+}
+
+TEST_F(RenewalTest, ANewerDatabaseKeepsTheUsersRows) {
+  ASSERT_EQ(start(), Opening::Result::Started);
+  program->tables.rewrite(table::カンパニー, {{1, u"MINE"_s, u"RJTT"_s}});
+  program->tables.rewrite(table::自動デコード, {});
+  settings().store(key::雲高1, 4321);
+  settings().store(key::更新確認メッセージ, true);
+  desk.dialogs();
+  desk.server.setFile(u"/data/soran.mdb"_s, desk.database([](Tables& t) {
+    t.rewrite(table::自動デコード, {{1, u"RJAA"_s, u"成田"_s}});
+    t.rewrite(table::日本語解析, {{1, u"NEW"_s, u"新"_s}});
+  }));
+  desk.setVersions("4.31\n1.00\n1.10\n");
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_THAT(desk.dialogs(), ElementsAre(u" 更新 | データベースを更新しました　　\r\n\r\nVersion 1.1"_s));
+  EXPECT_THAT(program->tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
+  EXPECT_THAT(program->tables.autoRows(), ElementsAre(Airport{u"RJAA"_s, u"成田"_s}));
+  EXPECT_THAT(program->tables.phraseRows(), ElementsAre(DictionaryEntry{u"NEW"_s, u"新"_s}));
+  EXPECT_EQ(settings()[key::雲高1], 4321);
+  EXPECT_EQ(settings()[key::DBバージョン].value_or(0), 1.1);
+}
+
+TEST_F(RenewalTest, ADeclinedUpdateRecordsTheVersionAgain) {
+  ASSERT_EQ(start(), Opening::Result::Started);
+  settings().store(key::SORANバージョン, 0.0);
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_EQ(settings()[key::SORANバージョン], 4.31);
+}
+
+TEST_F(RenewalTest, WithoutTheVersionFileTheProgramEnds) {
+  for (const QByteArray& answer : {QByteArray(), QByteArray("<html>")}) {
+    desk.setVersions(answer);
+    EXPECT_EQ(start(), Opening::Result::NoNetwork);
+    EXPECT_THAT(desk.desk.takeSeen().forms, ElementsAre(QJsonValue(u"noconnectmsg"_s)));
+    EXPECT_FALSE(fileExists(desk.path(u"soran.mdb"_s)));
+  }
+}
+
+TEST_F(RenewalTest, VersionsThatAreMissingCountAsZero) {
+  ASSERT_EQ(start(), Opening::Result::Started);
+  desk.dialogs();
+  desk.setVersions("4.31\n");
+  for (int times = 0; times < 2; ++times) {
+    ASSERT_EQ(start(), Opening::Result::Started);
+    EXPECT_EQ(settings()[key::DBバージョン], 0.0);
+    EXPECT_EQ(settings()[key::UPDATEバージョン], 0.0);
+  }
+}
+
+TEST_F(RenewalTest, OnlyAnAddressIsTakenFromTheServer) {
+  const QString own = desk.server.baseAddress();
+  const struct {
+    QByteArray answer;
+    QString address;
+  } cases[] = {
+      {"http://127.0.0.1:1", u"http://127.0.0.1:1"_s},
+      {"https://soran.example/a", u"https://soran.example/a"_s},
+      {"https://soran.example\r\n", u"https://soran.example"_s},
+      {"file:///srv/soran", u"file:///srv/soran"_s},
+      {"", own},
+      {"<html>", own},
+      {"  \n", own},
+      {"http://a.example\nhttp://b.example", own},
+      {"http://a.example\r\nX: y", own},
+      {"ftp://soran.example", own},
+      {"javascript:alert(1)", own},
+      {"soran.example", own},
+      {"http://", own},
+      {"http://soran.example/", own},
+      {"http://a b", own},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.answer.toStdString());
+    desk.server.setFile(u"/data/server.dat"_s, c.answer);
+    ASSERT_EQ(start(), Opening::Result::Started);
+    EXPECT_EQ(program->baseUrl, c.address);
+    EXPECT_EQ(settings()[key::BASEurl], c.address);
+  }
+  desk.server.setDelivery(u"/data/server.dat"_s, {.cutHead = true});
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_EQ(program->baseUrl, own);
+}
+
+TEST_F(RenewalTest, ADamagedDatabaseIsAnsweredWithTheBackupThenWithTheDelivered) {
+  ASSERT_EQ(start(), Opening::Result::Started);
+  program->tables.rewrite(table::カンパニー, {{1, u"MINE"_s, u"RJTT"_s}});
+  settings().store(key::DBバージョン, 0.0);
+  ASSERT_EQ(start(), Opening::Result::Started); // leaves a backup
+  program.reset();
+  const QString database = desk.path(u"soran.mdb"_s);
+  const QByteArray damaged = desk.bytes(u"soran.mdb"_s).first(9000);
+  writeWhole(database, damaged);
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_EQ(notice, u"DATABASE RESTORED FROM BACKUP");
+  EXPECT_THAT(program->tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
+  EXPECT_EQ(desk.bytes(u"soran.mdb.damaged"_s), damaged);
+  program.reset();
+  // A journal without its database would be rolled back into what comes in its place.
+  QFile::remove(database);
+  writeWhole(database + u"-journal", "what a killed write left");
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_EQ(notice, u"DATABASE RESTORED FROM BACKUP");
+  EXPECT_EQ(desk.bytes(u"soran.mdb.damaged2-journal"_s), "what a killed write left");
+  program.reset();
+  writeWhole(database, "gone");
+  QFile::remove(database + u".bak");
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_EQ(notice, u"DATABASE RESTORED FROM DELIVERED FILE");
+  EXPECT_NE(program->tables.groupRows().size(), 1);
+}
