@@ -21,6 +21,7 @@ struct WeatherWord {
 };
 
 /// Present weather (WMO No. 306, code table 4678), the words of good weather, and the signs of intensity.
+// clang-format off: a word more is a line of the change, not the whole table.
 inline constexpr WeatherWord weatherWords[] = {
     {u"VC"},   {u"MI"}, {u"BC"}, {u"PR"},    {u"DR"},    {u"BL"},  {u"SH"},  {u"TS"},  {u"FZ"},
     {u"DZ"},   {u"RA"}, {u"SN"}, {u"SG"},    {u"IC"},    {u"PL"},  {u"GR"},  {u"GS"},  {u"BR"},
@@ -28,6 +29,7 @@ inline constexpr WeatherWord weatherWords[] = {
     {u"SS"},   {u"DS"}, {u"RE"}, {u"CAVOK"}, {u"NOSIG"}, {u"SKC"}, {u"NSC"}, {u"NSW"}, {u"WS", Emphasis::Red},
     {u"RI++"}, {u"-"},  {u"+"},
 };
+// clang-format on
 
 /// The clouds of thunderstorms.
 inline constexpr WeatherWord stormClouds[] = {
@@ -76,13 +78,24 @@ inline constexpr qsizetype loadingLength = 30;
 inline constexpr QStringView freeSign = u" -";
 
 /// Words that hold a painted word by chance and get the colour of the text back.
+// clang-format off
 inline constexpr QStringView restoredWords[] = {
-    u"SAVE",     u"DISABLED", u"BLW",         u"FCST",     u"FORECAST",    u"FORECASTS", u"COMPLETED",
-    u"AIRPORT",  u"PRESS",    u"PRINT",       u"READY",    u"OBSERVATION", u"OVC",       u"TEMPO",
-    u"GROUP",    u"SCHEDULE", u"SS ",         u"POSITION", u"RESET",       u"REDUCE",    u"TSNO",
-    u"ISSUED",   u"FBL",      u"TRANSLATION", freeSign,    u"SAND",        u"RAB",       u"SNB",
-    u"DZB",      u"TSB",      u"RAE",         u"SNE",      u"DZE",         u"TSE",       u"RECONNECT",
-    u"ELV 1220", u"N-",       u"E-",          u"W-",       u"S-",
+    u"SAVE", u"DISABLED",
+    u"BLW", u"FCST", u"FORECAST", u"FORECASTS",
+    u"COMPLETED", u"AIRPORT", u"PRESS", u"PRINT", u"READY", u"OBSERVATION",
+    u"OVC", u"TEMPO",
+    u"GROUP", u"SCHEDULE", u"SS ", u"POSITION", u"RESET", u"REDUCE",
+    u"TSNO",
+    u"ISSUED",
+    u"FBL",
+    u"TRANSLATION",
+    freeSign,
+    u"SAND",
+    u"RAB", u"SNB", u"DZB", u"TSB", u"RAE", u"SNE", u"DZE", u"TSE",
+    u"RECONNECT",
+    u"ELV 1220",
+    u"N-", u"E-", u"W-", u"S-",
 };
+// clang-format on
 
 } // namespace soran::colouring
