@@ -217,11 +217,11 @@ TEST_F(CliTest, SessionTellsThePathsOfAFolder) {
   const QString folder = world.path(u"endpoint"_s);
   ASSERT_TRUE(QDir().mkpath(folder + u"/data"));
   writeWhole(folder + u"/data/version.dat", "4.31\n0.00\n0.00\n");
-  writeWhole(world.path(u"endpoints.ini"_s),
-             "[endpoints]\nupdate=" + QUrl::fromLocalFile(folder).toEncoded() + '\n');
+  const QUrl address = QUrl::fromLocalFile(folder);
+  writeWhole(world.path(u"endpoints.ini"_s), "[endpoints]\nupdate=" + address.toEncoded() + '\n');
   Cli session(with({u"session"_s}));
   const QStringList requests = textsOf(session.receive()[u"requests"].toArray());
-  EXPECT_EQ(requests.value(0), folder + u"/data/version.dat");
+  EXPECT_EQ(requests.value(0), address.path(QUrl::FullyEncoded) + u"/data/version.dat");
   session.end();
 }
 

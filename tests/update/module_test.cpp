@@ -21,8 +21,9 @@ namespace {
 
 /// A program that tells in a file how it was started, as `name` version.
 QByteArray script(const QByteArray& name, const QString& report) {
-  return "#!/bin/sh\necho " + name + " $SORAN_UPDATE_OUTCOME $SORAN_PROGRAM \"$@\" > " + report.toUtf8() +
-         ".part && mv " + report.toUtf8() + ".part " + report.toUtf8() + "\n";
+  const QByteArray file = '\'' + report.toUtf8().replace("'", "'\\''") + '\'';
+  return "#!/bin/sh\nfile=" + file + "\necho " + name +
+         " $SORAN_UPDATE_OUTCOME $SORAN_PROGRAM \"$@\" > \"$file.part\" && mv \"$file.part\" \"$file\"\n";
 }
 
 class ModuleTest : public ::testing::Test {
