@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QList>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -30,9 +31,14 @@ class ModalSteps {
     schedule();
     QWidget* window = QApplication::activeModalWidget();
     if (window && !done()) {
+      // On a slow machine the turn of the following step may come in the middle of this one.
+      if (under_.contains(window))
+        return;
       // Without a window manager nobody else gives a window the focus.
       QApplication::setActiveWindow(window);
+      under_.append(window);
       steps_[next_++](*window);
+      under_.removeLast();
     } else if (window && ++surplus_ > 50) {
       window->close();
     }
@@ -40,6 +46,7 @@ class ModalSteps {
 
   std::vector<Step> steps_;
   size_t next_ = 0;
+  QList<QWidget*> under_; ///< the windows in which a step goes on
   int surplus_ = 0;
   QObject context_;
 };
