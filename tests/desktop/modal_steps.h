@@ -30,12 +30,13 @@ class ModalSteps {
   void next() {
     schedule();
     QWidget* window = QApplication::activeModalWidget();
-    if (window && !done()) {
-      // On a slow machine the turn of the following step may come in the middle of this one.
-      if (under_.contains(window))
-        return;
-      // Without a window manager nobody else gives a window the focus.
-      QApplication::setActiveWindow(window);
+    // On a slow machine the turn of the following step may come in the middle of this one.
+    if (window && under_.contains(window))
+      return;
+    if (window && !done() && !window->isActiveWindow()) {
+      // Without a window manager nobody else gives a window the focus; it comes with a later turn.
+      window->activateWindow();
+    } else if (window && !done()) {
       under_.append(window);
       steps_[next_++](*window);
       under_.removeLast();
