@@ -139,10 +139,13 @@ Opening::Result Opening::openDatabase() {
     return failed(Result::OtherFormat,
                   u"データベースの形式が異なるため、開くことができません: " + databasePath());
   }
-  // A database that another process holds for a while is not to be replaced by an older one.
-  if (why != StoreError::Kind::Busy && restoreDatabase() && open())
+  // One that cannot be opened just now, held by another process or not to be read, is whole for all that is
+  // known, and is not to be replaced by an older one.
+  const bool isLost = !fileExists(databasePath()) || why == StoreError::Kind::Corrupt ||
+                      why == StoreError::Kind::NotADatabase || why == StoreError::Kind::Other;
+  if (isLost && restoreDatabase() && open())
     return Result::Started;
-  return failed(Result::NoDatabase, u"データベースを開けません"_s);
+  return failed(Result::NoDatabase, u"データベースを開けません: " + databasePath());
 }
 
 QString Opening::restorationSource(const QString& target) {
