@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utf8_locale.h"
 #include "base/version.h"
 #include "cli/batch.h"
 #include "cli/exchange_call.h"
@@ -74,6 +75,7 @@ int runCall(LaunchOptions options, QFile& output, QFile& errors) {
 } // namespace
 
 int main(int argc, char** argv) {
+  useUtf8();
   QCoreApplication app(argc, argv);
   QCoreApplication::setApplicationName(u"soran"_s);
   QFile output;

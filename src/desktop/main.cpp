@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utf8_locale.h"
 #include "base/version.h"
 #include "delivered.h"
 #include "desktop/desktop.h"
@@ -55,6 +56,7 @@ int main(int argc, char** argv) {
   const LaunchOptions options = optionsOf(argc, argv);
   if (const std::optional<int> status = answerWithoutWindow(options))
     return *status;
+  useUtf8();
   QApplication app(argc, argv);
   QApplication::setApplicationName(u"soran"_s);
   QApplication::setQuitOnLastWindowClosed(false);

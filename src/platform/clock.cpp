@@ -17,7 +17,10 @@ QString SystemClock::zoneName() const {
 }
 
 QString SetClock::zoneName() const {
-  return QTimeZone(now_.offsetFromUtc()).displayName(QTimeZone::DaylightTime, QTimeZone::LongName);
+  const QString name =
+      QTimeZone(now_.offsetFromUtc()).displayName(QTimeZone::DaylightTime, QTimeZone::LongName);
+  // Newer releases of Qt tell minutes where there are none.
+  return name.endsWith(u":00") ? name.chopped(3) : name;
 }
 
 QString offsetText(int hours) {

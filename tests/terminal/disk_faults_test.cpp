@@ -191,37 +191,30 @@ TEST(UnopenableDatabase, IsNotReplacedByAnOlderOne) {
   const struct {
     const char* what;
     std::function<void(const QString&)> spoil;
-    std::function<void(const QString&)> mend;
   } cases[] = {
-      {"unreadable", [](const QString& path) { QFile::setPermissions(path, {}); },
-       [](const QString& path) { QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner); }},
-      {"a folder in the journal's place", [](const QString& path) { QDir().mkdir(path + u"-journal"); },
-       [](const QString& path) { QDir().rmdir(path + u"-journal"); }},
-      {"a folder in the log's place", [](const QString& path) { QDir().mkdir(path + u"-wal"); },
-       [](const QString& path) { QDir().rmdir(path + u"-wal"); }},
+      {"unreadable", [](const QString& path) { QFile::setPermissions(path, {}); }},
+      {"a folder in the journal's place", [](const QString& path) { QDir().mkdir(path + u"-journal"); }},
+      {"a folder in the log's place", [](const QString& path) { QDir().mkdir(path + u"-wal"); }},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     World world;
     prepareOwn(world);
     const QString path = world.path(u"soran.mdb"_s);
-    QFile::copy(world.path(u"soran.mdb"_s), path + u".bak");
+    QFile::copy(path, path + u".bak");
     world.store([](Tables& tables) { tables.settings().store(key::雲高1, 4321); });
     const QByteArray bytes = contents(path);
     {
       const OrdinaryUser user;
       c.spoil(path);
       ProgramRun run(world);
-      // What can be read all the same is used; what cannot stays where it is.
-      if (!run.start()) {
-        EXPECT_EQ(run.result, Opening::Result::NoDatabase);
-        EXPECT_TRUE(run.opening.failure().contains(path));
-      }
-      run.view.close();
+      EXPECT_FALSE(run.start());
+      EXPECT_EQ(run.result, Opening::Result::NoDatabase);
+      EXPECT_TRUE(run.opening.failure().contains(path));
     }
-    c.mend(path);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_TRUE(contents(path) == bytes);
     EXPECT_FALSE(fileExists(path + u".damaged"));
-    world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::雲高1], 4321); });
   }
 }
 
