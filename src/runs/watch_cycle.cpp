@@ -238,8 +238,8 @@ QString WatchCycle::announceChanges(int acts) {
   }
   if (program_.settings()[key::印刷更新時印刷] == true) {
     // A key during the sound takes the print out of its window.
-    const QString behind = printing_.printScreen(acts == program_.userActs ? Printing::Cause::Cycle
-                                                                           : Printing::Cause::DisturbedCycle);
+    QString behind = printing_.printScreen(acts == program_.userActs ? Printing::Cause::Cycle
+                                                                     : Printing::Cause::DisturbedCycle);
     console.appendScreen(crlf.toString());
     return behind;
   }

@@ -182,7 +182,7 @@ void Database::attach(const QString& path, const QString& name) {
   stateCipher(quotedName(name));
 }
 
-void Database::stateCipher(const QString& schema) {
+void Database::stateCipher(const QString& schema) const {
   for (const QString& statement : cipher::parameters(schema))
     query(statement);
 }

@@ -73,7 +73,7 @@ class Database {
 
  private:
   /// Tells the library the parameters of a file whose key it has just got.
-  void stateCipher(const QString& schema);
+  void stateCipher(const QString& schema) const;
 
   struct Closer {
     void operator()(sqlite3* handle) const;
