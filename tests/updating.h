@@ -71,6 +71,7 @@ class Updating {
             .shutdown = shutdown,
             .waiting = waiting,
             .endpoints = endpoints,
+            .demonstration = demonstration,
             .directory = home(),
             .deliveredDatabase = [] { return delivered(); }};
   }
@@ -96,6 +97,7 @@ class Updating {
   };
 
   EndpointServer server;
+  bool demonstration = false;
   Endpoints endpoints;
   Headless desk;
   Waiter waiting;

@@ -308,14 +308,16 @@ void MainWindow::appear() {
 }
 
 // A compositor tells neither that a window was minimised nor that it is back: it is from the button on its
-// frame on, until it has the keys again.
+// frame on, until it has the keys again. The toolkit meanwhile forgets that it was maximised.
 void MainWindow::hearOfMinimising() {
+  shownState_ = windowHandle()->windowStates();
   connect(windowHandle(), &QWindow::windowStateChanged, this, [this](Qt::WindowState state) {
-    if (state != Qt::WindowMinimized || released_)
+    if (minimised_ || released_)
       return;
-    // The button asks for a window that is minimised and no more maximised.
-    stateBefore_ = windowState() & ~Qt::WindowMinimized;
-    setMinimised(true);
+    if (state == Qt::WindowMinimized)
+      setMinimised(true);
+    else
+      shownState_ = state;
   });
   connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* focused) {
     if (focused && focused == windowHandle())
@@ -326,7 +328,8 @@ void MainWindow::hearOfMinimising() {
 void MainWindow::comeBack() {
   if (!minimised_ || released_)
     return;
-  windowHandle()->setWindowStates(stateBefore_);
+  setWindowState(shownState_);
+  windowHandle()->setWindowStates(shownState_);
   setMinimised(false);
 }
 

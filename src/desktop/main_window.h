@@ -107,7 +107,7 @@ class MainWindow : public QMainWindow {
   QTimer* telling_;
   QString told_;
   bool minimised_ = false;
-  Qt::WindowStates stateBefore_; ///< of a window that was minimised
+  Qt::WindowStates shownState_; ///< while it was not minimised
   bool released_ = false;
 };
 

@@ -30,8 +30,9 @@ struct Services {
   Shutdown& shutdown;
   Waiting& waiting;
   Endpoints endpoints;
-  bool handsOver = true; ///< a new version may end this run, for the update module to run
-  QString directory;     ///< the program's directory, without trailing slash
+  bool handsOver = true;      ///< a new version may end this run, for the update module to run
+  bool demonstration = false; ///< the embedded endpoint serves everything
+  QString directory;          ///< the program's directory, without trailing slash
   /// The delivered database, for a start that finds no other; may be empty.
   std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
 

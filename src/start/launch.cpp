@@ -156,6 +156,7 @@ Services Launch::services(const FrontEnd& frontEnd) {
           .shutdown = shutdown_,
           .waiting = frontEnd.waiting,
           .endpoints = endpoints_,
+          .demonstration = demo(),
           .directory = directory_,
           .deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); }};
 }

@@ -204,6 +204,9 @@ void Opening::renewFiles() {
   if (versionText_.isEmpty())
     return;
   const EndpointVersions versions = readVersions(versionText_);
+  // A newcomer's demonstration begins with its terminal and not with a notice about a database it just made.
+  if (firstStart_ && program_.services.demonstration)
+    update_.recordDatabase(versions.database);
   update_.renewModule(versions.module);
   // A database that lies elsewhere for this run is not the one to renew.
   if (!spare_)

@@ -132,6 +132,11 @@ void ProgramUpdate::renewDatabase(double version) {
     services_.dialogs.message(u" 更新"_s,
                               u"データベースを更新しました　　\r\n\r\nVersion " + versionText(version));
   services_.shutdown.check();
+  recordDatabase(version);
+}
+
+void ProgramUpdate::recordDatabase(double version) {
+  Settings& settings = tables_.settings();
   passOver(lcUpdate(), "recording the version of the database", [&] {
     settings.set(key::DBバージョン, version);
     settings.set(key::DB更新日, dateText(services_.clock));

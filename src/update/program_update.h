@@ -38,6 +38,9 @@ class ProgramUpdate {
   /// as soran.mdb.bak. At every moment there is a whole database.
   void renewDatabase(double version);
 
+  /// Notes that the database is of this version, as of today.
+  void recordDatabase(double version);
+
   /// True where the update module exists and may be run: signed with the program's key, or from the user's
   /// own machine (a folder, or loopback) unless signatures are asked for there too.
   static bool moduleMayRun(const Services& services, const QByteArray& publicKey = builtInPublicKey());

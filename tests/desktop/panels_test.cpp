@@ -32,15 +32,8 @@ class PanelTest : public WindowTest {
     return *qobject_cast<Widget*>(desktop_->forms().widget(form));
   }
 
-  /// The demonstration tells first that it made its database.
   void startDemo() {
     options_.demo = true;
-    QTimer acknowledge;
-    QObject::connect(&acknowledge, &QTimer::timeout, [] {
-      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-        box->accept();
-    });
-    acknowledge.start(50);
     start();
   }
 

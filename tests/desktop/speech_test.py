@@ -139,8 +139,12 @@ STEPS = [
     ("the next report alone", lambda: typed("rjcc"), [
         *echo("rjcc"), r"notification \*\*\* RJCC - (?!.*RJTT).* RJCC METAR .* RJCC TAF .*" + READY]),
     ("an error", lambda: typed("rj1"), [*echo("rj1"), "notification SYNTAX ERROR " + READY]),
+    ("a notice", lambda: typed("reset"), [
+        *echo("reset"), any_order("notification DATABASE RESET SEQUENCE COMPLETED " + READY,
+                                  "alert 確認\nデータベース リセット シーケンスを設定しました SORAN を再起動してください\nOK" + BUTTON)]),
+    ("its end", lambda: strike(RETURN), ["return", *WINDOW, READY, *HINT]),
     ("a line by its key", lambda: strike(UP), ["blank"]),
-    ("the line above", lambda: strike(UP), ["SYNTAX ERROR"]),
+    ("the line above", lambda: strike(UP), ["DATABASE RESET SEQUENCE COMPLETED"]),
     ("a list editor", lambda: typed("gp"), [
         *echo("gp"), any_order("notification " + READY, "\n".join(EDITOR))]),
     ("its first row", lambda: strike(DOWN), ["TTAH", "RJTT ROAH"]),
@@ -152,19 +156,23 @@ STEPS = [
         "escape", *EDITOR]),
     ("a button of the editor", lambda: strike(TAB), ["tab", "追加" + BUTTON, "Ins"]),
     ("back to the screen", lambda: strike(ESCAPE), BACK),
+    ("the settings", lambda: typed("op"), ["x"]),
+    ("s2", lambda: strike(TAB), ["x"]),
+    ("s3", lambda: strike(0x20), ["x"]),
+    ("s4", lambda: strike(TAB), ["x"]),
+    ("s5", lambda: strike(0xff53), ["x"]),
+    ("s6", lambda: strike(TAB), ["x"]),
+    ("s7", lambda: strike(ESCAPE), ["x"]),
 ]
 
 
 def starts(ear):
-    """The notice of the first start, then the window and the first run."""
+    """The window and the first run."""
     if not ear.hear("the reader starts", ["Screen reader on"]):
         raise Unheard("the reader did not start")
     start("soran", PROGRAM, "--demo", "--now", "2026-11-24T14:20:00+09:00", "--home", str(FOLDER / "soran"))
-    fits = ear.hear("the notice of the first start", [
-        "alert 確認", "データベースを初期化しました", "OK" + BUTTON])
-    strike(RETURN)
     return ear.hear("the window and the first run", [
-        "return", *WINDOW, *HINT, "(notification SYSTEM INITIALIZED.*\n)?" + r"notification .*\*\*\* AUTO DECODE - .*" + READY]) and fits
+        *WINDOW, *HINT, "(notification SYSTEM INITIALIZED.*\n)?" + r"notification .*\*\*\* AUTO DECODE - .*" + READY])
 
 
 def main():

@@ -155,7 +155,6 @@ class Session(unittest.TestCase):
         cls.log = runtime / "soran.log"
         with open(cls.log, "wb") as log:
             cls.program = cls.begin([PROGRAM, "--demo", "--home", cls.home], env=environment, stderr=log)
-        cls.wait("the notice of the first start", lambda: cls.find(name="OK")).queryAction().doAction(0)
         cls.screen = cls.wait("the screen", lambda: cls.find(name="画面", role=pyatspi.ROLE_TEXT))
         cls.wait("the prompt", lambda: "READY / PRESS ESC TO EXIT" in cls.text())
         cls.window = cls.wait("the window", lambda: cls.find(role=pyatspi.ROLE_FRAME))

@@ -54,6 +54,18 @@ TEST_F(RenewalTest, TheFirstStartFetchesAllAndTellsOfTheDatabase) {
   EXPECT_THAT(desk.dialogs(), IsEmpty());
 }
 
+TEST_F(RenewalTest, ADemonstrationBeginsWithoutANoticeAndIsRenewedAsAnyOther) {
+  desk.demonstration = true;
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_THAT(desk.dialogs(), IsEmpty());
+  EXPECT_EQ(settings()[key::DBバージョン], 1.0);
+  EXPECT_FALSE(fileExists(desk.path(u"soran.mdb.bak"_s)));
+  desk.setVersions("4.31\n1.00\n1.10\n");
+  settings().store(key::更新確認メッセージ, true);
+  ASSERT_EQ(start(), Opening::Result::Started);
+  EXPECT_THAT(desk.dialogs(), ElementsAre(u" 更新 | データベースを更新しました　　\r\n\r\nVersion 1.1"_s));
+}
+
 TEST_F(RenewalTest, ANewerDatabaseKeepsTheUsersRows) {
   ASSERT_EQ(start(), Opening::Result::Started);
   program->tables.rewrite(table::カンパニー, {{1, u"MINE"_s, u"RJTT"_s}});
