@@ -12,7 +12,7 @@
 #include "printing.h"
 #include "start/opening.h"
 #include "support/own_folder.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDir>
 #include <QJsonObject>
@@ -118,8 +118,8 @@ class ProgramRun {
     result = opening.start();
     if (result != Opening::Result::Started)
       return false;
-    view.guarded([this] { view.start(opening.notice()); });
-    return !view.ended();
+    terminal.guarded([this] { terminal.start(opening.notice()); });
+    return !terminal.ended();
   }
   /// As start(), and what it wrote and asked is forgotten.
   bool begin() {
@@ -133,11 +133,11 @@ class ProgramRun {
 
   void keys(const QString& characters) {
     for (const QChar c : characters)
-      view.handleKey(c);
+      terminal.handleKey(c);
   }
   void type(const QString& line) { keys(line + u'\r'); }
   void tick(int seconds = 1) {
-    for (int i = 0; i < seconds && !view.ended(); ++i) {
+    for (int i = 0; i < seconds && !terminal.ended(); ++i) {
       world.clock.advance(1);
       timers.step();
     }
@@ -174,7 +174,7 @@ class ProgramRun {
   LoopWaiting waiting{shutdown};
   Program program;
   Opening opening{program};
-  View view{program};
+  Terminal terminal{program};
   Opening::Result result = Opening::Result::NoDirectory;
   /// Called with each request as `asked` names it, before it is sent.
   std::function<void(const QString&)> onRequest = [](const QString&) {};

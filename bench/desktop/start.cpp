@@ -56,7 +56,7 @@ int startWindow(const QString& home) {
   std::printf("%lld %lld %.1f\n", static_cast<long long>(paint.seen), static_cast<long long>(ready),
               figuresOf(getpid()).peak);
   std::fflush(stdout);
-  desktop.view().close();
+  desktop.terminal().close();
   return 0;
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "start/hand_over.h"
+#include "terminal/first_activation.h"
 #include "terminal/picture_lookup.h"
 
 #include <QEventLoop>
@@ -22,16 +23,16 @@ constexpr qsizetype logRowsShown = 20;
 
 /// Types what is missing so that the program's typed line becomes `line`; other keys than characters do not
 /// come from a line.
-void typeInto(View& view, const QString& line) {
-  const Console& console = view.program().console;
+void typeInto(Terminal& terminal, const QString& line) {
+  const Console& console = terminal.program().console;
   QString wanted;
   std::copy_if(line.begin(), line.end(), std::back_inserter(wanted),
                [](QChar c) { return c >= u' ' && c != u'\x7F'; });
   while (!wanted.startsWith(console.inputlbl()))
-    view.handleKey(u'\b');
+    terminal.handleKey(u'\b');
   for (const QChar c : wanted.mid(console.inputlbl().size()))
-    view.handleKey(c);
-  view.handleKey(u'\r');
+    terminal.handleKey(c);
+  terminal.handleKey(u'\r');
 }
 
 } // namespace
@@ -39,7 +40,8 @@ void typeInto(View& view, const QString& line) {
 Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, TerminalStyle style)
     : output_(editor_, style), launch_(options, timers_, std::move(delivered)), waiting_(launch_.shutdown()),
       desk_(output_, launch_.shutdown()),
-      program_(launch_.services({desk_, desk_, desk_, printers_, desk_, waiting_})), view_(program_) {
+      program_(launch_.services({desk_, desk_, desk_, printers_, desk_, waiting_})), view_(program_),
+      terminal_(view_.terminal()) {
   const QByteArray demo = launch_.demo() ? "DEMONSTRATION DATA " : "";
   editor_.setPrompt(demo + "> ", [this](const std::optional<QString>& line) {
     if (line)
@@ -61,8 +63,8 @@ Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, 
   // The pane closes when it has come up.
   desk_.onPane = [this] { emit paneShown(); };
   connect(
-      this, &Interactive::paneShown, this, [this] { view_.guarded([this] { view_.pane().close(); }); },
-      Qt::QueuedConnection);
+      this, &Interactive::paneShown, this,
+      [this] { terminal_.guarded([this] { terminal_.pane().close(); }); }, Qt::QueuedConnection);
 }
 
 int Interactive::run() {
@@ -83,10 +85,10 @@ int Interactive::run() {
   connectConsole();
   output_.tell(u"ENTER A COMMAND OR STATION CODES. EXIT, ESC ESC OR CTRL-D ENDS THE PROGRAM."_s, Look::Dim);
   emit editor_.promptWanted();
-  view_.guarded([&] { view_.start(opening->notice()); });
-  if (!view_.ended())
+  terminal_.guarded([&] { terminal_.start(opening->notice()); });
+  if (!terminal_.ended())
     loop.exec();
-  if (!view_.updaterRequested())
+  if (!terminal_.updaterRequested())
     return 0;
   opening.reset(); // the module waits for the program to let go of its directory
   output_.tell(u"THE UPDATE MODULE TAKES OVER"_s, Look::Bold);
@@ -105,19 +107,19 @@ int Interactive::failedStart(const Opening& opening, Opening::Result result) {
 
 void Interactive::end() {
   if (started_)
-    view_.close();
+    terminal_.close();
   else
     launch_.shutdown().request();
 }
 
 void Interactive::enterLine(const QString& line) {
-  if (view_.ended())
+  if (terminal_.ended())
     return;
   output_.noteTypedLine();
   LineEditor::remember(line);
   offered_.clear();
-  typeInto(view_, line);
-  if (!view_.ended())
+  typeInto(terminal_, line);
+  if (!terminal_.ended())
     offerRest();
 }
 
@@ -137,7 +139,7 @@ void Interactive::connectConsole() {
   connect(&console.status(), &StatusBar::changed, this, &Interactive::followStatus);
   connect(&console, &Console::overlayChanged, this, [this] {
     if (program_.console.overlay())
-      output_.tell(view_.banner());
+      output_.tell(bannerText(program_.record()));
   });
   // Typing holds the automatic cycle off, though the line comes to the program as a whole.
   connect(&editor_, &LineEditor::keyPressed, this, [this] { program_.watchTicks = 0; });
@@ -168,7 +170,7 @@ void Interactive::tellSlowRun() {
   const Console& console = program_.console;
   // A list that says LOADING grows before the user's eyes.
   const bool loading = linesOf(console.screen().text()).constLast().startsWith(u"LOADING");
-  if (console.busy() && program_.runMemory.enterTyped && !loading && !view_.ended())
+  if (console.busy() && program_.runMemory.enterTyped && !loading && !terminal_.ended())
     output_.tell(console.status().panel2() + u" ...", Look::Dim);
 }
 

@@ -50,6 +50,7 @@ class Interactive final : public QObject {
   CupsPrinters printers_;
   Program program_;
   View view_;
+  Terminal& terminal_;
   QTimer slow_; // runs out where a run takes long
   bool started_ = false;
   QString offered_; // the rest of the typed line that the core kept, as it was shown

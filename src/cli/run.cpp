@@ -5,7 +5,7 @@
 #include "cli/headless.h"
 #include "start/opening.h"
 #include "terminal/picture_lookup.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 namespace soran {
 
@@ -18,7 +18,7 @@ class Typist final : public Waiting {
  public:
   Typist(const QStringList& lines, Shutdown& shutdown) : lines_(lines), shutdown_(shutdown) {}
 
-  void typeNext(View& target) {
+  void typeNext(Terminal& target) {
     const QString line = next_ < lines_.size() ? lines_[next_] : QString();
     ++next_;
     for (const QChar c : line)
@@ -29,12 +29,12 @@ class Typist final : public Waiting {
 
   void until(const std::function<bool()>& done) override {
     while (!done()) {
-      typeNext(*view);
+      typeNext(*terminal);
       shutdown_.check();
     }
   }
 
-  View* view = nullptr;
+  Terminal* terminal = nullptr;
 
  private:
   const QStringList& lines_;
@@ -68,17 +68,17 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
     if (std::holds_alternative<form::Picture>(shown))
       takePicture(program.services);
   };
-  View view(program);
-  typist.view = &view;
-  view.guarded([&] { view.start(opening.notice()); });
-  while (typist.hasMore() && !view.ended())
-    typist.typeNext(view);
+  Terminal terminal(program);
+  typist.terminal = &terminal;
+  terminal.guarded([&] { terminal.start(opening.notice()); });
+  while (typist.hasMore() && !terminal.ended())
+    typist.typeNext(terminal);
   QString text = program.console.screen().text();
   text.replace(u"\r\n"_s, u"\n"_s);
   if (!text.endsWith(u'\n'))
     text += u'\n';
   output.write(text.toUtf8());
-  view.close();
+  terminal.close();
   return 0;
 }
 

@@ -6,6 +6,7 @@
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
 #include "start/opening.h"
+#include "terminal/actions.h"
 #include "terminal/picture_lookup.h"
 
 #include <QHash>
@@ -32,7 +33,7 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
                  bool runs)
     : input_(input), output_(output), withRuns_(runs), launch_(options, timers_, std::move(delivered)),
       program_(launch_.services({headless_, headless_, headless_, headless_, headless_, *this})),
-      view_(program_) {
+      terminal_(program_) {
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
       requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));
@@ -50,17 +51,17 @@ int Session::run() {
   if (opening.start() != Opening::Result::Started)
     return endedAtOnce();
   try {
-    view_.start(opening.notice());
+    terminal_.start(opening.notice());
   } catch (const Unwind&) {
     writeState();
     return 0;
   }
   writeState();
-  while (!view_.ended()) {
+  while (!terminal_.ended()) {
     if (handleNextLine()) {
       writeState();
     } else if (atEnd_) {
-      view_.close();
+      terminal_.close();
       writeState();
     }
   }
@@ -80,7 +81,7 @@ void Session::until(const std::function<bool()>& done) {
     writeState();
     while (!handleNextLine()) {
       if (atEnd_)
-        view_.close();
+        terminal_.close();
       launch_.shutdown().check();
     }
     launch_.shutdown().check();
@@ -132,7 +133,7 @@ void Session::handle(Fields event) {
        [](Session& s, Fields& f) {
          const QChar key = keyOf(f.text(u"key"_s));
          f.finish();
-         s.view_.handleKey(key);
+         s.terminal_.handleKey(key);
        }},
       {u"tick",
        [](Session& s, Fields& f) {
@@ -153,7 +154,7 @@ void Session::handle(Fields event) {
        [](Session& s, Fields& f) {
          const int index = f.integer(u"button"_s);
          f.finish();
-         if (!s.view_.menus().button(index))
+         if (!s.terminal_.menus().button(index))
            throw InputError(u"unknown button "_s + QString::number(index));
        }},
       {u"answer",
@@ -177,8 +178,8 @@ void Session::handle(Fields event) {
          const int length = wholeNumber(range[1], u"select"_s);
          if (start < 0 || length < 0)
            throw InputError(u"\"select\" is below zero"_s);
-         s.view_.guarded([&] {
-           if (QString tip = s.view_.explainSelection(start, length); !tip.isEmpty())
+         s.terminal_.guarded([&] {
+           if (QString tip = action::explainSelection(s.terminal_, start, length); !tip.isEmpty())
              s.tip_ = std::move(tip);
          });
        }},
@@ -199,7 +200,7 @@ void Session::handle(Fields event) {
        [](Session& s, Fields& f) {
          const bool minimised = f.flag(u"minimise"_s);
          f.finish();
-         s.view_.setMinimised(minimised);
+         s.terminal_.forms().setMinimised(minimised);
        }},
       {u"printer",
        [](Session& s, Fields& f) {
@@ -221,7 +222,7 @@ void Session::handle(Fields event) {
          f.finish();
          if (!close)
            throw InputError(u"\"close\" is not true"_s);
-         s.view_.guarded([&s] { s.view_.closeBox(); });
+         s.terminal_.guarded([&s] { s.terminal_.closeBox(); });
        }},
   };
   for (const Kind& kind : kinds) {
@@ -233,11 +234,11 @@ void Session::handle(Fields event) {
 
 void Session::type(const QString& characters) {
   for (const QChar c : characters)
-    view_.handleKey(c);
+    terminal_.handleKey(c);
 }
 
 void Session::tick(int seconds) {
-  for (int i = 0; i < seconds && !view_.ended(); ++i) {
+  for (int i = 0; i < seconds && !terminal_.ended(); ++i) {
     if (SetClock* clock = launch_.setClock())
       clock->advance(1);
     timers_.step();
@@ -301,12 +302,12 @@ QJsonArray Session::rowsOf(const QString& table) {
 /// The main window's menus go before those of an open chart or camera. What these show is no part of the
 /// state, so an item of theirs only has to exist.
 void Session::choose(const QString& name, std::optional<int> index) {
-  if (view_.menus().choose(name, index))
+  if (terminal_.menus().choose(name, index))
     return;
   const bool heading = std::ranges::count(chartSubmenus(), name, &ChartSubmenu::name) > 0;
-  if (view_.isOpen(form::Charts{}) && (findChartItem(name, index) || (heading && !index)))
+  if (terminal_.forms().isOpen(form::Charts{}) && (findChartItem(name, index) || (heading && !index)))
     return;
-  if (view_.isOpen(form::Cameras{}) && !index && cameraView(name))
+  if (terminal_.forms().isOpen(form::Cameras{}) && !index && cameraView(name))
     return;
   throw InputError(u"unknown menu \""_s + name + u'"');
 }
@@ -317,7 +318,7 @@ void Session::writeState() {
 
 QJsonObject Session::state() {
   const Console& console = program_.console;
-  const WatchCycle& cycle = view_.cycle();
+  const WatchCycle& cycle = terminal_.cycle();
   QJsonArray log;
   for (const LogRow& row : console.log().rows())
     log.append(row.message);
@@ -343,8 +344,8 @@ QJsonObject Session::state() {
                                               {u"Timer2"_s, cycle.overlayTimerEnabled()},
                                               {u"Timer4"_s, cycle.retryEnabled()},
                                               {u"timer1"_s, cycle.trayTimerEnabled()}}},
-                    {u"ended"_s, view_.ended()},
-                    {u"update"_s, view_.updaterRequested()}};
+                    {u"ended"_s, terminal_.ended()},
+                    {u"update"_s, terminal_.updaterRequested()}};
   if (withRuns_)
     state.insert(u"runs"_s, runsJson(console.screen().runs()));
   if (rows_)

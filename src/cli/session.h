@@ -6,7 +6,7 @@
 #include "cli/line_input.h"
 #include "start/launch.h"
 #include "store/json_fields.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QIODevice>
 
@@ -44,7 +44,7 @@ class Session final : private Waiting {
   Launch launch_;
   Headless headless_;
   Program program_;
-  View view_;
+  Terminal terminal_;
   int event_ = 0;
   bool atEnd_ = false;
   QJsonArray requests_;

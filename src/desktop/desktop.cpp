@@ -5,6 +5,7 @@
 #include "desktop/forms/opening_form.h"
 #include "start/hand_over.h"
 #include "start/opening.h"
+#include "terminal/actions.h"
 
 #include <QApplication>
 #include <QNetworkReply>
@@ -31,7 +32,7 @@ Desktop::Desktop(Launch& launch)
       pages_(launch.directory() + u"/help"), waiting_(launch.shutdown()),
       program_(launch.services({dialogs_, forms_, sounds_, printers_, pages_, waiting_})), view_(program_),
       opening_(std::make_unique<Opening>(program_)) {
-  forms_.attach(view_);
+  forms_.attach(view_.terminal());
   connect(&view_, &View::stopped, this, &Desktop::onStopped);
 }
 
@@ -78,7 +79,7 @@ bool Desktop::start() {
     return false;
   countAccess();
   showWindow();
-  view_.guarded([&] { view_.start(notice); });
+  view_.terminal().guarded([&] { view_.terminal().start(notice); });
   return true;
 }
 
@@ -95,7 +96,7 @@ void Desktop::showWindow() {
 }
 
 void Desktop::setMinimised(bool minimised) {
-  view_.guarded([&] { view_.setMinimised(minimised); });
+  view_.terminal().guarded([&] { view_.terminal().forms().setMinimised(minimised); });
   // With an icon in the tray the window needs no place among the others.
   if (minimised && TaskIcon::isAvailable())
     QMetaObject::invokeMethod(
@@ -109,7 +110,7 @@ void Desktop::setMinimised(bool minimised) {
 
 void Desktop::explain(qsizetype start, qsizetype length, QPoint mouse) {
   forms_.setMouse(mouse);
-  view_.guarded([&] { view_.explainSelection(start, length); });
+  view_.terminal().guarded([&] { action::explainSelection(view_.terminal(), start, length); });
 }
 
 void Desktop::onStopped() {
@@ -121,11 +122,11 @@ void Desktop::onStopped() {
 int Desktop::run() {
   if (!start())
     return 1;
-  if (!view_.ended()) {
+  if (!view_.terminal().ended()) {
     connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QApplication::exec();
   }
-  if (view_.updaterRequested())
+  if (view_.terminal().updaterRequested())
     handOver(program_.services, launch_.endpointsFile());
   return 0;
 }

@@ -30,7 +30,7 @@ class Desktop : public QObject {
   /// Starts and runs until the program has stopped; the exit status.
   int run();
 
-  View& view() { return view_; }
+  Terminal& terminal() { return view_.terminal(); }
   MainWindow& window() { return *window_; }
   FormService& forms() { return forms_; }
 

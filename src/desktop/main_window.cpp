@@ -11,6 +11,7 @@
 #include "desktop/widgets/start_banner.h"
 #include "desktop/widgets/toolbar_frame.h"
 #include "screen/untold_text.h"
+#include "terminal/first_activation.h"
 #include "ui_main_window.h"
 
 #include <QApplication>
@@ -54,8 +55,8 @@ QLabel* makePanel(const QString& name, const QString& description, QWidget* pare
 } // namespace
 
 MainWindow::MainWindow(View& view, bool demonstration)
-    : view_(view), console_(view.program().console), demonstration_(demonstration),
-      ui_(std::make_unique<Ui::MainWindow>()) {
+    : view_(view), terminal_(view.terminal()), console_(terminal_.program().console),
+      demonstration_(demonstration), ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
   banner_ = new StartBanner(ui_->Form);
   banner_->hide();
@@ -125,7 +126,7 @@ void MainWindow::connectTerminal() {
   connect(&console_, &Console::displaySettingsApplied, this, &MainWindow::applyDisplaySettings);
   connect(&console_.status(), &StatusBar::changed, this, &MainWindow::showPanels);
   connect(&screen, &ScreenView::keyTyped, this,
-          [this](QChar key) { view_.guarded([&] { view_.handleKey(key); }); });
+          [this](QChar key) { terminal_.guarded([&] { terminal_.handleKey(key); }); });
   connect(&screen, &ScreenView::selectionReleased, this, [this](QPoint mouse) {
     const auto [start, length] = ui_->TextBox0->selectedStretch();
     emit stretchSelected(start, length, mouse);
@@ -160,9 +161,9 @@ void MainWindow::tellScreen() {
 }
 
 void MainWindow::connectPane() {
-  BrowserPane& pane = view_.pane();
+  BrowserPane& pane = terminal_.pane();
   BrowserFrame& browser = *ui_->WebBrowser;
-  connect(&pane, &BrowserPane::visibleChanged, this, &MainWindow::showPane);
+  connect(&view_, &View::paneChanged, this, &MainWindow::showPane);
   connect(&browser, &BrowserFrame::pageState, this, [&pane](WebPage::State state) {
     pane.pageState(static_cast<BrowserPane::Loading>(static_cast<int>(state)));
   });
@@ -182,13 +183,13 @@ void MainWindow::connectPane() {
 }
 
 void MainWindow::connectMenus() {
-  Menus& menus = view_.menus();
+  Menus& menus = terminal_.menus();
   menus_ = std::make_unique<MenuMirror>(*ui_->menubar, *popup_);
-  connect(menus_.get(), &MenuMirror::chosen, &menus, [&menus](const QString& name, int index) {
+  connect(menus_.get(), &MenuMirror::chosen, this, [&menus](const QString& name, int index) {
     menus.chooseShown(name, index > 0 ? std::optional(index) : std::nullopt);
   });
-  connect(ui_->Frame, &ToolbarFrame::buttonPressed, &menus, [&menus](int index) { menus.button(index); });
-  connect(&menus, &Menus::changed, this, [this] {
+  connect(ui_->Frame, &ToolbarFrame::buttonPressed, this, [&menus](int index) { menus.button(index); });
+  connect(&view_, &View::menusChanged, this, [this] {
     // A run changes the status many times in a row.
     if (!std::exchange(menusChanged_, true))
       QMetaObject::invokeMethod(this, &MainWindow::showMenus, Qt::QueuedConnection);
@@ -200,12 +201,12 @@ void MainWindow::showMenus() {
   menusChanged_ = false;
   if (released_)
     return;
-  menus_->showItems(view_.menus().items());
-  ui_->Frame->showButtons(view_.menus().buttons());
+  menus_->showItems(terminal_.menus().items());
+  ui_->Frame->showButtons(terminal_.menus().buttons());
 }
 
 void MainWindow::applyDisplaySettings() {
-  const SettingsRecord& settings = view_.program().record();
+  const SettingsRecord& settings = terminal_.program().record();
   const Colour ground = settings[key::表示領域の色].value_or(black);
   const Colour text = settings[key::表示文字の色].value_or(white);
   const QFont font =
@@ -224,7 +225,7 @@ void MainWindow::applyDisplaySettings() {
   banner_->setFont(plainFont);
   banner_->setColours(ground, text);
   scrollBarCover_->setVisible(settings[key::スクロールバーを表示] != true);
-  const bool framed = settings[key::PAD表示] == true || view_.pane().visible();
+  const bool framed = settings[key::PAD表示] == true || terminal_.pane().visible();
   ui_->padShape->setFrameShape(framed ? QFrame::Box : QFrame::NoFrame);
   placeOverlays();
 }
@@ -254,13 +255,14 @@ void MainWindow::showProgress(int done, int total) {
 
 void MainWindow::showBanner() {
   if (console_.overlay())
-    banner_->setContent(view_.banner(), demonstration_ ? demonstrationMark.toString() : QString());
+    banner_->setContent(bannerText(terminal_.program().record()),
+                        demonstration_ ? demonstrationMark.toString() : QString());
   banner_->setVisible(console_.overlay());
   banner_->raise();
 }
 
 void MainWindow::showPane() {
-  const bool up = view_.pane().visible();
+  const bool up = terminal_.pane().visible();
   ui_->WebBrowser->setVisible(up);
   ui_->TextBox0->setVisible(!up);
   ui_->padlbl->setVisible(!up);
@@ -277,7 +279,7 @@ void MainWindow::placeOverlays() {
   const QScrollBar* bar = ui_->TextBox0->verticalScrollBar();
   scrollBarCover_->setGeometry(QRect(bar->mapTo(ui_->TextBox1, QPoint()), bar->size()));
   scrollBarCover_->raise();
-  if (view_.pane().visible())
+  if (terminal_.pane().visible())
     scrollBarCover_->hide();
   banner_->centre();
 }
@@ -289,7 +291,7 @@ void MainWindow::openPopup(QPoint place) {
 }
 
 QString MainWindow::geometryFile() const {
-  return view_.program().services.path(u"window.ini");
+  return terminal_.program().services.path(u"window.ini");
 }
 
 void MainWindow::appear() {
@@ -353,8 +355,7 @@ void MainWindow::release() {
   ui_->TextBox0->release();
   console_.disconnect(this);
   console_.status().disconnect(this);
-  view_.pane().disconnect(this);
-  view_.menus().disconnect(this);
+  view_.disconnect(this);
   ui_->WebBrowser->disconnect(this);
   hide();
 }
@@ -370,8 +371,8 @@ void MainWindow::restore() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  view_.guarded([this] { view_.closeBox(); });
-  event->setAccepted(view_.ended());
+  terminal_.guarded([this] { terminal_.closeBox(); });
+  event->setAccepted(terminal_.ended());
 }
 
 void MainWindow::changeEvent(QEvent* event) {

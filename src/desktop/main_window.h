@@ -89,6 +89,7 @@ class MainWindow : public QMainWindow {
   void rememberGeometry() const;
 
   View& view_;
+  Terminal& terminal_;
   Console& console_;
   bool demonstration_;
   std::unique_ptr<Ui::MainWindow> ui_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 namespace soran {
 
@@ -19,6 +20,17 @@ class Shutdown final : public QObject {
   /// Asks for the shutdown; emits closing() the first time.
   void request();
   bool requested() const { return requested_; }
+
+  /// Carries out what a user or a timer started, unless the shutdown was requested; what unwinds ends here.
+  void guard(const std::function<void()>& event) const {
+    if (requested_)
+      return;
+    try {
+      event();
+    } catch (const Unwind&) {
+      // The program was closed during a wait of this event; there is nothing left to do.
+    }
+  }
 
   /// Throws Unwind once the shutdown was requested. Called behind every wait.
   void check() const {

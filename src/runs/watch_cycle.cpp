@@ -17,20 +17,15 @@ constexpr int minutesOfDay = 24 * 60;
 
 } // namespace
 
-WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
-                       const std::function<void(const std::function<void()>&)>& guarded)
-    : program_(program), decode_(decode), printing_(printing) {
-  Timers& timers = program.services.timers;
-  // The order is that in which they tick where several fall due.
-  timer_ = timers.make([this, guarded] { guarded([this] { onWatchTick(); }); });
-  timer2_ = timers.make([this, guarded] { guarded([this] { onOverlayTick(); }); });
-  timer4_ = timers.make([this, guarded] { guarded([this] { onSequenceRetry(); }); });
-  timer1_ = timers.make([this, guarded] {
-    guarded([this] {
-      timer1_->setEnabled(false);
-      program_.services.forms.hide(form::TaskIcon{});
-    });
-  });
+// The order is that in which they tick where several fall due.
+WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing)
+    : program_(program), decode_(decode), printing_(printing), timer_(makeTimer(&WatchCycle::onWatchTick)),
+      timer2_(makeTimer(&WatchCycle::onOverlayTick)), timer4_(makeTimer(&WatchCycle::onSequenceRetry)),
+      timer1_(makeTimer(&WatchCycle::onTrayTick)) {}
+
+std::unique_ptr<Timer> WatchCycle::makeTimer(void (WatchCycle::*tick)()) {
+  const Services& services = program_.services;
+  return services.timers.make([this, tick, &services] { services.shutdown.guard([&] { (this->*tick)(); }); });
 }
 
 void WatchCycle::start() {
@@ -47,6 +42,11 @@ void WatchCycle::start() {
 void WatchCycle::stop() {
   for (Timer* timer : {timer_.get(), timer2_.get(), timer4_.get(), timer1_.get()})
     timer->setEnabled(false);
+}
+
+void WatchCycle::onTrayTick() {
+  timer1_->setEnabled(false);
+  program_.services.forms.hide(form::TaskIcon{});
 }
 
 void WatchCycle::readBufferLevel() {

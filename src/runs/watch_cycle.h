@@ -6,7 +6,6 @@
 #include "runs/printing.h"
 #include "runs/program.h"
 
-#include <functional>
 #include <memory>
 
 namespace soran {
@@ -15,9 +14,7 @@ namespace soran {
 /// end of the start-up overlay, and the retry of a sequence whose files have not come yet.
 class WatchCycle {
  public:
-  /// `guarded` wraps every tick, so that a tick that unwinds ends there.
-  WatchCycle(Program& program, DecodeRun& decode, Printing& printing,
-             const std::function<void(const std::function<void()>&)>& guarded);
+  WatchCycle(Program& program, DecodeRun& decode, Printing& printing);
 
   /// Sets the timers as they are when the first activation has ended.
   void start();
@@ -53,6 +50,8 @@ class WatchCycle {
   void onSequenceRetry();
 
  private:
+  std::unique_ptr<Timer> makeTimer(void (WatchCycle::*tick)());
+  void onTrayTick();
   void pass();
   bool probe();
   void networkFailed();

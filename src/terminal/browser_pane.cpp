@@ -18,7 +18,7 @@ void BrowserPane::openPage(const QString& address, MenuRule menus) {
   menusTaken_ = menusTaken_ || menus == MenuRule::MakeWay;
   status.setPaneVisible(true);
   program_.services.pages.openInPane(address);
-  emit visibleChanged();
+  listener_.onPaneChanged();
 }
 
 void BrowserPane::close() {
@@ -30,7 +30,7 @@ void BrowserPane::close() {
   StatusBar& status = program_.console.status();
   status.setPaneVisible(false);
   status.setPaneText(status.statusText());
-  emit visibleChanged();
+  listener_.onPaneChanged();
 }
 
 void BrowserPane::pageState(Loading state) {

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "runs/program.h"
+#include "terminal/terminal_listener.h"
 
 namespace soran {
 
 /// The browser pane of the main window: a sub-state in which a web page stands in place of the screen.
-class BrowserPane : public QObject {
-  Q_OBJECT
+class BrowserPane {
  public:
-  explicit BrowserPane(Program& program) : program_(program) {}
+  BrowserPane(Program& program, TerminalListener& listener) : program_(program), listener_(listener) {}
 
   bool visible() const { return visible_; }
   /// A page is up that the menus make way for.
@@ -32,11 +32,9 @@ class BrowserPane : public QObject {
   /// beginning of a web address, one that a back space left does not.
   static QString expandedAddress(const QString& before, const QString& typed);
 
- signals:
-  void visibleChanged();
-
  private:
   Program& program_;
+  TerminalListener& listener_;
   bool visible_ = false;
   bool menusTaken_ = false;
 };

@@ -4,9 +4,9 @@
 
 #include "base/text.h"
 #include "sun/sun_command.h"
+#include "terminal/actions.h"
 #include "terminal/picture_lookup.h"
-#include "terminal/shared_actions.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <algorithm>
 #include <span>
@@ -19,11 +19,11 @@ namespace {
 
 /// A line on its way through the chain. The prefixes SQ and JP are cut off it as it passes.
 struct Command {
-  View& view;
+  Terminal& terminal;
   QString text;
 
-  Program& program() const { return view.program(); }
-  Console& console() const { return view.program().console; }
+  Program& program() const { return terminal.program(); }
+  Console& console() const { return terminal.program().console; }
   void log(const QString& message) const { console().addLogEntry(message); }
   void emptyPad() const { console().setPad(QString()); }
 
@@ -49,22 +49,22 @@ Outcome update(Command& c) {
   c.program().settings().storeValue(SettingIndex::SORANバージョン, 0);
   c.console().appendScreen(crlf + u"AUTO UPDATE READY" + crlf);
   c.console().showReady();
-  c.view.checkForNewVersion();
+  c.terminal.versionCheck().onDemand();
   c.emptyPad();
   return Outcome::Taken;
 }
 
 /// A command that a menu has too.
-template <void (*action)(View&)>
+template <void (*act)(Terminal&)>
 Outcome run(Command& c) {
-  action(c.view);
+  act(c.terminal);
   return Outcome::Taken;
 }
 
 template <DictionaryMode mode>
 Outcome dictionary(Command& c) {
   c.emptyPad();
-  c.view.editDictionary(mode);
+  action::dictionary(c.terminal, mode);
   return Outcome::Taken;
 }
 
@@ -119,7 +119,7 @@ Outcome sunTimes(Command& c) {
   c.emptyPad();
   c.log(u"SUNRISE/SUNSET CALCULATION COMMAND"_s);
   const QStringView list = QStringView(c.text).mid(3);
-  const std::optional<QStringList> lines = sunCommandLines(list, c.view.today());
+  const std::optional<QStringList> lines = sunCommandLines(list, c.terminal.today());
   if (!lines)
     return syntaxError(c);
   for (const QStringView code : list.split(u' ')) {
@@ -131,15 +131,15 @@ Outcome sunTimes(Command& c) {
 }
 
 Outcome counter(Command& c) {
-  echoPrompt(c.view);
+  action::echoPrompt(c.terminal);
   c.log(u"DISPLAY ACCESS COUNTER"_s);
-  c.view.pane().openPage(c.program().baseUrl + u"/index2.htm", BrowserPane::MenuRule::LeftAlone);
+  c.terminal.pane().openPage(c.program().baseUrl + u"/index2.htm", BrowserPane::MenuRule::LeftAlone);
   c.emptyPad();
   return Outcome::Taken;
 }
 
 Outcome ais(Command& c) {
-  c.view.showAis();
+  action::ais(c.terminal);
   c.emptyPad();
   return Outcome::Taken;
 }
@@ -149,27 +149,27 @@ Outcome group(Command& c) {
     if (group.id != c.text)
       continue;
     c.console().groupName = c.text;
-    c.view.cycle().stopAutoOnManual();
+    c.terminal.cycle().stopAutoOnManual();
     c.console().appendScreen(crlf.toString());
     c.console().caretToEnd();
-    c.view.cycle().run({.kind = RunKind::Group,
-                        .codes = group.route,
-                        .origin = RunOrigin::Typed,
-                        .group = c.text,
-                        .fullLoad = true});
+    c.terminal.cycle().run({.kind = RunKind::Group,
+                            .codes = group.route,
+                            .origin = RunOrigin::Typed,
+                            .group = c.text,
+                            .fullLoad = true});
     return Outcome::Taken;
   }
   return Outcome::Passed;
 }
 
 Outcome startAutomatic(Command& c) {
-  c.view.startAutomaticDecode();
+  action::startAutomatic(c.terminal);
   return Outcome::Taken;
 }
 
 Outcome print(Command& c) {
   c.console().appendScreen(crlf.toString());
-  c.view.printing().printScreen();
+  c.terminal.printing().printScreen();
   c.console().showReady();
   c.console().colourScreenText();
   c.log(u"PRINT COMMAND"_s);
@@ -182,19 +182,19 @@ Outcome reload(Command& c) {
     c.prompt(crlf + u"INPUT AIRPORT CODE" + crlf);
     return Outcome::Taken;
   }
-  c.view.cycle().runAgain(RunOrigin::Typed);
+  c.terminal.cycle().runAgain(RunOrigin::Typed);
   c.log(u"DATA RELOAD"_s);
   return Outcome::Taken;
 }
 
 Outcome clearScreen(Command& c) {
-  c.view.clearScreen();
+  action::clearScreen(c.terminal);
   c.emptyPad();
   return Outcome::Taken;
 }
 
 Outcome exitProgram(Command& c) {
-  c.view.close();
+  c.terminal.close();
   return Outcome::Taken;
 }
 
@@ -227,9 +227,10 @@ Outcome japanesePrefix(Command& c) {
 Outcome codeList(Command& c) {
   if (!isCodeList(c.text))
     return Outcome::Passed;
-  c.view.cycle().stopAutoOnManual();
+  c.terminal.cycle().stopAutoOnManual();
   c.log(u"MANUAL DECODE"_s);
-  c.view.cycle().run({.kind = RunKind::List, .codes = c.text, .origin = RunOrigin::Typed, .fullLoad = true});
+  c.terminal.cycle().run(
+      {.kind = RunKind::List, .codes = c.text, .origin = RunOrigin::Typed, .fullLoad = true});
   return Outcome::Taken;
 }
 
@@ -244,7 +245,7 @@ constexpr Row chain[] = {
     {u"", false, phrase},
     {u"", false, sunTimes},
     {u"COUNTER", true, counter},
-    {u"HELP", true, run<openHelp>},
+    {u"HELP", true, run<action::help>},
     {u"AIS", false, ais},
     {u"", false, group},
     {u"ATO", true, startAutomatic},
@@ -252,12 +253,12 @@ constexpr Row chain[] = {
     {u"/P", false, print},
     {u"RL", true, reload},
     {u"CLS", false, clearScreen},
-    {u"DE", true, run<openDecodeList>},
-    {u"GP", true, run<openGroupList>},
-    {u"AP", false, run<openAirportList>},
-    {u"WX", true, run<openCharts>},
-    {u"CAM", true, run<openCameras>},
-    {u"LOG", false, run<openRunningLog>},
+    {u"DE", true, run<action::decodeList>},
+    {u"GP", true, run<action::groupList>},
+    {u"AP", false, run<action::airportList>},
+    {u"WX", true, run<action::charts>},
+    {u"CAM", true, run<action::cameras>},
+    {u"LOG", false, run<action::runningLog>},
     {u"EXIT", false, exitProgram},
     {u"", false, networkGate},
     {u"", false, sequencePrefix},
@@ -269,13 +270,13 @@ constexpr Row chain[] = {
 
 } // namespace
 
-void runCommand(View& view, const QString& text) {
-  Command command{view, text};
+void runCommand(Terminal& terminal, const QString& text) {
+  Command command{terminal, text};
   for (const Row& row : chain) {
     if (!row.word.isEmpty() && row.word != command.text)
       continue;
     if (row.needsNetwork && !command.program().networkAvailable) {
-      view.noInternetAlert();
+      action::noInternetAlert(terminal);
       return;
     }
     if (row.act(command) == Outcome::Taken)

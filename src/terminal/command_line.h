@@ -6,9 +6,9 @@
 
 namespace soran {
 
-class View;
+class Terminal;
 
 /// Runs a typed line, trimmed and in upper case, through the chain of commands: the first that fits decides.
-void runCommand(View& view, const QString& text);
+void runCommand(Terminal& terminal, const QString& text);
 
 } // namespace soran

@@ -4,14 +4,14 @@
 
 namespace soran {
 
-class View;
+class Terminal;
 
 /// Writes all that is the user's own (lists, groups, dictionaries, settings) to a JSON file that the user
 /// chooses.
-void exportUserData(View& view);
+void exportUserData(Terminal& terminal);
 
 /// Takes such a file over, after a question. What is not whole is refused with a message, and nothing
 /// changes.
-void importUserData(View& view);
+void importUserData(Terminal& terminal);
 
 } // namespace soran

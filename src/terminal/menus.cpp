@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/menus.h"
 
+#include "terminal/actions.h"
 #include "terminal/data_exchange.h"
-#include "terminal/menu_actions.h"
-#include "terminal/shared_actions.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <algorithm>
 #include <span>
@@ -39,7 +38,7 @@ struct Entry {
   QStringView parent;
   unsigned enabledWith;
   unsigned visibleWith;
-  void (*act)(View&);
+  void (*act)(Terminal&);
 };
 
 constexpr QStringView leaveCaption = u"SORAN を終了";
@@ -56,45 +55,45 @@ constexpr Entry entries[] = {
     {Kind::Menu, u"menu_list", u"シーケンス", u"", Network | Airports | NoPane, Always, nullptr},
     {Kind::AirportRows, u"menu_listAP", u"", u"menu_list", Always, Always, nullptr},
     {Kind::Menu, u"menu_company", u"グループ", u"", Network | NoPane, Always, nullptr},
-    {Kind::Item, u"menu_company_edit", u"グループ編集", u"menu_company", Always, Always, action::editGroups},
+    {Kind::Item, u"menu_company_edit", u"グループ編集", u"menu_company", Always, Always, action::groupListFromMenu},
     {Kind::Separator, u"menu_company_line", u"", u"menu_company", Always, Groups, nullptr},
     {Kind::GroupRows, u"menu_company_data", u"", u"menu_company", Always, Groups, nullptr},
     {Kind::Menu, u"menu_weather", u"気象情報", u"", Always, Always, nullptr},
-    {Kind::Item, u"menu_chart", u"天気図", u"menu_weather", Network, Always, openCharts},
+    {Kind::Item, u"menu_chart", u"天気図", u"menu_weather", Network, Always, action::charts},
     {Kind::Item, u"menu_yahoo", u"Yahoo 空港天気予報", u"menu_weather", Always, Always, action::yahoo},
     {Kind::Item, u"menu_suntime", u"日出没時刻", u"menu_weather", Always, Always, action::sunTimes},
     {Kind::Item, u"menu_info_weather", u"天気略語", u"menu_weather", NoPane, Always, action::abbreviations},
     {Kind::Item, u"menu_ais", u"AIS JAPAN", u"menu_weather", Always, Always, action::ais},
-    {Kind::Item, u"menu_camera", u"ライブカメラ", u"menu_weather", Network, Always, openCameras},
+    {Kind::Item, u"menu_camera", u"ライブカメラ", u"menu_weather", Network, Always, action::cameras},
     {Kind::Menu, u"menu_setup", u"設定", u"", Always, Always, nullptr},
-    {Kind::Item, u"menu_airport", u"飛行場リスト", u"menu_setup", NoPane, Always, openAirportList},
-    {Kind::Item, u"menu_autodecode", u"自動デコードリスト", u"menu_setup", NoPane, Always, action::decodeList},
+    {Kind::Item, u"menu_airport", u"飛行場リスト", u"menu_setup", NoPane, Always, action::airportList},
+    {Kind::Item, u"menu_autodecode", u"自動デコードリスト", u"menu_setup", NoPane, Always, action::decodeListFromMenu},
     {Kind::Item, u"menu_option", u"動作設定", u"menu_setup", NoPane, Always, action::settings},
     {Kind::Item, u"menu_update", u"アップデート", u"menu_setup", Network | NoPane, Always, action::checkForUpdate},
     {Kind::Item, u"menu_command", u"コマンド一覧", u"menu_setup", NoPane, Always, action::commandList},
     {Kind::Menu, u"menu_info", u"情報", u"", Always, Always, nullptr},
     {Kind::Item, u"menu_info_version", u"バージョン情報", u"menu_info", Always, Always, action::version},
     {Kind::Item, u"menu_info_compornent", u"コンポーネント情報", u"menu_info", Always, Always, action::components},
-    {Kind::Item, u"menu_info_log", u"通信ログ", u"menu_info", NoPane, Always, openRunningLog},
+    {Kind::Item, u"menu_info_log", u"通信ログ", u"menu_info", NoPane, Always, action::runningLog},
     {Kind::Item, u"menu_info_board", u"SORAN 掲示板", u"menu_info", Always, Always, nullptr},
-    {Kind::Item, u"menu_info_help", u"オンライン ヘルプ", u"menu_info", Network, Always, openHelp},
+    {Kind::Item, u"menu_info_help", u"オンライン ヘルプ", u"menu_info", Network, Always, action::help},
     {Kind::Item, u"menu_info_homepage", u"SORAN Homepage", u"menu_info", Network, Always, action::homePage},
     {Kind::Menu, u"menu_popup", u"ポップアップ", u"", Always, Popup, nullptr},
     {Kind::Menu, u"menu_popup_group", u"グループ", u"menu_popup", Network | Groups, Always, nullptr},
     {Kind::GroupRows, u"menu_popup_group_data", u"", u"menu_popup_group", Always, Groups, nullptr},
-    {Kind::Item, u"menu_popup_wx", u"天気図", u"menu_popup", Network, Always, openCharts},
-    {Kind::Item, u"menu_popup_cam", u"ライブカメラ", u"menu_popup", Network, Always, openCameras},
+    {Kind::Item, u"menu_popup_wx", u"天気図", u"menu_popup", Network, Always, action::charts},
+    {Kind::Item, u"menu_popup_cam", u"ライブカメラ", u"menu_popup", Network, Always, action::cameras},
     {Kind::Item, u"menu_popup_suntime", u"日出没時刻", u"menu_popup", Always, Always, action::sunTimes},
     {Kind::Item, u"menu_popup_print", u"印刷", u"menu_popup", Printer, Always, action::printFromMenu},
     {Kind::Item, u"menu_popup_save", u"保存", u"menu_popup", Always, Always, action::save},
-    {Kind::Item, u"menu_popup_log", u"通信ログ", u"menu_popup", Always, Always, openRunningLog},
+    {Kind::Item, u"menu_popup_log", u"通信ログ", u"menu_popup", Always, Always, action::runningLog},
     {Kind::Item, u"menu_popup_command", u"コマンド一覧", u"menu_popup", Always, Always, action::commandList},
     {Kind::Item, u"menu_popup_config", u"動作設定", u"menu_popup", Always, Always, action::settings},
-    {Kind::Item, u"menu_popup_ap", u"飛行場リスト", u"menu_popup", Always, Always, openAirportList},
-    {Kind::Item, u"menu_popup_de", u"自動デコードリスト", u"menu_popup", Always, Always, action::decodeList},
-    {Kind::Item, u"menu_popup_company", u"グループ編集", u"menu_popup", Always, Always, action::editGroups},
+    {Kind::Item, u"menu_popup_ap", u"飛行場リスト", u"menu_popup", Always, Always, action::airportList},
+    {Kind::Item, u"menu_popup_de", u"自動デコードリスト", u"menu_popup", Always, Always, action::decodeListFromMenu},
+    {Kind::Item, u"menu_popup_company", u"グループ編集", u"menu_popup", Always, Always, action::groupListFromMenu},
     {Kind::Item, u"menu_popup_ais", u"AIS JAPAN", u"menu_popup", Always, Always, action::ais},
-    {Kind::Item, u"menu_popup_help", u"オンライン ヘルプ", u"menu_popup", Network, Always, openHelp},
+    {Kind::Item, u"menu_popup_help", u"オンライン ヘルプ", u"menu_popup", Network, Always, action::help},
     {Kind::Item, u"menu_popup_homepage", u"SORAN Homepage", u"menu_popup", Network, Always, action::homePage},
     {Kind::Item, u"menu_popup_exit", leaveCaption, u"menu_popup", Always, Always, action::leave},
 };
@@ -104,7 +103,7 @@ struct Button {
   QStringView hover;
   unsigned enabledWith;
   unsigned visibleWith;
-  void (*act)(View&);
+  void (*act)(Terminal&);
 };
 
 constexpr Button buttonTable[] = {
@@ -112,8 +111,8 @@ constexpr Button buttonTable[] = {
     {1, u" 保存 ", NoPage, Always, action::save},
     {2, u" 印刷 ", Always, Always, action::printByButton},
     {3, u" 自動デコード停止 ", Always, Always, action::stopAutomatic},
-    {5, u" リロード ", Always, Always, action::reload},
-    {6, u" 画面消去 ", Always, Always, action::clearScreen},
+    {5, u" リロード ", Always, Always, action::reloadByButton},
+    {6, u" 画面消去 ", Always, Always, action::clearScreenByButton},
     {7, u" スクロールバー表示 ", Always, Always, action::toggleScrollBar},
     {8, u" ボールド表示 ", Always, Always, action::toggleBold},
     {9, u" 動作設定 ", Always, Always, action::settings},
@@ -124,20 +123,20 @@ constexpr Button buttonTable[] = {
     {14, u" Online Help ", Always, Browser, action::helpByButton},
     {15, u" ブラウザーを閉じる ", Pane, Browser, action::closePane},
     {16, u" 戻る ", Pane | Network, Browser, action::goBack},
-    {17, u" 自動デコード開始 ", Network, Always, action::startAutomatic},
+    {17, u" 自動デコード開始 ", Network, Always, action::startAutomaticByButton},
 };
 // clang-format on
 
-unsigned conditionsOf(View& view) {
-  Program& program = view.program();
+unsigned conditionsOf(Terminal& terminal) {
+  Program& program = terminal.program();
   const Settings& settings = program.settings();
   const std::pair<bool, unsigned> states[] = {
       {program.networkAvailable, Network},
-      {!view.pane().menusTaken(), NoPane},
-      {!view.pane().visible(), NoPage},
-      {view.pane().visible(), Pane},
+      {!terminal.pane().menusTaken(), NoPane},
+      {!terminal.pane().visible(), NoPage},
+      {terminal.pane().visible(), Pane},
       {!program.services.printers.installed().isEmpty(), Printer},
-      {!view.menus().airportCaptions().isEmpty(), Airports},
+      {!terminal.menus().airportCaptions().isEmpty(), Airports},
       {program.tables.groups().recordCount() > 0, Groups},
       {settings[key::ポップアップ] == true, Popup},
       {settings[key::ブラウザー] == true, Browser},
@@ -177,35 +176,26 @@ MenuItem itemOf(const Entry& entry, unsigned holding, const QList<MenuItem>& abo
 
 } // namespace
 
-Menus::Menus(View& view) : view_(view) {
-  Console& console = view.program().console;
-  // A change of the network shows on the status bar too, and settings that matter here end in a display that
-  // follows them.
-  connect(&console.status(), &StatusBar::changed, this, &Menus::changed);
-  connect(&console, &Console::displaySettingsApplied, this, &Menus::changed);
-  connect(&view.pane(), &BrowserPane::visibleChanged, this, &Menus::changed);
-}
-
 void Menus::takeAirports() {
   airportCaptions_.clear();
-  for (const Airport& airport : view_.program().tables.airportRows())
+  for (const Airport& airport : terminal_.program().tables.airportRows())
     airportCaptions_.append(airport.code + u"  " + airport.name);
-  emit changed();
+  listener_.onMenusChanged();
 }
 
 QList<MenuItem> Menus::items() const {
-  const unsigned holding = conditionsOf(view_);
+  const unsigned holding = conditionsOf(terminal_);
   QList<MenuItem> list;
   for (const Entry& entry : entries) {
     MenuItem item = itemOf(entry, holding, list);
-    if (item.name == u"menu_exit" && view_.pane().menusTaken())
+    if (item.name == u"menu_exit" && terminal_.pane().menusTaken())
       item.caption = closePaneCaption.toString();
     if (entry.kind != Kind::AirportRows && entry.kind != Kind::GroupRows) {
       list.append(item);
       continue;
     }
     const QStringList captions =
-        entry.kind == Kind::AirportRows ? airportCaptions_ : groupCaptions(view_.program());
+        entry.kind == Kind::AirportRows ? airportCaptions_ : groupCaptions(terminal_.program());
     for (const QString& caption : captions) {
       ++item.index;
       item.caption = caption;
@@ -230,18 +220,18 @@ bool Menus::isEmptyList(const QString& name) const {
   if (entry == std::end(entries))
     return false;
   return (entry->kind == Kind::AirportRows && airportCaptions_.isEmpty()) ||
-         (entry->kind == Kind::GroupRows && groupCaptions(view_.program()).isEmpty());
+         (entry->kind == Kind::GroupRows && groupCaptions(terminal_.program()).isEmpty());
 }
 
 void Menus::run(const MenuItem& item) {
   const auto* entry = std::ranges::find(entries, QStringView(item.name), &Entry::name);
-  view_.guarded([&] {
+  terminal_.guarded([&] {
     if (entry->kind == Kind::AirportRows)
-      action::startAirport(view_, item.caption);
+      action::startAirport(terminal_, item.caption);
     else if (entry->kind == Kind::GroupRows)
-      action::startGroup(view_, item.caption);
+      action::startGroup(terminal_, item.caption);
     else if (entry->act)
-      entry->act(view_);
+      entry->act(terminal_);
   });
 }
 
@@ -260,8 +250,8 @@ bool Menus::chooseShown(const QString& name, std::optional<int> index) {
 }
 
 QList<ToolButton> Menus::buttons() const {
-  const unsigned holding = conditionsOf(view_);
-  const bool coloured = view_.program().settings()[key::コマンドボタン] == true;
+  const unsigned holding = conditionsOf(terminal_);
+  const bool coloured = terminal_.program().settings()[key::コマンドボタン] == true;
   QList<ToolButton> list;
   for (const Button& each : buttonTable)
     list.append({.index = each.index,
@@ -269,7 +259,7 @@ QList<ToolButton> Menus::buttons() const {
                  .visible = allOf(each.visibleWith, holding),
                  .enabled = allOf(each.enabledWith, holding),
                  .coloured = coloured});
-  if (view_.pane().menusTaken())
+  if (terminal_.pane().menusTaken())
     list.front().hover = u' ' + closePaneCaption + u' ';
   return list;
 }
@@ -278,9 +268,9 @@ bool Menus::button(int index) {
   const auto* wanted = std::ranges::find(buttonTable, index, &Button::index);
   if (wanted == std::end(buttonTable))
     return false;
-  const unsigned holding = conditionsOf(view_);
+  const unsigned holding = conditionsOf(terminal_);
   if (allOf(wanted->visibleWith, holding) && allOf(wanted->enabledWith, holding))
-    view_.guarded([&] { wanted->act(view_); });
+    terminal_.guarded([&] { wanted->act(terminal_); });
   return true;
 }
 

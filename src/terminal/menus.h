@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QList>
-#include <QObject>
 #include <QStringList>
 #include <optional>
 
 namespace soran {
 
-class View;
+class Terminal;
+class TerminalListener;
 
 /// An entry of the main menus or of the popup menu, as it stands at this moment.
 struct MenuItem {
@@ -35,10 +35,9 @@ struct ToolButton {
 
 /// The toolbar, the main menus and the popup menu as data. Whether an entry is visible and enabled is worked
 /// out from the state of the program whenever it is asked, never switched.
-class Menus : public QObject {
-  Q_OBJECT
+class Menus {
  public:
-  explicit Menus(View& view);
+  Menus(Terminal& terminal, TerminalListener& listener) : terminal_(terminal), listener_(listener) {}
 
   /// Takes the airports over for the menu シーケンス, which keeps them for the program run.
   void takeAirports();
@@ -60,16 +59,13 @@ class Menus : public QObject {
   /// Presses a button; one that is disabled or hidden does nothing. False where there is no such button.
   bool button(int index);
 
- signals:
-  /// An entry or a button may look otherwise than before.
-  void changed();
-
  private:
   std::optional<MenuItem> find(const QString& name, std::optional<int> index) const;
   bool isEmptyList(const QString& name) const;
   void run(const MenuItem& item);
 
-  View& view_;
+  Terminal& terminal_;
+  TerminalListener& listener_;
   QStringList airportCaptions_;
 };
 

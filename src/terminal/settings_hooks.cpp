@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/settings_hooks.h"
 
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 namespace soran {
 
-SettingsFormHooks settingsHooks(View& view) {
-  Program& program = view.program();
+SettingsFormHooks settingsHooks(Terminal& terminal) {
+  Program& program = terminal.program();
   return {.zoneOffset = offsetText(program.systemZoneOffset),
           .zoneName = program.systemZoneName,
           .log = [&program](const QString& line) { program.console.addLogEntry(line); },
-          .takeBuffer = [&view] { view.cycle().readBufferLevel(); },
+          .takeBuffer = [&terminal] { terminal.cycle().readBufferLevel(); },
           .hoursChosen = [&program] { program.cycleDecade = 25; },
           .repaint = [&program] { program.console.colourScreenText(); },
           .usePrinter = [&program](const QString& printer) { program.currentPrinter = printer; },
@@ -22,7 +22,7 @@ SettingsFormHooks settingsHooks(View& view) {
                 return program.services.dialogs.choosePrinter(
                     installed, installed.contains(stored) ? stored : program.currentPrinter);
               },
-          .guarded = [&view](const std::function<void()>& step) { view.guarded(step); }};
+          .guarded = [&terminal](const std::function<void()>& step) { terminal.guarded(step); }};
 }
 
 } // namespace soran

@@ -6,9 +6,9 @@
 
 namespace soran {
 
-class View;
+class Terminal;
 
 /// Ties the settings form to the terminal. The printers of the system are shown by the dialogue service.
-SettingsFormHooks settingsHooks(View& view);
+SettingsFormHooks settingsHooks(Terminal& terminal);
 
 } // namespace soran

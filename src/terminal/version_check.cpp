@@ -1,25 +1,68 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The check for a newer program, by the menu or typed.
+#include "terminal/version_check.h"
 
 #include "base/text.h"
-#include "terminal/view.h"
+#include "start/hand_over.h"
+#include "terminal/terminal.h"
+#include "update/program_update.h"
 
 namespace soran {
 
 using namespace Qt::StringLiterals;
 
-void View::checkForNewVersion() {
+namespace {
+
+QString question(const QString& version) {
+  return u"SORAN は Version " + version +
+         u" にアップデートされています　　\r\r最新版をダウンロードしますか？  ";
+}
+
+Reply askForVersion(Program& program) {
+  return program.services.inet.open(QUrl(program.baseUrl + u"/data/version.dat"));
+}
+
+/// True where the user wants it. Throws Unwind where the program was closed meanwhile.
+bool isWanted(const QString& version, const Services& services) {
+  const bool yes = services.dialogs.question(u" 確認"_s, question(version));
+  services.shutdown.check();
+  return yes;
+}
+
+} // namespace
+
+bool VersionCheck::atStart() {
+  Program& program = terminal_.program();
+  const Settings& settings = program.settings();
+  const Reply reply = askForVersion(program);
+  if (!reply.ok)
+    return true;
+  if (reply.body.startsWith('<'))
+    return false;
+  const double version = leadingNumber(reply.text());
+  if (version == settings[key::SORANバージョン].value_or(0))
+    return true;
+  const QString number = plainNumber(version);
+  // A module that has just run would only run for ever.
+  if (settings[key::起動時にバージョン確認] != true || !outcomeOfUpdate().isEmpty()) {
+    passiveNotice(number);
+    return true;
+  }
+  if (settings[key::更新確認メッセージ] == true && !isWanted(number, program.services))
+    return true;
+  if (!ProgramUpdate::moduleMayRun(program.services)) {
+    passiveNotice(number);
+    return true;
+  }
+  terminal_.closeForUpdate();
+}
+
+void VersionCheck::onDemand() {
   constexpr qsizetype versionLength = 4;
-  Console& console = program_.console;
-  Dialogs& dialogs = program_.services.dialogs;
-  const auto tell = [&](const QString& status, const QString& title, const QString& text) {
-    console.addLogEntry(status);
-    dialogs.message(title, text);
-    program_.services.shutdown.check();
-  };
-  cycle_.enableWatch(false);
-  const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/version.dat"));
+  Program& program = terminal_.program();
+  WatchCycle& cycle = terminal_.cycle();
+  cycle.enableWatch(false);
+  const Reply reply = askForVersion(program);
   if (!reply.ok) {
     tell(u"CANCEL DOWNLOAD DUE TO NETWORK UNRELIABLE"_s, u" 確認"_s,
          u"ネットワーク回線が不安定なため、ダウンロードすることができませんでした　　"_s);
@@ -28,36 +71,52 @@ void View::checkForNewVersion() {
   const QString version = reply.text().left(versionLength);
   if (version.startsWith(u'<')) {
     tell(u"NOT FOUND FILES ON FTP SERVER"_s, u" 情報"_s, u"最新版の SORAN がインストールされています　　"_s);
-    cycle_.enableWatch(true);
-  } else if (program_.settings()[key::SORANバージョン].value_or(0) == leadingNumber(version)) {
+    cycle.enableWatch(true);
+  } else if (program.settings()[key::SORANバージョン].value_or(0) == leadingNumber(version)) {
     tell(u"ALREADY INSTALLED LATEST VERSION"_s, u" 情報"_s,
          u"最新版の SORAN がインストールされています　　\r\n\r\n                Version " +
-             program_.record().value(SettingIndex::SORANバージョン).toString());
-    cycle_.enableWatch(true);
+             program.record().value(SettingIndex::SORANバージョン).toString());
+    cycle.enableWatch(true);
   } else {
-    offerVersion(version);
+    offer(version);
   }
 }
 
-void View::offerVersion(const QString& version) {
-  program_.console.addLogEntry(u"FOUND LATEST VERSION ON FTP SERVER"_s);
-  const bool yes = program_.services.dialogs.question(u" 確認"_s, versionQuestion(version));
-  program_.services.shutdown.check();
-  if (!yes)
+void VersionCheck::offer(const QString& version) {
+  Program& program = terminal_.program();
+  program.console.addLogEntry(u"FOUND LATEST VERSION ON FTP SERVER"_s);
+  if (!isWanted(version, program.services))
     return;
-  if (!updaterMayRun()) {
-    showNewVersionNotice(version, program_.console.screen().text().size());
-    cycle_.enableWatch(true);
-    return;
-  }
-  updaterRequested_ = true;
-  close();
-  throw Unwind{};
+  if (ProgramUpdate::moduleMayRun(program.services))
+    terminal_.closeForUpdate();
+  showNotice(version, program.console.screen().text().size());
+  terminal_.cycle().enableWatch(true);
 }
 
-QString View::versionQuestion(const QString& version) {
-  return u"SORAN は Version " + version +
-         u" にアップデートされています　　\r\r最新版をダウンロードしますか？  ";
+void VersionCheck::tell(const QString& status, const QString& title, const QString& text) {
+  Program& program = terminal_.program();
+  program.console.addLogEntry(status);
+  program.services.dialogs.message(title, text);
+  program.services.shutdown.check();
+}
+
+void VersionCheck::passiveNotice(const QString& version) {
+  // The notice stands behind the first line, whatever was written after that.
+  constexpr qsizetype behindFirstLine = 18;
+  showNotice(version, behindFirstLine);
+  terminal_.awaitEnter();
+}
+
+void VersionCheck::showNotice(const QString& version, qsizetype paintFrom) {
+  Console& console = terminal_.program().console;
+  console.appendScreen(crlf + u"Now you can download a latest version " + version + crlf +
+                       u"For download, keep network connection and select menu UPDATE or type 'UPDATE' out." +
+                       crlf + crlf + u"To continue, hit ENTER key. " + crlf);
+  console.setPromptGap(true);
+  console.showReady();
+  constexpr qsizetype noticeLength = 162;
+  console.screen().paint(paintFrom, noticeLength, yellow);
+  console.caretToEnd();
 }
 
 } // namespace soran

@@ -38,7 +38,7 @@ const RunToClose runs[] = {
     {"CycleBelowThePane",
      [](Desktop& desktop, SteppedTimers& timers) {
        typing(u"HELP"_s)(desktop, timers);
-       desktop.view().pane().pageState(BrowserPane::Loading::Started);
+       desktop.terminal().pane().pageState(BrowserPane::Loading::Started);
        timers.step();
      },
      8},
@@ -54,7 +54,7 @@ TEST_P(CloseWindowTest, AtEveryTurnOfTheEventLoopEndsTheRun) {
     SCOPED_TRACE(turn);
     server_.setFile(u"/data/version.dat"_s, "4.31\n0.00\n0.00\n");
     start();
-    Tables& tables = desktop_->view().program().tables;
+    Tables& tables = desktop_->terminal().program().tables;
     tables.rewrite(table::自動デコード, {{1, u"RJTT"_s, u"羽田"_s}});
     tables.settings().store(key::シーケンス時間, 1);
     server_.setFile(u"/data/version.dat"_s, "4.32\n0.00\n0.00\n");
@@ -66,7 +66,7 @@ TEST_P(CloseWindowTest, AtEveryTurnOfTheEventLoopEndsTheRun) {
       // With the pane up the first one closes the pane alone.
       desktop_->window().close();
       desktop_->window().close();
-      ended = desktop_->view().ended();
+      ended = desktop_->terminal().ended();
       closed = true;
       text = shown();
       files = filesBelow(home_.path());
@@ -149,7 +149,7 @@ TEST_F(WindowTest, ShowsGarbageInTime) {
     const QString text = shown();
     EXPECT_TRUE(text.contains(QString(u"240500Z "_s + c.shown + u" TCU\n"))) << text.left(200).toStdString();
     // Colours and explanations go by position.
-    const qsizetype tcu = desktop_->view().program().console.screen().text().indexOf(u"TCU");
+    const qsizetype tcu = desktop_->terminal().program().console.screen().text().indexOf(u"TCU");
     QTextCursor cursor(screen().document());
     cursor.setPosition(static_cast<int>(text.indexOf(u"TCU")));
     cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, 3);
@@ -171,7 +171,7 @@ TEST_F(WindowTest, DoesWithoutTrayAndSoundDevice) {
   QElapsedTimer time;
   time.start();
   for (const QString& name : {u"ring.wav"_s, u"missing.wav"_s})
-    desktop_->view().program().services.sounds.play(home_.filePath(u"sound/"_s + name));
+    desktop_->terminal().program().services.sounds.play(home_.filePath(u"sound/"_s + name));
   EXPECT_LT(time.elapsed(), 70'000); // a sound ends at its length and a little more at the latest
   type(u"RJTT"_s);
   EXPECT_TRUE(shown().contains(u"RJTT  METAR"));

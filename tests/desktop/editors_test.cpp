@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 class EditorsTest : public WindowTest {
  protected:
-  Tables& tables() { return desktop_->view().program().tables; }
+  Tables& tables() { return desktop_->terminal().program().tables; }
 };
 
 void clickCell(QAbstractItemView& grid, int row, int column = 0) {
@@ -58,7 +58,7 @@ TEST_F(EditorsTest, AnAirportIsAddedAndWritten) {
   });
   type(u"AP"_s);
   EXPECT_TRUE(steps.done());
-  EXPECT_FALSE(desktop_->view().ended());
+  EXPECT_FALSE(desktop_->terminal().ended());
   const QList<Airport> after = tables().airportRows();
   ASSERT_EQ(after.size(), before.size() + 1);
   EXPECT_EQ(after[1], (Airport{u"ZZZY"_s, u"NEW FIELD"_s}));

@@ -101,7 +101,7 @@ TEST_F(WindowTest, NotesGoByThemselves) {
   }
   EXPECT_FALSE(note->isVisible());
 
-  desktop_->view().program().minimised = true;
+  desktop_->terminal().program().minimised = true;
   desktop_->forms().show(form::NewReports{});
   EXPECT_EQ(desktop_->forms().widget(form::NewReports{}), nullptr);
 

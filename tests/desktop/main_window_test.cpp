@@ -57,11 +57,11 @@ TEST_F(WindowTest, StartShowsBannerAndSettingsAndControlsAreNamed) {
   EXPECT_FALSE(child(u"Frame1")->isVisible());
   EXPECT_TRUE(child(u"TextBox2")->isVisible());
 
-  Settings& settings = desktop_->view().program().settings();
+  Settings& settings = desktop_->terminal().program().settings();
   settings.store(key::スクロールバーを表示, true);
   settings.store(key::表示領域の色, colourOf(10, 20, 30));
   settings.store(key::表示文字のサイズ, 20);
-  desktop_->view().program().console.applyDisplaySettings();
+  desktop_->terminal().program().console.applyDisplaySettings();
   EXPECT_FALSE(child(u"TextBox2")->isVisible());
   EXPECT_EQ(screen().palette().color(QPalette::Base), QColor(10, 20, 30));
   EXPECT_EQ(screen().font().pointSize(), 20);
@@ -139,7 +139,7 @@ TEST_F(WindowTest, MenusAndButtonsShowAndRunTheirEntries) {
   EXPECT_FALSE(desktop_->window().popup().isEmpty());
   EXPECT_TRUE(desktop_->window().popup().menuAction()->isVisible());
   child<QAction>(u"menu_exit")->trigger();
-  EXPECT_TRUE(desktop_->view().ended());
+  EXPECT_TRUE(desktop_->terminal().ended());
 }
 
 // Run on a display too, where the alert is heard over the bus.
@@ -148,7 +148,7 @@ TEST_F(WindowTest, NewReportsAlertAssistiveTechnology) {
   type(u"RJTT"_s);
   // Keys go over the bus and come back where there is one.
   ASSERT_TRUE(QTest::qWaitFor([this] { return shown().contains(u"READY"); }));
-  Program& program = desktop_->view().program();
+  Program& program = desktop_->terminal().program();
   program.settings().store(key::自動デコード有効, true);
   const QWidget* alert = child(u"reportAlert");
   ASSERT_EQ(QAccessible::queryAccessibleInterface(child(u"reportAlert"))->role(), QAccessible::Notification);
@@ -233,7 +233,7 @@ TEST_F(WindowTest, EndsCleanlyInTheMiddleOfASlowFetch) {
     clock.start();
     type(u"RJTT"_s);
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_TRUE(desktop_->view().ended());
+    EXPECT_TRUE(desktop_->terminal().ended());
     EXPECT_FALSE(desktop_->window().isVisible());
     EXPECT_FALSE(shown().contains(u"NOT FOUND")) << shown().toStdString();
     EXPECT_FALSE(QFileInfo::exists(home_.filePath(u"data"_s)));
@@ -314,13 +314,13 @@ TEST_F(WindowTest, SecondInstanceIsToldAndLeavesTheFirst) {
 
 TEST_F(WindowTest, ClosingEndsAnOpenQuestion) {
   start();
-  desktop_->view().program().settings().store(key::自動デコード有効, false);
+  desktop_->terminal().program().settings().store(key::自動デコード有効, false);
   QTimer::singleShot(100, desktop_.get(), [this] {
     EXPECT_NE(QApplication::activeModalWidget(), nullptr);
-    desktop_->view().close();
+    desktop_->terminal().close();
   });
   type(u"ATO"_s);
-  EXPECT_TRUE(desktop_->view().ended());
+  EXPECT_TRUE(desktop_->terminal().ended());
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 

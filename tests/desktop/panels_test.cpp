@@ -5,6 +5,7 @@
 #include "desktop/forms/suntime_form.h"
 #include "desktop/widgets/sun_graph_view.h"
 #include "printing.h"
+#include "terminal/actions.h"
 #include "window_fixture.h"
 
 #include <QAction>
@@ -28,7 +29,7 @@ class PanelTest : public WindowTest {
  protected:
   template <class Widget>
   Widget& opened(const Form& form) {
-    desktop_->view().showForm(form);
+    desktop_->terminal().forms().show(form);
     return *qobject_cast<Widget*>(desktop_->forms().widget(form));
   }
 
@@ -89,7 +90,7 @@ TEST_F(PanelTest, SunTimesOfAFieldAndAYear) {
   fields->setCurrentIndex(haneda);
   years->setCurrentText(u"2028"_s);
   const SunTable expected =
-      sunTable(fields->currentText(), 2028, desktop_->view().program().tables.airportRows());
+      sunTable(fields->currentText(), 2028, desktop_->terminal().program().tables.airportRows());
   const QAbstractItemModel& cells = *form.findChild<QTableView*>(u"grid"_s)->model();
   ASSERT_EQ(cells.rowCount(), 31);
   EXPECT_EQ(cells.index(28, 3).data().toString(), expected.days[59].sunrise); // 29 February
@@ -155,7 +156,7 @@ TEST_F(PanelTest, CamerasOfTheDemonstration) {
   desktop_->forms().show(form::Cameras{});
   EXPECT_EQ(form.windowTitle(), u" 小松空港");
   form.close();
-  EXPECT_TRUE(settle(form, [&] { desktop_->view().showForm(form::Cameras{}); }));
+  EXPECT_TRUE(settle(form, [&] { desktop_->terminal().forms().show(form::Cameras{}); }));
   EXPECT_EQ(form.windowTitle(), u"新千歳空港");
 }
 
@@ -199,8 +200,9 @@ TEST_F(PanelTest, NoticeAheadOfTheChartsIsKeptAway) {
     form->findChild<QAbstractButton*>(u"chk"_s)->click();
     form->findChild<QPushButton*>(u"cmdOK"_s)->click();
   });
-  EXPECT_TRUE(desktop_->view().showAdobeNotice());
-  EXPECT_EQ(desktop_->view().program().settings()[key::アドビインフォメーション], true);
+  action::charts(desktop_->terminal());
+  EXPECT_FALSE(desktop_->terminal().ended());
+  EXPECT_EQ(desktop_->terminal().program().settings()[key::アドビインフォメーション], true);
 }
 
 } // namespace

@@ -21,10 +21,10 @@ using namespace Qt::StringLiterals;
 
 class SettingsFormViewTest : public WindowTest {
  protected:
-  const Settings& settings() { return desktop_->view().program().settings(); }
+  const Settings& settings() { return desktop_->terminal().program().settings(); }
   void openSettings(std::vector<ModalSteps::Step> steps) {
     ModalSteps modal(std::move(steps));
-    desktop_->view().menus().button(9);
+    desktop_->terminal().menus().button(9);
     EXPECT_TRUE(modal.done());
   }
 };
@@ -73,7 +73,7 @@ TEST_F(SettingsFormViewTest, EveryControlWritesAtOnce) {
     EXPECT_EQ(settings()[key::視程1], kept);
     EXPECT_FALSE(form.isVisible());
   }});
-  EXPECT_FALSE(desktop_->view().ended());
+  EXPECT_FALSE(desktop_->terminal().ended());
 }
 
 TEST_F(SettingsFormViewTest, FontAndColourReachSampleAndScreen) {

@@ -337,14 +337,14 @@ TEST_F(SettingsFormTest, TheTerminalFollowsTheClosedForm) {
   ASSERT_TRUE(run.begin());
   run.desk.onModal = [this](const ModalForm& shown) {
     EXPECT_EQ(nameOf(shown), u"opton"_s);
-    SettingsForm opton(settings, program.services, settingsHooks(run.view));
+    SettingsForm opton(settings, program.services, settingsHooks(run.terminal));
     opton.setBuffer(4);
     opton.choose(9, u"1"_s);
     opton.pick(1, 77);
     EXPECT_TRUE(opton.close());
     return ModalOutcome(opton.outcome().value());
   };
-  run.view.menus().button(9);
+  run.terminal.menus().button(9);
   EXPECT_EQ(program.bufferLevel, 7);
   EXPECT_EQ(program.console.screen().baseColour(), 77);
   EXPECT_TRUE(run.asked().contains(u"C/04"_s)); // the cycle files of the new window

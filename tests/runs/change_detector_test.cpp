@@ -132,7 +132,7 @@ TEST_F(ChangeDetectorTest, BearsATableThatIsRebuiltDuringItsWaits) {
   run.onRequest = [&](const QString& name) {
     if (name == u"M/RJAA") {
       run.onRequest = [](const QString&) {};
-      QTimer::singleShot(0, &run.view, [&] { run.type(u"RJTT"_s); });
+      QTimer::singleShot(0, &run.program.console, [&] { run.type(u"RJTT"_s); });
     }
   };
   world.server.setDelivery(stationsPath + u"RJAA", {.delay = 30});

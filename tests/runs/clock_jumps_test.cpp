@@ -78,7 +78,7 @@ TEST_F(ClockJumpTest, TheCycleGoesOnAndAnnouncesANewReportOnce) {
     run.tick(180);
     EXPECT_EQ(run.logged().count(u"RJTT METAR CHANGED"_s), 1);
     EXPECT_EQ(run.desk.takeSeen().sounds.size(), 1);
-    EXPECT_TRUE(run.view.cycle().watchEnabled());
+    EXPECT_TRUE(run.terminal.cycle().watchEnabled());
   }
 }
 
@@ -94,7 +94,7 @@ TEST_F(ClockJumpTest, AnotherTimeZoneShiftsTheWindowOfASequenceUntilTheNextStart
   EXPECT_EQ(first->asked().filter(u"C/"_s), (QStringList{u"C/19"_s, u"C/20"_s, u"C/20"_s}));
   first->type(u"RJTT"_s);
   EXPECT_TRUE(first->screen().contains(u"RJTT  METAR 0500Z\r\n      240500Z\n"));
-  first->view.close();
+  first->terminal.close();
   first.reset();
   ProgramRun next(world);
   ASSERT_TRUE(next.begin());

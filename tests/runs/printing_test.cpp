@@ -138,7 +138,7 @@ TEST_F(PrintingTest, PrintsAutomaticallyWithinItsWindow) {
     settings().store(key::印刷終了時, c.to.left(2));
     settings().store(key::印刷終了分, c.to.mid(2));
     settings().store(key::プリンター, c.printer);
-    const QString behind = run.view.printing().printScreen(Printing::Cause::Cycle);
+    const QString behind = run.terminal.printing().printScreen(Printing::Cause::Cycle);
     const bool refused = !c.refusal.isEmpty();
     EXPECT_EQ(behind, crlf + (refused ? c.refusal : u"AUTO PRINT COMPLETED"_s) + u' ' + c.now + crlf);
     EXPECT_EQ(run.logged(),
@@ -150,7 +150,7 @@ TEST_F(PrintingTest, PrintsAutomaticallyWithinItsWindow) {
     EXPECT_TRUE(seen.forms.isEmpty());
   }
   // The next print is the user's again, with its dialogue.
-  run.view.printing().printScreen();
+  run.terminal.printing().printScreen();
   EXPECT_EQ(textsOf(run.desk.takeSeen().forms), QStringList{u"printerselect"_s});
 }
 
@@ -164,7 +164,7 @@ TEST_F(PrintingTest, SavesTheScreenAsText) {
     run.desk.answers = std::move(answers);
     run.shown();
     run.logged();
-    run.view.printing().saveScreen();
+    run.terminal.printing().saveScreen();
   };
   save(std::nullopt);
   EXPECT_EQ(run.shown(), cancelled);

@@ -173,7 +173,7 @@ TEST_F(SequenceRunTest, ShowsTheWindowOverMidnight) {
   EXPECT_EQ(run.program.currentInput, u"SQ RJTT RJAA");
   EXPECT_EQ(during, u"データ シーケンス取得中");
   EXPECT_EQ(run.panel2(), u"元");
-  EXPECT_FALSE(run.view.cycle().retryEnabled());
+  EXPECT_FALSE(run.terminal.cycle().retryEnabled());
 }
 
 TEST_F(SequenceRunTest, RetriesUntilTheFilesHaveCome) {
@@ -181,12 +181,12 @@ TEST_F(SequenceRunTest, RetriesUntilTheFilesHaveCome) {
   for (const QString& hour : {u"22"_s, u"23"_s, u"00"_s, u"01"_s})
     world.server.setFile(cyclesPath + hour + u"Z.TXT", QString(u"RJTT 24" + hour + u"00Z X\n").toUtf8());
   ASSERT_TRUE(run.begin());
-  run.view.cycle().enableWatch(false);
+  run.terminal.cycle().enableWatch(false);
   run.program.console.setPanel(2, u"元"_s);
   run.type(u"SQ RJTT"_s);
   EXPECT_EQ(run.screen().count(u"  LOADING SEQUENCE DATA AT "), 4);
   EXPECT_EQ(run.panel2(), u"データ シーケンス取得中");
-  EXPECT_TRUE(run.view.cycle().retryEnabled());
+  EXPECT_TRUE(run.terminal.cycle().retryEnabled());
   run.asked();
   run.tick(2);
   EXPECT_TRUE(run.asked().isEmpty());
@@ -202,7 +202,7 @@ TEST_F(SequenceRunTest, RetriesUntilTheFilesHaveCome) {
   EXPECT_FALSE(run.screen().contains(u"LOADING"));
   EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 0900I\r\n      240000Z X\r\n"));
   EXPECT_EQ(run.panel2(), u"元");
-  EXPECT_FALSE(run.view.cycle().retryEnabled());
+  EXPECT_FALSE(run.terminal.cycle().retryEnabled());
 }
 
 TEST_F(SequenceRunTest, ShowsItsOwnRecord) {

@@ -71,13 +71,13 @@ Seen see(int ahead, const Act& act, const Act& meanwhile) {
   Seen seen;
   bool reached = false;
   QTimer untilAsked;
-  QObject::connect(&untilAsked, &QTimer::timeout, &run.view, [&] {
+  QObject::connect(&untilAsked, &QTimer::timeout, &run.program.console, [&] {
     if (!world.server.requests().contains(stationsPath + u"RJCC.TXT"))
       return;
     untilAsked.stop();
     meanwhile(run);
   });
-  QObject::connect(&run.program.console, &Console::progress, &run.view, [&](int place, int total) {
+  QObject::connect(&run.program.console, &Console::progress, &run.program.console, [&](int place, int total) {
     seen.steps.append(QString::number(place) + u'/' + QString::number(total) + u' ' + run.screen());
     if (place == waitsAt && meanwhile && !std::exchange(reached, true))
       untilAsked.start(10);
@@ -90,7 +90,7 @@ Seen see(int ahead, const Act& act, const Act& meanwhile) {
     seen.stamps.append(station.stationCode + station.metarStamp + u' ' + station.tafStamp);
   seen.record = contents(world.path(u"data/sequence.dat"_s));
   seen.asked = run.asked();
-  if (run.view.ended()) {
+  if (run.terminal.ended()) {
     letPass(1600);
     EXPECT_EQ(run.asked(), QStringList());
   }

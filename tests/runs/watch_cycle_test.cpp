@@ -58,8 +58,8 @@ TEST_F(WatchCycleTest, FirstTickRunsTheAutomaticDecode) {
   EXPECT_EQ(run.program.lastCycleTime, u"14:20");
   EXPECT_EQ(run.program.console.status().panel1(), u"ネットワーク接続確立");
   EXPECT_FALSE(run.program.console.overlay());
-  EXPECT_TRUE(run.view.cycle().watchEnabled());
-  EXPECT_FALSE(run.view.cycle().overlayTimerEnabled());
+  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
+  EXPECT_FALSE(run.terminal.cycle().overlayTimerEnabled());
 }
 
 TEST_F(WatchCycleTest, PassesEveryTwentySecondsAndComparesEveryMinute) {
@@ -116,8 +116,8 @@ TEST_F(WatchCycleTest, FallsDueByTheClockAlone) {
         SetClock(QDateTime::fromString(u"2026-11-24T%1+09:00"_s.arg(QLatin1String(c.now)), Qt::ISODate));
     fresh.tick();
     EXPECT_EQ(fresh.asked().contains(u"M/RJTT"), c.due);
-    EXPECT_TRUE(fresh.view.cycle().watchEnabled());
-    fresh.view.close();
+    EXPECT_TRUE(fresh.terminal.cycle().watchEnabled());
+    fresh.terminal.close();
   }
 }
 
@@ -279,7 +279,7 @@ TEST_F(WatchCycleTest, FollowsTheStateOfTheConnection) {
     EXPECT_EQ(run.program.console.status().panel1(), p.panel1);
     EXPECT_EQ(connected(), p.up);
     EXPECT_EQ(run.program.lastProbeGood, p.up);
-    EXPECT_TRUE(run.view.cycle().watchEnabled());
+    EXPECT_TRUE(run.terminal.cycle().watchEnabled());
     if (!p.up) {
       EXPECT_EQ(run.panel2(), u"再受信待機");
     }
@@ -303,7 +303,7 @@ TEST_F(WatchCycleTest, AFailureAtTheStartIsToldAsALoss) {
     EXPECT_EQ(failed.shown(), returns ? u"\r\nRECONNECT NETWORK\r\n"_s : u"\r\nDISCONNECT NETWORK\r\n"_s);
     EXPECT_EQ(failed.program.networkAvailable, returns);
     EXPECT_FALSE(failed.asked().contains(u"M/RJTT"));
-    failed.view.close();
+    failed.terminal.close();
   }
 }
 
@@ -314,7 +314,7 @@ TEST_F(WatchCycleTest, StopsWhereTheAutomaticDecodeIsOff) {
   run.program.settings().store(key::シーケンス表示, true);
   run.asked();
   run.tick(60);
-  EXPECT_FALSE(run.view.cycle().watchEnabled());
+  EXPECT_FALSE(run.terminal.cycle().watchEnabled());
   EXPECT_EQ(run.panel2(), u"自動デコード停止");
   EXPECT_TRUE(run.asked().contains(u"C/05"));
   EXPECT_EQ(run.program.lastCycleTime, u"14:20");
@@ -322,21 +322,21 @@ TEST_F(WatchCycleTest, StopsWhereTheAutomaticDecodeIsOff) {
   EXPECT_TRUE(run.asked().isEmpty());
   // A list typed by hand is not of the automatic mode; the watch goes on.
   run.type(u"RJTT"_s);
-  run.view.cycle().enableWatch(true);
+  run.terminal.cycle().enableWatch(true);
   run.tick(120);
-  EXPECT_TRUE(run.view.cycle().watchEnabled());
+  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
 }
 
 TEST_F(WatchCycleTest, TrayIconGoesASecondAfterTheWindowIsBack) {
   ASSERT_TRUE(run.begin());
-  run.view.setMinimised(true);
+  run.terminal.forms().setMinimised(true);
   EXPECT_EQ(takenForms(), QStringList{u"taskicon"_s});
-  run.view.setMinimised(false);
+  run.terminal.forms().setMinimised(false);
   // Minimised again within the second the window needs its icon.
-  run.view.setMinimised(true);
-  EXPECT_FALSE(run.view.cycle().trayTimerEnabled());
-  run.view.setMinimised(false);
-  EXPECT_TRUE(run.view.cycle().trayTimerEnabled());
+  run.terminal.forms().setMinimised(true);
+  EXPECT_FALSE(run.terminal.cycle().trayTimerEnabled());
+  run.terminal.forms().setMinimised(false);
+  EXPECT_TRUE(run.terminal.cycle().trayTimerEnabled());
   run.tick();
-  EXPECT_FALSE(run.view.cycle().trayTimerEnabled());
+  EXPECT_FALSE(run.terminal.cycle().trayTimerEnabled());
 }

@@ -30,8 +30,8 @@ void serveVersions(World& world, const Answer& atActivation) {
 
 /// Does something once the start waits for the Enter key.
 void whenWaiting(ProgramRun& run, const std::function<void()>& act) {
-  auto* timer = new QTimer(&run.view);
-  QObject::connect(timer, &QTimer::timeout, &run.view, [&run, timer, act] {
+  auto* timer = new QTimer(&run.program.console);
+  QObject::connect(timer, &QTimer::timeout, &run.program.console, [&run, timer, act] {
     if (!run.screen().contains(u"To continue, hit ENTER key."))
       return;
     timer->stop();
@@ -68,7 +68,7 @@ TEST(Start, FirstStartFetchesWhatIsMissing) {
   EXPECT_EQ(contents(world.path(u"sound/ring.wav"_s)), delivered::file(u"update/data/ring.wav"_s));
 
   run.keys(u"\x1B"_s);
-  EXPECT_TRUE(run.view.ended());
+  EXPECT_TRUE(run.terminal.ended());
   EXPECT_FALSE(fileExists(world.path(u"data"_s)));
   world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
 }
@@ -197,7 +197,7 @@ TEST(Start, ChecksTheVersionAtActivation) {
     run.desk.answers = {c.yes};
     whenWaiting(run, [&run] { run.type(QString()); });
     EXPECT_EQ(run.start(), !c.closes);
-    EXPECT_EQ(run.view.updaterRequested(), c.closes);
+    EXPECT_EQ(run.terminal.updaterRequested(), c.closes);
     EXPECT_EQ(run.screen().contains(u"Now you can download a latest version 4.32\r\n"_s),
               c.end == End::Notice);
     const QStringList asked = textsOf(run.desk.takeSeen().dialogs);
@@ -238,7 +238,7 @@ TEST(Start, WaitsForEnterBehindThePassiveNotice) {
     whenWaiting(run, [&] {
       waiting = run.screen();
       runs = run.program.console.screen().runs();
-      EXPECT_FALSE(run.view.cycle().watchEnabled());
+      EXPECT_FALSE(run.terminal.cycle().watchEnabled());
       run.keys(c.keys);
     });
     EXPECT_EQ(run.start(), !c.ends);
@@ -246,7 +246,7 @@ TEST(Start, WaitsForEnterBehindThePassiveNotice) {
     ASSERT_EQ(runs.size(), 3U);
     EXPECT_EQ(runs[1], (AttributeRun{18, 162, yellow, false}));
     EXPECT_TRUE(run.screen().startsWith(c.screen));
-    EXPECT_EQ(run.view.cycle().watchEnabled(), !c.ends);
+    EXPECT_EQ(run.terminal.cycle().watchEnabled(), !c.ends);
   }
 }
 
@@ -268,7 +268,7 @@ TEST(Start, AutomaticDecodeOffGivesThePromptAtOnce) {
     EXPECT_TRUE(run.program.console.overlay());
     run.tick();
     EXPECT_FALSE(run.program.console.overlay());
-    run.view.close();
+    run.terminal.close();
     world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::自動デコード有効], false); });
   }
 }
@@ -358,7 +358,7 @@ TEST(Start, ServesFromAFolderThatCannotBeWritten) {
     EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 1400I\r\n      240500Z 33010KT\n"));
     run.type(u"SQ RJTT"_s);
     run.type(u"EXIT"_s);
-    EXPECT_TRUE(run.view.ended());
+    EXPECT_TRUE(run.terminal.ended());
   }
   World world;
   writeWhole(world.home(), "a file in its place");
@@ -377,13 +377,13 @@ TEST(Start, CloseDuringTheFirstActivationUnwinds) {
     if (name != u"/data/version.dat" || ++versions != 2)
       return;
     world.server.setDelivery(u"/"_s, {.delay = 5'000});
-    QTimer::singleShot(20, &run.view, [&run] { run.keys(u"\x1B"_s); });
+    QTimer::singleShot(20, &run.program.console, [&run] { run.keys(u"\x1B"_s); });
   };
   QElapsedTimer time;
   time.start();
   EXPECT_FALSE(run.start());
   EXPECT_LT(time.elapsed(), 2000);
-  EXPECT_TRUE(run.view.ended());
-  EXPECT_FALSE(run.view.updaterRequested());
+  EXPECT_TRUE(run.terminal.ended());
+  EXPECT_FALSE(run.terminal.updaterRequested());
   EXPECT_EQ(run.screen(), initialized);
 }

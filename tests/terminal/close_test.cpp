@@ -86,7 +86,7 @@ TEST_P(CloseTest, AtEveryTurnOfTheEventLoopUnwinds) {
     QStringList asked;
     bool closed = false;
     AtTurn closing(turn, [&] {
-      run.view.close();
+      run.terminal.close();
       closed = true;
       screen = run.screen();
       files = filesBelow(world.home());

@@ -6,17 +6,17 @@ using namespace soran;
 
 TEST_F(CommandsTest, APageGoesToThePaneOrToTheSystemsBrowser) {
   run.begin();
-  const BrowserPane& pane = run.view.pane();
+  const BrowserPane& pane = run.terminal.pane();
   const QString before = run.panel2();
   for (const bool inPane : {false, true}) {
     run.program.settings().store(key::ブラウザー, inPane);
     enter(u"HELP"_s);
     EXPECT_EQ(textsOf(run.desk.takeSeen().pages), QStringList{world.endpoints.home + u"/help/help.html"});
     EXPECT_EQ(pane.visible(), inPane);
-    run.view.pane().pageState(BrowserPane::Loading::Failed);
+    run.terminal.pane().pageState(BrowserPane::Loading::Failed);
     EXPECT_EQ(run.panel2(), inPane ? u"ページを表示できません"_s : before);
   }
-  run.view.pane().close();
+  run.terminal.pane().close();
   EXPECT_EQ(run.panel2(), before);
 }
 
@@ -142,7 +142,7 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
   run.keys(u"\b\b\b\b\b\b"_s);
   EXPECT_EQ(run.program.console.inputlbl(), QString());
   run.type(u"exit"_s);
-  EXPECT_TRUE(run.view.ended());
+  EXPECT_TRUE(run.terminal.ended());
 }
 
 TEST_F(CommandsTest, EchoesKeysAndEndsOnEscape) {
@@ -155,7 +155,7 @@ TEST_F(CommandsTest, EchoesKeysAndEndsOnEscape) {
   EXPECT_EQ(run.program.watchTicks, 0);
   EXPECT_EQ(run.shown(), QString());
   run.keys(u"\x1B"_s);
-  EXPECT_TRUE(run.view.ended());
+  EXPECT_TRUE(run.terminal.ended());
   run.keys(u"x\r"_s);
   EXPECT_EQ(run.program.console.inputlbl(), u"Rjt");
 }

@@ -98,7 +98,7 @@ TEST(FullDisk, KeepsWhatWasStoredAndServesReports) {
       run.type(u"SQ RJTT"_s);
     }
     run.type(u"EXIT"_s);
-    EXPECT_TRUE(run.view.ended());
+    EXPECT_TRUE(run.terminal.ended());
     full.reset();
     expectOwn(world);
     EXPECT_FALSE(fileExists(world.path(u"soran_temp.mdb"_s)));
@@ -142,7 +142,7 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
       EXPECT_TRUE(filesBelow(world.home()).value(kept) == flipped);
       ++restored;
     }
-    run.view.close();
+    run.terminal.close();
   }
   EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/actions.h"
 #include "terminal/commands_fixture.h"
 
 using namespace soran;
@@ -62,30 +63,30 @@ TEST_F(CommandsTest, StopsTheCycleWhereTheSettingSaysSo) {
                {u"QQA"_s, false}, {u"COUNTER"_s, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line.toStdString());
-    run.view.cycle().enableWatch(true);
+    run.terminal.cycle().enableWatch(true);
     enter(c.line);
-    EXPECT_EQ(run.view.cycle().watchEnabled(), !c.stops);
+    EXPECT_EQ(run.terminal.cycle().watchEnabled(), !c.stops);
     EXPECT_EQ(run.logged().contains(terminated), c.stops);
   }
-  run.view.pane().close();
+  run.terminal.pane().close();
   enter(u"RJTT"_s);
   EXPECT_EQ(run.panel2(), u"自動デコード停止");
   EXPECT_EQ(run.logged().mid(0, 2), (QStringList{terminated, u"MANUAL DECODE"_s}));
   enter(u"ATO"_s);
-  EXPECT_TRUE(run.view.cycle().watchEnabled());
+  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
 }
 
 TEST_F(CommandsTest, StartsTheAutomaticDecode) {
   ASSERT_TRUE(run.begin());
   storeAutoList(run.program.tables, {{u"RJTT"_s, u"羽田"_s}, {u"RJAA"_s, u"成田"_s}});
   run.program.settings().store(key::自動デコード有効, false);
-  run.view.cycle().enableWatch(false);
+  run.terminal.cycle().enableWatch(false);
   enter(u"ATO"_s);
   EXPECT_EQ(run.shown(), u"\r\nAUTO DECODE SEQUENCE DISABLED\r\n"_s + ready);
   EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs),
             QStringList{u"自動デコードが無効になっています　　\r\r有効にしますか？"_s});
   EXPECT_TRUE(run.logged().isEmpty());
-  EXPECT_FALSE(run.view.cycle().watchEnabled());
+  EXPECT_FALSE(run.terminal.cycle().watchEnabled());
   EXPECT_EQ(run.program.settings()[key::自動デコード有効], false);
 
   run.keys(u"\b\b\b"_s);
@@ -100,12 +101,12 @@ TEST_F(CommandsTest, StartsTheAutomaticDecode) {
   EXPECT_EQ(run.logged().mid(0, 3), (QStringList{u"SYSTEM INITIALIZED"_s, u"AUTO DECODE SEQUENCE START"_s,
                                                  u"RJTT METAR RECEIVED"_s}));
   EXPECT_EQ(run.program.settings()[key::自動デコード有効], true);
-  EXPECT_TRUE(run.view.cycle().watchEnabled());
+  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
   EXPECT_EQ(run.program.currentInput, u"RJTT RJAA");
 
   // From the toolbar no key has ended a group run's mode before.
   run.type(u"TTAA"_s);
-  run.view.startAutomaticDecode();
+  action::startAutomatic(run.terminal);
   EXPECT_TRUE(run.screen().startsWith(u"*** AUTO DECODE - "));
 
   storeAutoList(run.program.tables, {});

@@ -26,7 +26,9 @@ TEST_F(MenusTest, EachEntryDependsOnItsConditions) {
        {u"menu_print"_s, u"menu_popup_print"_s},
        {}},
       {"pane",
-       [this](bool holds) { holds ? run.view.pane().close() : run.view.pane().openPage(u"http://x"_s); },
+       [this](bool holds) {
+         holds ? run.terminal.pane().close() : run.terminal.pane().openPage(u"http://x"_s);
+       },
        {u"menu_print"_s, u"menu_save"_s, u"menu_export"_s, u"menu_import"_s, u"menu_list"_s,
         u"menu_company"_s, u"menu_company_edit"_s, u"menu_info_weather"_s, u"menu_airport"_s,
         u"menu_autodecode"_s, u"menu_option"_s, u"menu_update"_s, u"menu_command"_s, u"menu_info_log"_s},
@@ -98,22 +100,22 @@ TEST_F(MenusTest, LeavingClosesThePaneFirst) {
   };
   for (const Case& c : {Case{u"menu_exit"_s, 0}, Case{u"menu_popup_exit"_s, 0}, Case{QString(), 0}}) {
     run.program.console.setPanel(2, u"before"_s);
-    run.view.pane().openPage(u"http://x"_s);
-    run.view.pane().pageState(BrowserPane::Loading::Completed);
+    run.terminal.pane().openPage(u"http://x"_s);
+    run.terminal.pane().pageState(BrowserPane::Loading::Completed);
     EXPECT_EQ(item(u"menu_exit"_s)->caption, u"ブラウザーを閉じる"_s);
     EXPECT_EQ(menus().buttons().front().hover, u" ブラウザーを閉じる "_s);
     EXPECT_TRUE(c.menu.isEmpty() ? menus().button(c.button) : menus().choose(c.menu));
-    EXPECT_FALSE(run.view.pane().visible() || run.view.ended());
+    EXPECT_FALSE(run.terminal.pane().visible() || run.terminal.ended());
     EXPECT_EQ(run.panel2(), u"before"_s);
     EXPECT_EQ(item(u"menu_exit"_s)->caption, u"SORAN を終了"_s);
   }
-  run.view.pane().openPage(u"http://x"_s, BrowserPane::MenuRule::LeftAlone);
+  run.terminal.pane().openPage(u"http://x"_s, BrowserPane::MenuRule::LeftAlone);
   EXPECT_TRUE(enabled(u"menu_option"_s));
   EXPECT_FALSE(buttonWorks(1));
   EXPECT_TRUE(menus().button(15));
-  EXPECT_FALSE(run.view.pane().visible());
+  EXPECT_FALSE(run.terminal.pane().visible());
   menus().choose(u"menu_exit"_s);
-  EXPECT_TRUE(run.view.ended());
+  EXPECT_TRUE(run.terminal.ended());
   EXPECT_TRUE(menus().button(6)); // nothing happens any more
   EXPECT_NE(run.logged().value(0), u"CLS COMMAND"_s);
 }
@@ -123,7 +125,7 @@ TEST_F(MenusTest, LeavingForTheDownloadEndsTheProgram) {
     return ModalOutcome(form::PdfNotice::Outcome{.dontShowAgain = false, .banner = true});
   };
   run.type(u"WX"_s);
-  EXPECT_TRUE(run.view.ended());
+  EXPECT_TRUE(run.terminal.ended());
   const Headless::Seen seen = run.desk.takeSeen();
   EXPECT_EQ(joined(textsOf(seen.forms)), u"adobeinfo"_s);
   EXPECT_EQ(joined(textsOf(seen.pages)), adobe_notice::downloadPage.toString());
@@ -145,11 +147,11 @@ TEST_F(MenusTest, FormsGoAndComeWithTheWindow) {
   for (const QString& name :
        {u"menu_info_log"_s, u"menu_command"_s, u"menu_info_version"_s, u"menu_camera"_s})
     menus().choose(name);
-  run.view.formClosed(form::Cameras{});
+  run.terminal.forms().closed(form::Cameras{});
   run.desk.takeSeen();
-  run.view.setMinimised(true);
+  run.terminal.forms().setMinimised(true);
   EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"taskicon"_s);
-  run.view.setMinimised(false);
+  run.terminal.forms().setMinimised(false);
   EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"log|command"_s);
 }
 
@@ -214,8 +216,8 @@ TEST_F(MenusTest, OpeningAnEditorHoldsTheWatchOff) {
   }
   for (const bool stops : {false, true}) {
     run.program.settings().store(key::マニュアル入力時停止, stops);
-    run.view.cycle().enableWatch(true);
+    run.terminal.cycle().enableWatch(true);
     menus().choose(u"menu_airport"_s);
-    EXPECT_EQ(run.view.cycle().watchEnabled(), !stops);
+    EXPECT_EQ(run.terminal.cycle().watchEnabled(), !stops);
   }
 }

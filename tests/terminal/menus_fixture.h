@@ -28,7 +28,7 @@ class MenusTest : public ::testing::Test {
     started = run.begin();
     run.desk.printers = {u"OFFICE"_s};
   }
-  Menus& menus() { return run.view.menus(); }
+  Menus& menus() { return run.terminal.menus(); }
   std::optional<MenuItem> item(const QString& name, int index = 0) {
     for (const MenuItem& each : menus().items()) {
       if (each.name == name && each.index == index)

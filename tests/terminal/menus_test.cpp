@@ -99,11 +99,11 @@ TEST_F(MenusTest, EveryEntryDoesWhatItSays) {
     EXPECT_EQ(joined(textsOf(seen.forms)), effect.forms);
     EXPECT_EQ(joined(textsOf(seen.pages)), effect.pages);
     EXPECT_EQ(joined(textsOf(seen.dialogs)), effect.texts);
-    run.view.pane().close();
+    run.terminal.pane().close();
   }
   for (const Form& form :
        {Form(form::Charts{}), Form(form::Cameras{}), Form(form::Commands{}), Form(form::Log{})})
-    EXPECT_TRUE(run.view.isOpen(form)) << nameOf(form).toStdString();
+    EXPECT_TRUE(run.terminal.forms().isOpen(form)) << nameOf(form).toStdString();
 }
 
 TEST_F(MenusTest, AnEntryThatIsMissingIsTold) {
@@ -127,9 +127,9 @@ TEST_F(MenusTest, AnAirportOfTheListShowsItsSequence) {
     run.program.console.setPanel(2, u"before"_s);
     run.program.runMemory.group = u"NORTH"_s;
     run.program.runMemory.automatic = true;
-    run.view.cycle().enableWatch(c.watching);
+    run.terminal.cycle().enableWatch(c.watching);
     bool watchedDuringRun = false;
-    run.onRequest = [&](const QString&) { watchedDuringRun |= run.view.cycle().watchEnabled(); };
+    run.onRequest = [&](const QString&) { watchedDuringRun |= run.terminal.cycle().watchEnabled(); };
     run.program.settings().store(key::シーケンス表示, false);
     run.program.watchTicks = 5;
     run.logged();
@@ -140,7 +140,7 @@ TEST_F(MenusTest, AnAirportOfTheListShowsItsSequence) {
     EXPECT_TRUE(run.screen().endsWith(gapReady)) << run.screen().toStdString();
     EXPECT_EQ(run.panel2(), u"before"_s);
     EXPECT_FALSE(watchedDuringRun);
-    EXPECT_TRUE(run.view.cycle().watchEnabled());
+    EXPECT_TRUE(run.terminal.cycle().watchEnabled());
     EXPECT_TRUE(run.program.runMemory.group.isEmpty());
     EXPECT_FALSE(run.program.runMemory.automatic || run.program.console.sequencePending());
     EXPECT_EQ(run.program.watchTicks, 0);
@@ -152,7 +152,7 @@ TEST_F(MenusTest, AGroupOfTheMenuRunsAndLeavesTheCycleByTheSetting) {
   for (const QString& name : {u"menu_company_data"_s, u"menu_popup_group_data"_s}) {
     for (const bool stops : {false, true}) {
       run.program.settings().store(key::マニュアル入力時停止, stops);
-      run.view.cycle().enableWatch(stops);
+      run.terminal.cycle().enableWatch(stops);
       const int acts = run.program.userActs;
       run.logged();
       ASSERT_TRUE(menus().choose(name, 1));
@@ -160,7 +160,7 @@ TEST_F(MenusTest, AGroupOfTheMenuRunsAndLeavesTheCycleByTheSetting) {
       EXPECT_EQ(log.first(), u"GROUP TTAA DECODE SEQUENCE START"_s);
       EXPECT_EQ(log.count(terminated), stops ? 1 : 0);
       EXPECT_EQ(log.last() == terminated, stops);
-      EXPECT_EQ(run.view.cycle().watchEnabled(), !stops);
+      EXPECT_EQ(run.terminal.cycle().watchEnabled(), !stops);
       EXPECT_EQ(run.program.currentInput, u"RJTT RJAA"_s);
       EXPECT_TRUE(run.screen().contains(u"*** RJTT - RJAA COMPANY ROUTINE ROUTE"));
       EXPECT_TRUE(run.screen().endsWith(gapReady));
@@ -193,7 +193,7 @@ TEST_F(MenusTest, TheStartButtonRunsTheListBehindAYes) {
   EXPECT_EQ(log.mid(0, 2), (QStringList{u"SYSTEM INITIALIZED"_s, u"AUTO DECODE SEQUENCE START"_s}));
   EXPECT_TRUE(run.screen().startsWith(u"*** AUTO DECODE"));
   EXPECT_TRUE(run.screen().endsWith(gapReady));
-  EXPECT_TRUE(run.view.cycle().watchEnabled());
+  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
   EXPECT_EQ(run.program.settings()[key::自動デコード有効], true);
 }
 

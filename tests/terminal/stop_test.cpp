@@ -121,10 +121,10 @@ TEST(Stop, CloseBoxTakesThePaneAwayFirst) {
   ProgramRun run(world);
   ASSERT_TRUE(run.start());
   run.type(u"HELP"_s);
-  run.view.closeBox();
-  EXPECT_FALSE(run.view.ended());
-  run.view.closeBox();
-  EXPECT_TRUE(run.view.ended());
+  run.terminal.closeBox();
+  EXPECT_FALSE(run.terminal.ended());
+  run.terminal.closeBox();
+  EXPECT_TRUE(run.terminal.ended());
 }
 
 TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
@@ -141,12 +141,12 @@ TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
        [&](ProgramRun& r) { typed(r, u"\b\b\b\bEXIT"_s); }},
       {"nested run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
        [&](ProgramRun& r) {
-         QTimer::singleShot(20, &r.view, [&r] { r.keys(u"\x1B"_s); });
+         QTimer::singleShot(20, &r.program.console, [&r] { r.keys(u"\x1B"_s); });
          r.program.console.setInput({});
          typed(r, u"TTCC"_s);
        }},
       {"probe", u"/data/version.dat"_s, [&](ProgramRun& r) { r.tick(); },
-       [&](ProgramRun& r) { r.view.closeBox(); }},
+       [&](ProgramRun& r) { r.terminal.closeBox(); }},
       {"cycle", u"M/RJAA"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
       {"cycle file", u"C/05"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
       {"sequence", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"SQ RJTT RJAA"_s); },
@@ -171,9 +171,9 @@ TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
         return;
       run.onRequest = [](const QString&) {};
       world.server.setDelivery(u"/"_s, {.delay = 5'000});
-      QTimer::singleShot(20, &run.view, [&] {
+      QTimer::singleShot(20, &run.program.console, [&] {
         c.meanwhile(run);
-        if (run.view.ended())
+        if (run.terminal.ended())
           atClose = run.screen();
       });
     };
@@ -181,7 +181,7 @@ TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
     time.start();
     c.begin(run);
     EXPECT_LT(time.elapsed(), 1000);
-    EXPECT_TRUE(run.view.ended());
+    EXPECT_TRUE(run.terminal.ended());
     EXPECT_EQ(run.screen(), atClose);
     EXPECT_FALSE(run.program.tables.database().isOpen());
     EXPECT_FALSE(fileExists(world.path(u"data"_s)));

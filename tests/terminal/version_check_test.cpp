@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "printing.h"
 #include "start/hand_over.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 #include "updating.h"
 
 #include <gmock/gmock.h>
@@ -31,27 +31,27 @@ class VersionCheckTest : public ::testing::Test {
     program.settings().store(key::SORANバージョン, 4.31);
     program.settings().store(key::自動デコード有効, false);
     program.networkAvailable = true;
-    desk.waiting.onWait = [this] { view.handleKey(u'\r'); };
+    desk.waiting.onWait = [this] { terminal.handleKey(u'\r'); };
   }
 
   void start() {
-    view.guarded([this] { view.start({}); });
+    terminal.guarded([this] { terminal.start({}); });
   }
   void check() {
-    view.cycle().enableWatch(true);
+    terminal.cycle().enableWatch(true);
     desk.dialogs();
-    view.guarded([this] { view.checkForNewVersion(); });
+    terminal.guarded([this] { terminal.versionCheck().onDemand(); });
   }
   void type(QStringView line) {
     for (const QChar c : line)
-      view.handleKey(c);
-    view.handleKey(u'\r');
+      terminal.handleKey(c);
+    terminal.handleKey(u'\r');
   }
   QString newestLog() { return program.console.log().rows().front().message; }
 
   Updating desk;
   Program program{desk.services()};
-  View view{program};
+  Terminal terminal{program};
 };
 
 } // namespace
@@ -121,9 +121,9 @@ TEST_F(VersionCheckTest, TellsWhatItFound) {
     check();
     EXPECT_EQ(newestLog(), c.log);
     EXPECT_THAT(desk.dialogs(), ElementsAre(c.dialog));
-    EXPECT_EQ(view.cycle().watchEnabled(), c.watchGoesOn);
-    EXPECT_FALSE(view.ended());
-    EXPECT_FALSE(view.updaterRequested());
+    EXPECT_EQ(terminal.cycle().watchEnabled(), c.watchGoesOn);
+    EXPECT_FALSE(terminal.ended());
+    EXPECT_FALSE(terminal.updaterRequested());
   }
 }
 
@@ -132,8 +132,8 @@ TEST_F(VersionCheckTest, AYesEndsTheProgramToHandOver) {
   desk.setVersions("4.32\n1\n1\n");
   desk.desk.answers = {true};
   check();
-  EXPECT_TRUE(view.ended());
-  EXPECT_TRUE(view.updaterRequested());
+  EXPECT_TRUE(terminal.ended());
+  EXPECT_TRUE(terminal.updaterRequested());
 }
 
 TEST_F(VersionCheckTest, AModuleThatMayNotRunIsNotHandedTo) {
@@ -142,8 +142,8 @@ TEST_F(VersionCheckTest, AModuleThatMayNotRunIsNotHandedTo) {
   desk.setVersions("4.32\n1\n1\n");
   desk.desk.answers = {true};
   check();
-  EXPECT_FALSE(view.ended());
-  EXPECT_FALSE(view.updaterRequested());
+  EXPECT_FALSE(terminal.ended());
+  EXPECT_FALSE(terminal.updaterRequested());
   EXPECT_TRUE(program.console.screen().text().contains(notice));
 }
 
@@ -153,11 +153,11 @@ TEST_F(VersionCheckTest, TheTypedUpdateAlwaysAsks) {
   EXPECT_EQ(program.settings()[key::SORANバージョン], 0.0);
   EXPECT_TRUE(program.console.screen().text().contains(u"AUTO UPDATE READY\r\n"));
   EXPECT_THAT(desk.dialogs(), ElementsAre(QString(question431).replace(u"4.32"_s, u"4.31"_s)));
-  EXPECT_FALSE(view.updaterRequested());
+  EXPECT_FALSE(terminal.updaterRequested());
   desk.desk.answers = {true};
-  view.handleKey(u'\r'); // the word is still there
-  EXPECT_TRUE(view.ended());
-  EXPECT_TRUE(view.updaterRequested());
+  terminal.handleKey(u'\r'); // the word is still there
+  EXPECT_TRUE(terminal.ended());
+  EXPECT_TRUE(terminal.updaterRequested());
 }
 
 TEST_F(VersionCheckTest, TheTypedResetRenewsTheDatabaseAtTheNextStart) {
@@ -223,8 +223,8 @@ TEST_P(VersionAtStartTest, AsksTellsOrHandsOver) {
   desk.setVersions(c.versions);
   desk.desk.answers = {c.yes};
   start();
-  EXPECT_EQ(view.updaterRequested(), c.handedOver);
-  EXPECT_EQ(view.ended(), c.handedOver);
+  EXPECT_EQ(terminal.updaterRequested(), c.handedOver);
+  EXPECT_EQ(terminal.ended(), c.handedOver);
   EXPECT_EQ(desk.dialogs().size(), c.asked ? 1 : 0);
   EXPECT_EQ(desk.waiting.waits, c.noticed ? 1 : 0);
   EXPECT_EQ(program.console.screen().text().contains(notice), c.noticed);

@@ -13,8 +13,8 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-AirportForm::AirportForm(QWidget* parent, View& view)
-    : QDialog(parent), ui_(std::make_unique<Ui::AirportForm>()), editor_(view.program()) {
+AirportForm::AirportForm(QWidget* parent, Terminal& terminal)
+    : QDialog(parent), ui_(std::make_unique<Ui::AirportForm>()), editor_(terminal.program()) {
   constexpr int codeWidth = 14;
   ui_->setupUi(this);
   setWindowTitle(AirportEditor::title.toString());
@@ -28,15 +28,16 @@ AirportForm::AirportForm(QWidget* parent, View& view)
   };
   for (const auto& [button, action] : actions) {
     connect(button, &QPushButton::clicked, this,
-            [this, &view, action = action] { view.guarded([&] { (editor_.*action)(); }); });
+            [this, &terminal, action = action] { terminal.guarded([&] { (editor_.*action)(); }); });
   }
   connect(ui_->cmd0, &QPushButton::clicked, this, &AirportForm::reject);
   connect(ui_->grid, &EditorGrid::cellChosen, this, [this](int row, int) { editor_.select(row); });
-  connect(ui_->grid, &QTableView::activated, this,
-          [this, &view](const QModelIndex& cell) { view.guarded([&] { editor_.open(cell.row()); }); });
-  editor_.showEntry = [this, &view](AirportEntry& entry) {
+  connect(ui_->grid, &QTableView::activated, this, [this, &terminal](const QModelIndex& cell) {
+    terminal.guarded([&] { editor_.open(cell.row()); });
+  });
+  editor_.showEntry = [this, &terminal](AirportEntry& entry) {
     AirportEntryForm form(this, entry);
-    runDialog(form, view.program().services.shutdown);
+    runDialog(form, terminal.program().services.shutdown);
   };
   editor_.changed = [this] { mirror(); };
   mirror();

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "forms/airport_editor.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 
@@ -17,7 +17,7 @@ namespace soran {
 class AirportForm : public QDialog {
   Q_OBJECT
  public:
-  AirportForm(QWidget* parent, View& view);
+  AirportForm(QWidget* parent, Terminal& terminal);
   ~AirportForm() override;
 
   /// Writes the list and closes.

@@ -16,7 +16,7 @@ constexpr QStringView caption = u"ライブカメラ";
 
 } // namespace
 
-CameraForm::CameraForm(QWidget* parent, View& view) : ImageryForm(parent, view) {
+CameraForm::CameraForm(QWidget* parent, Terminal& terminal) : ImageryForm(parent, terminal) {
   setObjectName(u"camera"_s);
   setAccessibleName(caption.toString());
   QMenu* menu = menuBar().addMenu(caption.toString());

@@ -11,7 +11,7 @@ namespace soran {
 class CameraForm : public ImageryForm {
   Q_OBJECT
  public:
-  CameraForm(QWidget* parent, View& view);
+  CameraForm(QWidget* parent, Terminal& terminal);
 
   void choose(const QString& menu, std::optional<int> index) override;
 

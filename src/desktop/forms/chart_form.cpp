@@ -43,7 +43,7 @@ class SubmenuMaker {
 
 } // namespace
 
-ChartForm::ChartForm(QWidget* parent, View& view) : ImageryForm(parent, view) {
+ChartForm::ChartForm(QWidget* parent, Terminal& terminal) : ImageryForm(parent, terminal) {
   setObjectName(u"chart"_s);
   setAccessibleName(ChartModel::chartCaption.toString());
   makeMenus();
@@ -53,7 +53,7 @@ void ChartForm::makeMenus() {
   QAction* exit = menuBar().addAction(ChartModel::closeCaption.toString(), this, &QDialog::close);
   exit->setObjectName(u"menu_exit"_s);
   print_ = menuBar().addAction(ChartModel::printCaption.toString(), this,
-                               [this] { view().guarded([this] { printByMenu(); }); });
+                               [this] { terminal().guarded([this] { printByMenu(); }); });
   print_->setObjectName(u"menu_print"_s);
   QMenu* root = menuBar().addMenu(ChartModel::chartCaption.toString());
   root->setObjectName(u"menu_chart"_s);
@@ -70,7 +70,7 @@ void ChartForm::makeMenus() {
 
 void ChartForm::begin() {
   const QSize main = parentWidget() ? parentWidget()->size() : size();
-  Program& program = view().program();
+  Program& program = terminal().program();
   model_.emplace(TwipSize{main.width() * twipsPerPixel, main.height() * twipsPerPixel},
                  program.settings()[key::時差].value_or(QString()));
   present(model_->open(program.services.clock.now()));
@@ -79,13 +79,13 @@ void ChartForm::begin() {
 void ChartForm::choose(const QString& menu, std::optional<int> index) {
   if (!model_)
     return;
-  if (const auto shown = model_->choose(menu, index, view().program().services.clock.now()))
+  if (const auto shown = model_->choose(menu, index, terminal().program().services.clock.now()))
     present(*shown);
 }
 
 void ChartForm::present(const ChartShow& shown) {
   setWindowTitle(shown.title);
-  const bool anyPrinter = !view().program().services.printers.installed().isEmpty();
+  const bool anyPrinter = !terminal().program().services.printers.installed().isEmpty();
   print_->setEnabled(ChartModel::printEnabled(shown, anyPrinter));
   layOut({shown.view.width / twipsPerPixel, shown.view.height / twipsPerPixel}, shown.maximised);
   load({shown.source, shown.address, isPicture(shown.address)});
@@ -98,7 +98,7 @@ void ChartForm::printByMenu() {
   printer.setPageSize(QPageSize(QPageSize::A4));
   printer.setPageOrientation(QPageLayout::Landscape);
   QPrintDialog dialog(&printer, this);
-  Shutdown& shutdown = view().program().services.shutdown;
+  Shutdown& shutdown = terminal().program().services.shutdown;
   connect(&shutdown, &Shutdown::closing, &dialog, &QDialog::reject);
   const bool accepted = dialog.exec() == QDialog::Accepted;
   shutdown.check();

@@ -11,7 +11,7 @@ namespace soran {
 class ChartForm : public ImageryForm {
   Q_OBJECT
  public:
-  ChartForm(QWidget* parent, View& view);
+  ChartForm(QWidget* parent, Terminal& terminal);
 
   void choose(const QString& menu, std::optional<int> index) override;
 

@@ -8,8 +8,8 @@
 
 namespace soran {
 
-DecodeListForm::DecodeListForm(QWidget* parent, View& view)
-    : QDialog(parent), ui_(std::make_unique<Ui::DecodeListForm>()), editor_(view.program()) {
+DecodeListForm::DecodeListForm(QWidget* parent, Terminal& terminal)
+    : QDialog(parent), ui_(std::make_unique<Ui::DecodeListForm>()), editor_(terminal.program()) {
   ui_->setupUi(this);
   setWindowTitle(DecodeListEditor::title.toString());
   connectList(*ui_->grid0, &DecodeListEditor::selectSource);
@@ -22,7 +22,7 @@ DecodeListForm::DecodeListForm(QWidget* parent, View& view)
   };
   for (const auto& [button, action] : actions) {
     connect(button, &QPushButton::clicked, this,
-            [this, &view, action = action] { view.guarded([&] { (editor_.*action)(); }); });
+            [this, &terminal, action = action] { terminal.guarded([&] { (editor_.*action)(); }); });
   }
   connect(ui_->grid0, &QListView::activated, ui_->cmd0, &QPushButton::click);
   connect(ui_->cmd4, &QPushButton::clicked, this, &DecodeListForm::reject);

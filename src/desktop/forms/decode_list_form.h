@@ -3,7 +3,7 @@
 #pragma once
 
 #include "forms/decode_list_editor.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 
@@ -19,7 +19,7 @@ namespace soran {
 class DecodeListForm : public QDialog {
   Q_OBJECT
  public:
-  DecodeListForm(QWidget* parent, View& view);
+  DecodeListForm(QWidget* parent, Terminal& terminal);
   ~DecodeListForm() override;
 
   /// Writes the list and closes.

@@ -14,9 +14,9 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-DictionaryForm::DictionaryForm(QWidget* parent, View& view, DictionaryMode mode)
-    : QDialog(parent), view_(view), ui_(std::make_unique<Ui::DictionaryForm>()),
-      editor_(view.program(), mode) {
+DictionaryForm::DictionaryForm(QWidget* parent, Terminal& terminal, DictionaryMode mode)
+    : QDialog(parent), terminal_(terminal), ui_(std::make_unique<Ui::DictionaryForm>()),
+      editor_(terminal.program(), mode) {
   constexpr int keyWidth = 18;
   constexpr int nameWidth = 26;
   ui_->setupUi(this);
@@ -42,7 +42,7 @@ DictionaryForm::~DictionaryForm() = default;
 
 void DictionaryForm::connectButtons() {
   actions_->showOn(*ui_->tool_new, *ui_->tool_edit, *ui_->tool_del);
-  connectGrid(*ui_->grid, *actions_, editor_, view_).held = [this](const QString& typed) {
+  connectGrid(*ui_->grid, *actions_, editor_, terminal_).held = [this](const QString& typed) {
     return editor_.held(typed);
   };
   connect(ui_->cmd0, &QPushButton::clicked, this, [this] { editor_.moveDown(); });
@@ -57,7 +57,7 @@ void DictionaryForm::connectPicture() {
   // Behind the drop: a question would hold the program that the file came from.
   connect(
       ui_->Picture1, &PictureDrop::fileDropped, this,
-      [this](const QString& path) { view_.guarded([&] { editor_.registerPictureFile(path); }); },
+      [this](const QString& path) { terminal_.guarded([&] { editor_.registerPictureFile(path); }); },
       Qt::QueuedConnection);
 }
 
@@ -66,10 +66,10 @@ void DictionaryForm::choosePicture() {
                      u"画像 (*.png *.jpg *.jpeg *.gif *.bmp);;すべてのファイル (*)"_s);
   dialog.setObjectName(u"openPicture"_s);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  if (runDialog(dialog, view_.program().services.shutdown) != QDialog::Accepted ||
+  if (runDialog(dialog, terminal_.program().services.shutdown) != QDialog::Accepted ||
       dialog.selectedFiles().isEmpty())
     return;
-  view_.guarded([&] { editor_.registerPictureFile(dialog.selectedFiles().constFirst()); });
+  terminal_.guarded([&] { editor_.registerPictureFile(dialog.selectedFiles().constFirst()); });
 }
 
 void DictionaryForm::mirror() {

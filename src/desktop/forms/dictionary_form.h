@@ -4,7 +4,7 @@
 
 #include "desktop/forms/row_actions.h"
 #include "forms/dictionary_editor.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 
@@ -18,7 +18,7 @@ namespace soran {
 class DictionaryForm : public QDialog {
   Q_OBJECT
  public:
-  DictionaryForm(QWidget* parent, View& view, DictionaryMode mode);
+  DictionaryForm(QWidget* parent, Terminal& terminal, DictionaryMode mode);
   ~DictionaryForm() override;
 
   /// Writes the list where something has changed, and closes.
@@ -30,7 +30,7 @@ class DictionaryForm : public QDialog {
   void choosePicture();
   void mirror();
 
-  View& view_;
+  Terminal& terminal_;
   std::unique_ptr<Ui::DictionaryForm> ui_;
   DictionaryEditor editor_;
   std::unique_ptr<RowActions> actions_;

@@ -5,25 +5,25 @@
 #include "desktop/forms/row_actions.h"
 #include "desktop/widgets/cell_delegate.h"
 #include "desktop/widgets/editor_grid.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 namespace soran {
 
 /// Connects a grid whose cells are edited, and the entries of its menu, to the editor behind it. Returns the
 /// fields over its cells, for what differs between editors. Editor and view outlive the grid.
 template <class Editor>
-CellDelegate& connectGrid(EditorGrid& grid, RowActions& actions, Editor& editor, View& view) {
+CellDelegate& connectGrid(EditorGrid& grid, RowActions& actions, Editor& editor, Terminal& terminal) {
   QObject::connect(&actions.addition(), &QAction::triggered, &grid, [&editor] { editor.addRow(); });
   QObject::connect(&actions.edit(), &QAction::triggered, &grid, [&editor] { editor.edit(); });
   QObject::connect(&actions.removal(), &QAction::triggered, &grid,
-                   [&editor, &view] { view.guarded([&] { editor.remove(); }); });
+                   [&editor, &terminal] { terminal.guarded([&] { editor.remove(); }); });
   QObject::connect(&grid, &EditorGrid::cellChosen, &grid,
                    [&editor](int row, int column) { editor.select(row, column); });
   QObject::connect(&grid, &QTableView::activated, &grid, [&editor] { editor.edit(); });
   auto* cells = new CellDelegate(&grid);
-  cells->commit = [&editor, &view](const QString& text) {
+  cells->commit = [&editor, &terminal](const QString& text) {
     bool done = false;
-    view.guarded([&] { done = editor.commit(text); });
+    terminal.guarded([&] { done = editor.commit(text); });
     return done;
   };
   cells->abandon = [&editor] { editor.abandon(); };

@@ -10,15 +10,15 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-GroupForm::GroupForm(QWidget* parent, View& view)
-    : QDialog(parent), ui_(std::make_unique<Ui::GroupForm>()), editor_(view.program()) {
+GroupForm::GroupForm(QWidget* parent, Terminal& terminal)
+    : QDialog(parent), ui_(std::make_unique<Ui::GroupForm>()), editor_(terminal.program()) {
   constexpr int nameWidth = 14;
   ui_->setupUi(this);
   setWindowTitle(GroupEditor::title.toString());
   ui_->grid->showList(editor_.list(), {u"グループ名"_s, u"ICAOコード"_s}, nameWidth);
   actions_ = std::make_unique<RowActions>(*ui_->grid);
   actions_->showOn(*ui_->tool_new, *ui_->tool_edit, *ui_->tool_del);
-  CellDelegate& cells = connectGrid(*ui_->grid, *actions_, editor_, view);
+  CellDelegate& cells = connectGrid(*ui_->grid, *actions_, editor_, terminal);
   cells.tip = GroupEditor::editTip.toString();
   cells.held = [](const QString& typed) { return asciiUpper(typed); };
   connect(ui_->cmd0, &QPushButton::clicked, this, &GroupForm::reject);

@@ -4,7 +4,7 @@
 
 #include "desktop/forms/row_actions.h"
 #include "forms/group_editor.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 
@@ -18,7 +18,7 @@ namespace soran {
 class GroupForm : public QDialog {
   Q_OBJECT
  public:
-  GroupForm(QWidget* parent, View& view);
+  GroupForm(QWidget* parent, Terminal& terminal);
   ~GroupForm() override;
 
   /// Writes the list and closes.

@@ -11,10 +11,11 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-ImageryForm::ImageryForm(QWidget* parent, View& view)
-    : QDialog(parent), view_(view), menuBar_(new QMenuBar(this)),
-      imagery_(new ImageryView(this, view.program().services.endpoints, view.program().services.shutdown,
-                               [&view](const std::function<void()>& event) { view.guarded(event); })) {
+ImageryForm::ImageryForm(QWidget* parent, Terminal& terminal)
+    : QDialog(parent), terminal_(terminal), menuBar_(new QMenuBar(this)),
+      imagery_(
+          new ImageryView(this, terminal.program().services.endpoints, terminal.program().services.shutdown,
+                          [&terminal](const std::function<void()>& event) { terminal.guarded(event); })) {
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                  Qt::WindowCloseButtonHint);
   menuBar_->setObjectName(u"menubar"_s);
@@ -24,7 +25,7 @@ ImageryForm::ImageryForm(QWidget* parent, View& view)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setMenuBar(menuBar_);
   layout->addWidget(imagery_);
-  timer_ = view_.program().services.timers.make([this] { onTick(); });
+  timer_ = terminal_.program().services.timers.make([this] { onTick(); });
 }
 
 ImageryForm::~ImageryForm() = default;
@@ -35,7 +36,7 @@ void ImageryForm::addEntry(QMenu& menu, const QString& name, int index, const QS
   action->setObjectName(name);
   action->setData(index);
   connect(action, &QAction::triggered, this, [this, name, index] {
-    view_.guarded([&] { choose(name, index < 0 ? std::nullopt : std::optional(index)); });
+    terminal_.guarded([&] { choose(name, index < 0 ? std::nullopt : std::optional(index)); });
   });
 }
 
@@ -57,13 +58,13 @@ void ImageryForm::done(int result) {
 
 void ImageryForm::onTick() {
   if (tick())
-    view_.guarded([this] { imagery_->refresh(); });
+    terminal_.guarded([this] { imagery_->refresh(); });
 }
 
 void ImageryForm::load(const ImageryTarget& target) {
   QTimer::singleShot(0, this, [this, target] {
     if (opened_)
-      view_.guarded([&] { imagery_->open(target); });
+      terminal_.guarded([&] { imagery_->open(target); });
   });
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "desktop/widgets/imagery_view.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 #include <QMenuBar>
@@ -16,7 +16,7 @@ namespace soran {
 class ImageryForm : public QDialog {
   Q_OBJECT
  public:
-  ImageryForm(QWidget* parent, View& view);
+  ImageryForm(QWidget* parent, Terminal& terminal);
   ~ImageryForm() override;
 
   ImageryView& imagery() { return *imagery_; }
@@ -33,7 +33,7 @@ class ImageryForm : public QDialog {
 
   void showEvent(QShowEvent* event) override;
 
-  View& view() { return view_; }
+  Terminal& terminal() { return terminal_; }
   QMenuBar& menuBar() { return *menuBar_; }
   /// An entry that is chosen by `name` and, where it is not negative, `index`.
   void addEntry(QMenu& menu, const QString& name, int index, const QString& caption);
@@ -46,7 +46,7 @@ class ImageryForm : public QDialog {
  private:
   void onTick();
 
-  View& view_;
+  Terminal& terminal_;
   QMenuBar* menuBar_;
   ImageryView* imagery_;
   std::unique_ptr<Timer> timer_;

@@ -18,9 +18,9 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-SettingsFormView::SettingsFormView(QWidget* parent, View& view, const QStringList& fonts)
-    : QDialog(parent), view_(view), ui_(std::make_unique<Ui::SettingsFormView>()),
-      form_(view.program().settings(), view.program().services, hooks()) {
+SettingsFormView::SettingsFormView(QWidget* parent, Terminal& terminal, const QStringList& fonts)
+    : QDialog(parent), terminal_(terminal), ui_(std::make_unique<Ui::SettingsFormView>()),
+      form_(terminal.program().settings(), terminal.program().services, hooks()) {
   ui_->setupUi(this);
   nameControls();
   connectBoxesAndFields();
@@ -36,13 +36,13 @@ SettingsFormView::SettingsFormView(QWidget* parent, View& view, const QStringLis
 SettingsFormView::~SettingsFormView() = default;
 
 SettingsFormHooks SettingsFormView::hooks() {
-  SettingsFormHooks hooks = settingsHooks(view_);
+  SettingsFormHooks hooks = settingsHooks(terminal_);
   hooks.choosePrinter = [this] { return choosePrinter(); };
   return hooks;
 }
 
 std::optional<QString> SettingsFormView::choosePrinter() {
-  Program& program = view_.program();
+  Program& program = terminal_.program();
   const QStringList installed = program.services.printers.installed();
   // Until one was chosen the first is the current one, as it is for a print.
   const QString current =
@@ -99,7 +99,7 @@ void SettingsFormView::connectCombos() {
   for (const SettingsCombo& spec : settingsCombos()) {
     connect(control<QComboBox>(u"cmb", spec.index), &QComboBox::textActivated, this,
             [this, index = spec.index](const QString& text) {
-              view_.guarded([&] { form_.choose(index, text); });
+              terminal_.guarded([&] { form_.choose(index, text); });
             });
   }
   for (QComboBox* fonts : {ui_->cmb0, ui_->cmb2}) {
@@ -134,14 +134,14 @@ void SettingsFormView::connectButtons() {
   };
   for (const auto& [button, action] : actions) {
     connect(button, &QPushButton::clicked, this,
-            [this, action = action] { view_.guarded([&] { (form_.*action)(); }); });
+            [this, action = action] { terminal_.guarded([&] { (form_.*action)(); }); });
   }
 }
 
 void SettingsFormView::pickColour(int swatch) {
   QColorDialog dialog(toQColor(form_.colour(swatch)), this);
   dialog.setObjectName(u"colourDialog"_s);
-  if (runDialog(dialog, view_.program().services.shutdown) != QDialog::Accepted)
+  if (runDialog(dialog, terminal_.program().services.shutdown) != QDialog::Accepted)
     return;
   const QColor colour = dialog.selectedColor();
   form_.pick(swatch, colourOf(colour.red(), colour.green(), colour.blue()));
@@ -213,8 +213,8 @@ void SettingsFormView::leaveField() {
 void SettingsFormView::reject() {
   leaveField();
   bool closed = false;
-  view_.guarded([&] { closed = form_.close(); });
-  if (closed || view_.program().services.shutdown.requested())
+  terminal_.guarded([&] { closed = form_.close(); });
+  if (closed || terminal_.program().services.shutdown.requested())
     QDialog::reject();
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "forms/settings_form.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 
@@ -19,7 +19,7 @@ class SettingsFormView : public QDialog {
   Q_OBJECT
  public:
   /// `fonts` are the families to choose from.
-  SettingsFormView(QWidget* parent, View& view, const QStringList& fonts);
+  SettingsFormView(QWidget* parent, Terminal& terminal, const QStringList& fonts);
   ~SettingsFormView() override;
 
   void reject() override;
@@ -49,7 +49,7 @@ class SettingsFormView : public QDialog {
     return findChild<Control*>(array + QString::number(index));
   }
 
-  View& view_;
+  Terminal& terminal_;
   std::unique_ptr<Ui::SettingsFormView> ui_;
   SettingsForm form_;
 };

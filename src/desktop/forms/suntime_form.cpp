@@ -47,9 +47,9 @@ void drawFitting(QPainter& painter, const SunPrintText& text, const QRectF& page
 
 } // namespace
 
-SunTimeForm::SunTimeForm(QWidget* parent, View& view)
-    : QDialog(parent), view_(view),
-      model_(view.program().tables.airportRows(), view.program().services.clock.now().date()),
+SunTimeForm::SunTimeForm(QWidget* parent, Terminal& terminal)
+    : QDialog(parent), terminal_(terminal),
+      model_(terminal.program().tables.airportRows(), terminal.program().services.clock.now().date()),
       ui_(std::make_unique<Ui::SunTimeForm>()) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -60,11 +60,11 @@ SunTimeForm::SunTimeForm(QWidget* parent, View& view)
     ui_->cmb1->addItem(QString::number(year));
   ui_->cmb1->setCurrentIndex(sunCurrentYearIndex);
   fitColumns();
-  const auto guardedSelect = [this] { view_.guarded([this] { select(); }); };
+  const auto guardedSelect = [this] { terminal_.guarded([this] { select(); }); };
   connect(ui_->cmb0, &QComboBox::currentIndexChanged, this, guardedSelect);
   connect(ui_->cmb1, &QComboBox::currentIndexChanged, this, guardedSelect);
   connect(ui_->SSTab, &QTabWidget::currentChanged, this, &SunTimeForm::showTab);
-  connect(ui_->cmd0, &QPushButton::clicked, this, [this] { view_.guarded([this] { printByButton(); }); });
+  connect(ui_->cmd0, &QPushButton::clicked, this, [this] { terminal_.guarded([this] { printByButton(); }); });
   connect(ui_->cmd1, &QPushButton::clicked, this, &QDialog::close);
   model_.select(ui_->cmb0->currentText(), ui_->cmb1->currentText().toInt());
   showTable();
@@ -111,8 +111,8 @@ void SunTimeForm::select() {
       model_.select(ui_->cmb0->currentText(), ui_->cmb1->currentText().toInt());
   showTable();
   if (outcome == SunTimeModel::Outcome::NoPosition)
-    view_.program().services.dialogs.message(SunTimeModel::notFoundTitle.toString(),
-                                             SunTimeModel::notFoundText.toString());
+    terminal_.program().services.dialogs.message(SunTimeModel::notFoundTitle.toString(),
+                                                 SunTimeModel::notFoundText.toString());
 }
 
 void SunTimeForm::showTable() {
@@ -164,7 +164,7 @@ bool SunTimeForm::print(QPrinter& printer) {
 }
 
 void SunTimeForm::printByButton() {
-  Program& program = view_.program();
+  Program& program = terminal_.program();
   const QPointer<SunTimeForm> self(this);
   const std::optional<QString> chosen = printerForPage(program);
   if (!self || !chosen)

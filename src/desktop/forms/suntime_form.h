@@ -3,7 +3,7 @@
 #pragma once
 
 #include "sun/sun_time_model.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 #include <memory>
@@ -23,7 +23,7 @@ class SunTimeForm : public QDialog {
   Q_OBJECT
  public:
   /// `view` outlives the form.
-  SunTimeForm(QWidget* parent, View& view);
+  SunTimeForm(QWidget* parent, Terminal& terminal);
   ~SunTimeForm() override;
 
   /// Prints the tab in front on one page, in landscape; false where the printer failed.
@@ -36,7 +36,7 @@ class SunTimeForm : public QDialog {
   void fitColumns();
   void printByButton();
 
-  View& view_;
+  Terminal& terminal_;
   SunTimeModel model_;
   std::unique_ptr<Ui::SunTimeForm> ui_;
   SunTableModel* table_ = nullptr;

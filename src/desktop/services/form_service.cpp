@@ -49,9 +49,9 @@ ModalOutcome outcomeOf(const std::optional<Outcome>& outcome) {
 
 FormService::~FormService() = default;
 
-void FormService::attach(View& view) {
-  view_ = &view;
-  program_ = &view.program();
+void FormService::attach(Terminal& terminal) {
+  terminal_ = &terminal;
+  program_ = &terminal.program();
 }
 
 QDialog* FormService::widget(const Form& form) const {
@@ -67,7 +67,7 @@ void FormService::show(const Form& form) {
     widget = std::visit([this](const auto& kind) { return make(kind); }, form);
     if (!widget)
       return;
-    connect(widget.get(), &QDialog::finished, this, [this, form] { view_->formClosed(form); });
+    connect(widget.get(), &QDialog::finished, this, [this, form] { terminal_->forms().closed(form); });
   }
   widget->show();
   widget->raise();
@@ -132,13 +132,13 @@ FormService::Widget FormService::make(const form::Commands&) {
   return std::make_unique<CommandForm>(window_);
 }
 FormService::Widget FormService::make(const form::SunTimes&) {
-  return std::make_unique<SunTimeForm>(window_, *view_);
+  return std::make_unique<SunTimeForm>(window_, *terminal_);
 }
 FormService::Widget FormService::make(const form::Charts&) {
-  return std::make_unique<ChartForm>(window_, *view_);
+  return std::make_unique<ChartForm>(window_, *terminal_);
 }
 FormService::Widget FormService::make(const form::Cameras&) {
-  return std::make_unique<CameraForm>(window_, *view_);
+  return std::make_unique<CameraForm>(window_, *terminal_);
 }
 FormService::Widget FormService::make(const form::Alert&) {
   return std::make_unique<MessageForm>(window_);
@@ -177,25 +177,25 @@ ModalOutcome FormService::run(const form::NoConnection&) {
 }
 
 ModalOutcome FormService::run(const form::EditAirports&) {
-  AirportForm form(window_, *view_);
+  AirportForm form(window_, *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditAutoList&) {
-  DecodeListForm form(window_, *view_);
+  DecodeListForm form(window_, *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditGroups&) {
-  GroupForm form(window_, *view_);
+  GroupForm form(window_, *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditDictionary& dictionary) {
-  DictionaryForm form(window_, *view_, dictionary.mode);
+  DictionaryForm form(window_, *terminal_, dictionary.mode);
   runDialog(form, program_->services.shutdown);
   return {};
 }
@@ -206,7 +206,7 @@ ModalOutcome FormService::run(const form::EditSettings&) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   });
   hide(form::FontNote{});
-  SettingsFormView form(window_, *view_, fonts);
+  SettingsFormView form(window_, *terminal_, fonts);
   runDialog(form, program_->services.shutdown);
   return outcomeOf(form.outcome());
 }

@@ -4,7 +4,7 @@
 
 #include "desktop/forms/tip_form.h"
 #include "desktop/services/task_icon.h"
-#include "terminal/view.h"
+#include "terminal/terminal.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -22,7 +22,7 @@ class FormService final : public QObject, public Forms {
   ~FormService() override;
 
   /// What the forms show. The program and the view outlive the service or its last closeAll().
-  void attach(View& view);
+  void attach(Terminal& terminal);
   /// The window beside which they stand; it outlives the service or its last closeAll().
   void setWindow(QWidget* window) { window_ = window; }
 
@@ -74,7 +74,7 @@ class FormService final : public QObject, public Forms {
   ModalOutcome run(const form::EditSettings&);
   ModalOutcome run(const form::PdfNotice&);
 
-  View* view_ = nullptr;
+  Terminal* terminal_ = nullptr;
   Program* program_ = nullptr;
   QPointer<QWidget> window_;
   std::map<size_t, Widget> widgets_; // by the kind of the form
