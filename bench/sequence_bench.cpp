@@ -20,12 +20,12 @@ QString codeOf(QChar first, int number) {
 
 /// The world's reports of one UTC hour, as a cycle file holds them: `size` bytes at least. Every fiftieth
 /// station is one of the `codes`.
-QByteArray cycleText(int hour, qsizetype size, const std::vector<QString>& codes) {
+QByteArray cycleText(int hour, qsizetype size, const std::vector<StationCode>& codes) {
   QByteArray text;
   text.reserve(size + 200);
   const QByteArray time = "24" + QByteArray::number(hour + 100).sliced(1);
   for (int i = 0; text.size() < size; ++i) {
-    const QString code = i % 50 == 0 ? codes[size_t(i / 50) % codes.size()] : codeOf(u'E', i);
+    const QString code = i % 50 == 0 ? codes[size_t(i / 50) % codes.size()].text() : codeOf(u'E', i);
     text += "2026/11/24 05:00\n" + code.toLatin1() + ' ' + time +
             QByteArray::number(i / 1000 % 60 + 100).sliced(1) +
             "Z 34010KT 9999 FEW030 SCT045 BKN090 18/12 Q1013 NOSIG RMK 1CU030 3SC045 6AC090 A2992\n\n";
@@ -44,16 +44,16 @@ const SettingsRecord& settings(int hours) {
 void sequence(benchmark::State& state) {
   const int fileCount = static_cast<int>(state.range(0));
   const qsizetype size = state.range(1);
-  std::vector<QString> codes;
+  std::vector<StationCode> codes;
   codes.reserve(20);
   for (int i = 0; i < 20; ++i)
-    codes.push_back(codeOf(u'R', i * 37));
+    codes.emplace_back(codeOf(u'R', i * 37));
   std::vector<QByteArray> texts;
   texts.reserve(size_t(fileCount));
   for (int hour = 0; hour < fileCount; ++hour)
     texts.push_back(cycleText(hour, size, codes));
   const SettingsRecord& record = settings(fileCount - 1);
-  const std::vector<int> hours = sequenceHours(QTime(8, 20), record, 9);
+  const std::vector<UtcHour> hours = sequenceHours(QTime(8, 20), record, {9});
   const QString latest = u"2026/11/24 23:00\n"_s;
   for (auto _ : state) {
     std::vector<CycleFile> files;
@@ -63,8 +63,8 @@ void sequence(benchmark::State& state) {
     bool latestShown = false;
     for (size_t i = 0; i < codes.size(); ++i) {
       benchmark::DoNotOptimize(sequenceBlock(
-          codes[i], i, latest, hours, [&](int hour) { return &files[size_t(hour) % files.size()]; }, record,
-          latestShown));
+          codes[i], i, latest, hours, [&](UtcHour hour) { return &files[size_t(hour.value) % files.size()]; },
+          record, latestShown));
     }
   }
   if (fileCount == 24 && size == 1'000'000)
@@ -76,8 +76,9 @@ BENCHMARK(sequence)->Args({24, 250'000})->Args({24, 1'000'000});
 /// A file in which nothing but one code stands, without an end of line.
 void cycleWithoutLines(benchmark::State& state) {
   const QByteArray text = QByteArray("RJTT").repeated(state.range(0) / 4);
+  const std::vector codes = {StationCode(u"RJTT"_s), StationCode(u"TTRJ"_s)};
   for (auto _ : state)
-    benchmark::DoNotOptimize(CycleFile(text, {u"RJTT"_s, u"TTRJ"_s}));
+    benchmark::DoNotOptimize(CycleFile(text, codes));
   bench::growsInLine(state, static_cast<double>(text.size()));
 }
 BENCHMARK(cycleWithoutLines)->Arg(250'000)->Arg(1'000'000);
@@ -87,13 +88,13 @@ void cycleOfOneStation(benchmark::State& state) {
   QByteArray text;
   for (int i = 0; i < state.range(0); ++i)
     text += "RJTT " + QByteArray::number(i + 1'000'000).sliced(1) + "Z 34010KT 9999 18/12 Q1013\n";
-  const std::vector<QString> codes = {u"RJTT"_s};
+  const std::vector codes = {StationCode(u"RJTT"_s)};
   const SettingsRecord& record = settings(0);
   for (auto _ : state) {
     const CycleFile file(text, codes);
     bool latestShown = false;
     benchmark::DoNotOptimize(sequenceBlock(
-        codes[0], 0, u"2026/11/24 23:00\n"_s, {0}, [&](int) { return &file; }, record, latestShown));
+        codes[0], 0, u"2026/11/24 23:00\n"_s, {{0}}, [&](UtcHour) { return &file; }, record, latestShown));
   }
   bench::growsInLine(state, static_cast<double>(text.size()));
 }

@@ -50,7 +50,8 @@ void colour(QByteArrayView input) {
   const std::vector<AttributeRun> runs = colourRuns(text, settings, codes, group);
   check(text, runs);
   require(colourRuns(text, settings, codes, group, runs) == runs, "what is coloured once stays as it is");
-  const AttributeRun odd[] = {{-1, 9, 7, true}, {text.size() - 2, 9, 8, true}, {text.size() + 5, 1, 9, true}};
+  const AttributeRun odd[] = {
+      {-1, 9, Colour{7}, true}, {text.size() - 2, 9, Colour{8}, true}, {text.size() + 5, 1, Colour{9}, true}};
   check(text, colourRuns(text, settings, codes, group, odd));
 }
 

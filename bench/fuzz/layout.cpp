@@ -26,15 +26,16 @@ void layout(QByteArrayView input) {
   const SettingsRecord settings = settingsIn(takeUntil(response, u'\n'), static_cast<uint8_t>(input[0]));
 
   const StationReport report = layoutReport(response, kind, settings);
-  const QStringView behindCode = mid1(response, kind == ReportKind::Metar ? 22 : 26);
+  const QStringView behindCode = mid1(response, kind == ReportKind::Metar ? Position1(22) : Position1(26));
   require(withoutBlanks(report.body) == withoutBlanks(behindCode), "a layout moves blanks and nothing else");
   require(report.body.startsWith(u"      "), "the first line is indented by six blanks");
   require(report.body.size() <= 2 * behindCode.size() + 6, "a layout adds a few blanks only");
-  require(report.stamp.size() <= 5 && response.contains(report.stamp), "the stamp stands in the file");
+  require(report.stamp.text().size() <= 5 && response.contains(report.stamp.text()),
+          "the stamp stands in the file");
   require(report.obsTime.size() >= 2 && report.obsTime.endsWith(displayedZone(settings)),
           "the label is an hour, minutes and the zone");
 
-  const LineHeading heading = lineHeading(u"RJTT", response, settings);
+  const LineHeading heading = lineHeading(StationCode(QStringLiteral("RJTT")), response, settings);
   require(heading.text.startsWith(u"\r\nRJTT  ") && heading.text.endsWith(u' ' + heading.time),
           "a heading ends with its time");
 }

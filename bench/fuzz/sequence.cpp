@@ -18,9 +18,9 @@ namespace soran::fuzz {
 namespace {
 
 /// The lines of a code by plain search.
-std::vector<QString> linesBySearch(const QByteArray& text, const QString& code) {
+std::vector<QString> linesBySearch(const QByteArray& text, const StationCode& code) {
   std::vector<QString> lines;
-  const QByteArray word = code.toUtf8();
+  const QByteArray word = code.text().toUtf8();
   for (qsizetype at = word.isEmpty() ? -1 : text.indexOf(word); at >= 0;) {
     const qsizetype end = text.indexOf('\n', at + word.size());
     lines.push_back(textOfBytes(text.mid(at, end < 0 ? -1 : end - at)));
@@ -29,7 +29,7 @@ std::vector<QString> linesBySearch(const QByteArray& text, const QString& code) 
   return lines;
 }
 
-void checkRecords(QStringView text, QStringView code) {
+void checkRecords(QStringView text, const StationCode& code) {
   const QString block = sequenceRecordBlock(text, code);
   const QList<QStringView> lines = QStringView(block).split(crlf);
   for (const QStringView line : lines)
@@ -49,17 +49,19 @@ void sequence(QByteArrayView input) {
   settings.set(key::シーケンス時間, static_cast<int8_t>(input[1]));
   const QTime now(static_cast<uint8_t>(input[2]) % 24, 20);
   const int zoneByte = static_cast<uint8_t>(input[3]);
-  const int systemZone = zoneByte < 128 ? zoneByte : zoneByte - 256;
-  const bool onEarth = qAbs(settings.zoneOffset()) <= 24 && qAbs(systemZone) <= 24;
-  const std::vector<int> hours = sequenceHours(now, settings, systemZone);
+  const ZoneOffset systemZone{zoneByte < 128 ? zoneByte : zoneByte - 256};
+  const bool onEarth = qAbs(settings.zoneOffset().hours) <= 24 && qAbs(systemZone.hours) <= 24;
+  const std::vector<UtcHour> hours = sequenceHours(now, settings, systemZone);
   require(!hours.empty() && hours.size() <= 24, "a sequence covers a day at most");
 
   const QStringList words = takeUntil(text, u'\f').toString().split(u' ');
-  const std::vector<QString> codes(words.begin(), words.begin() + qMin<qsizetype>(words.size(), 4));
+  std::vector<StationCode> codes;
+  for (const QString& word : words.first(qMin<qsizetype>(words.size(), 4)))
+    codes.emplace_back(word);
   const QString latest = takeUntil(text, u'\f').toString();
-  std::map<int, CycleFile> files;
-  for (const int hour : hours) {
-    require(!onEarth || (hour >= 0 && hour < 24), "an hour is one of the day");
+  std::map<UtcHour, CycleFile> files;
+  for (const UtcHour hour : hours) {
+    require(!onEarth || (hour.value >= 0 && hour.value < 24), "an hour is one of the day");
     const QByteArray file = takeUntil(text, u'\f').toUtf8();
     if (file.isEmpty() || files.contains(hour))
       continue;
@@ -72,13 +74,13 @@ void sequence(QByteArrayView input) {
   for (size_t i = 0; i < codes.size(); ++i) {
     const SequenceBlock block = sequenceBlock(
         codes[i], i, latest, hours,
-        [&files](int hour) {
+        [&files](UtcHour hour) {
           const auto file = files.find(hour);
           return file == files.end() ? nullptr : &file->second;
         },
         settings, latestShown);
     require(block.missingFile == (files.size() < hours.size()), "a missing file asks for another try");
-    require(block.text.isEmpty() || block.text.startsWith(crlf + codes[i] + u"  "),
+    require(block.text.isEmpty() || block.text.startsWith(crlf + codes[i].text() + u"  "),
             "a block begins with its station");
     checkRecords(block.text, codes[i]);
   }

@@ -20,11 +20,12 @@ void translate(QByteArrayView input) {
   const SettingsRecord settings = settingsIn(input[0] & 2 ? u"-9" : u"+9", static_cast<uint8_t>(input[0]));
   const QString time = textOf(input.sliced(1, timeLength));
   const QString body = textOf(input.sliced(1 + timeLength));
-  const QString text = TranslateReport(u"RJTT", time, body, settings, tables);
+  const StationCode station(QStringLiteral("RJTT"));
+  const QString text = TranslateReport(station, time, body, settings, tables);
   require(text == untranslatable || text.endsWith(crlf), "the last line is ended");
   constexpr qsizetype phrase = 400; // more than any group's wording
   require(text.size() <= phrase * (body.size() + 1), "a group gives a phrase, not a book");
-  require(TranslateReport(u"RJTT", time, body, settings, tables) == text,
+  require(TranslateReport(station, time, body, settings, tables) == text,
           "the same report is translated the same way");
 }
 

@@ -2,19 +2,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/zone_letter.h"
+#include "base/zone_offset.h"
 
 #include <QStringView>
 #include <array>
+#include <compare>
 
 /// Rules of the field that several readers of reports share.
 namespace soran {
 
-/// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
-/// Observation schedules of the region served set this rule; the text of a report is not asked.
-constexpr bool isRoutineMinute(double minute) {
-  return minute >= 50 || minute == 0 || minute == 30;
-}
+/// The minute of a report's time, as its figures read; figures that are none read as any number.
+struct MinuteOfHour {
+  double value = 0;
+
+  /// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
+  /// Observation schedules of the region served set this rule; the text of a report is not asked.
+  constexpr bool isRoutine() const { return value >= 50 || value == 0 || value == 30; }
+};
+
+/// An hour of UTC, 0 to 23: that of a cycle file.
+struct UtcHour {
+  int value = 0;
+
+  auto operator<=>(const UtcHour&) const = default;
+};
 
 /// What tells an amended, corrected or delayed report, in the order in which one is looked for. They are
 /// found wherever they stand, within other words too.
@@ -43,9 +54,9 @@ enum class HourWrap {
   Above, ///< brought into the day where it lies behind its end; one before its beginning stays as it is
 };
 
-/// The hour (0 to 23) in a zone that lies `offset` whole hours east.
-constexpr int shiftedHour(int hour, int offset, HourWrap wrap = HourWrap::Both) {
-  const int shifted = hour + offset;
+/// The hour (0 to 23) in a zone.
+constexpr int shiftedHour(int hour, ZoneOffset offset, HourWrap wrap = HourWrap::Both) {
+  const int shifted = hour + offset.hours;
   if (shifted >= 24)
     return shifted - 24;
   return shifted < 0 && wrap == HourWrap::Both ? shifted + 24 : shifted;

@@ -44,19 +44,19 @@ int leadingInteger(QStringView text) noexcept {
   return static_cast<int>(std::clamp(value, least, most));
 }
 
-QStringView mid1(QStringView text, qsizetype pos, qsizetype length) noexcept {
-  qsizetype end = length < 0 ? text.size() : std::min(text.size(), pos - 1 + length);
-  const qsizetype begin = std::clamp<qsizetype>(pos - 1, 0, text.size());
+QStringView mid1(QStringView text, Position1 pos, qsizetype length) noexcept {
+  qsizetype end = length < 0 ? text.size() : std::min(text.size(), pos.index() + length);
+  const qsizetype begin = std::clamp<qsizetype>(pos.index(), 0, text.size());
   end = std::max(end, begin);
   return text.sliced(begin, end - begin);
 }
 
-qsizetype find1(QStringView text, QStringView word, qsizetype from) noexcept {
-  return text.indexOf(word, std::max<qsizetype>(from - 1, 0)) + 1;
+Position1 find1(QStringView text, QStringView word, Position1 from) noexcept {
+  return Position1::ofIndex(text.indexOf(word, std::max<qsizetype>(from.index(), 0)));
 }
 
-QChar at1(QStringView text, qsizetype pos) noexcept {
-  return pos >= 1 && pos <= text.size() ? text[pos - 1] : QChar();
+QChar at1(QStringView text, Position1 pos) noexcept {
+  return pos.index() >= 0 && pos.index() < text.size() ? text[pos.index()] : QChar();
 }
 
 QString asciiUpper(QStringView text) {

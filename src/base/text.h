@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/position1.h"
+
 #include <QString>
 #include <QStringView>
 
 /// Text and number rules shared by every folder. Text is UTF-16; positions count UTF-16 units, and a
-/// function whose name ends in 1 counts them from 1, as WMO code forms do.
+/// function whose name ends in 1 takes them from 1, as WMO code forms do.
 namespace soran {
 
 /// The line end of the screen, of dialogues and of files that the program writes.
@@ -19,15 +21,15 @@ double leadingNumber(QStringView text) noexcept;
 /// leadingNumber cut towards zero. Saturates at the limits of int.
 int leadingInteger(QStringView text) noexcept;
 
-/// The characters from position `pos` (from 1), at most `length` of them (all where negative). Positions
+/// The characters from `pos` on, at most `length` of them (all where negative). Positions
 /// outside the text give what is there, at worst nothing.
-QStringView mid1(QStringView text, qsizetype pos, qsizetype length = -1) noexcept;
+QStringView mid1(QStringView text, Position1 pos, qsizetype length = -1) noexcept;
 
-/// The position (from 1) of `word` in `text` at or after `from` (from 1), exact in case; 0 where it is not.
-qsizetype find1(QStringView text, QStringView word, qsizetype from = 1) noexcept;
+/// The position of `word` in `text` at or after `from`, exact in case; none where it is not.
+Position1 find1(QStringView text, QStringView word, Position1 from = 1) noexcept;
 
-/// The character at position `pos` (from 1), U+0000 outside the text.
-QChar at1(QStringView text, qsizetype pos) noexcept;
+/// The character at `pos`, U+0000 outside the text.
+QChar at1(QStringView text, Position1 pos) noexcept;
 
 /// True for '0' to '9' only.
 constexpr bool isAsciiDigit(QChar c) noexcept {

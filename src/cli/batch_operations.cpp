@@ -34,11 +34,12 @@ QJsonValue layout(BatchJob& job) {
     report.body = kind == u"METAR" ? u"      NO OBSERVATION"_s : u"      NO FORECAST"_s;
   else
     report = layoutReport(response, kind == u"METAR" ? ReportKind::Metar : ReportKind::Taf, job.settings);
-  return QJsonObject{{u"stamp"_s, report.stamp}, {u"obsTime"_s, report.obsTime}, {u"body"_s, report.body}};
+  return QJsonObject{
+      {u"stamp"_s, report.stamp.text()}, {u"obsTime"_s, report.obsTime}, {u"body"_s, report.body}};
 }
 
 QJsonValue translate(BatchJob& job) {
-  const QString code = job.fields.text(u"code"_s);
+  const StationCode code(job.fields.text(u"code"_s));
   const QString time = job.fields.text(u"time"_s);
   const QString body = job.fields.text(u"body"_s);
   job.fields.finish();
@@ -65,26 +66,26 @@ QJsonValue colour(BatchJob& job) {
 }
 
 QJsonValue sequence(BatchJob& job) {
-  const QString code = job.fields.text(u"code"_s);
+  const StationCode code(job.fields.text(u"code"_s));
   const QString latest = job.fields.text(u"latest"_s);
   const QJsonObject given = job.fields.object(u"files"_s);
   const QTime now = job.fields.localTime(u"now"_s).time();
-  const int zone = job.fields.integer(u"zone"_s);
-  requireShort(zone, u"zone");
+  const ZoneOffset zone{job.fields.integer(u"zone"_s)};
+  requireShort(zone.hours, u"zone");
   job.fields.finish();
 
-  std::map<int, CycleFile> files;
+  std::map<UtcHour, CycleFile> files;
   for (auto i = given.constBegin(); i != given.constEnd(); ++i) {
-    const int hour = i.key().toInt();
-    if (i.key() != twoDigits(hour) || hour < 0 || hour > 23 || !i.value().isString())
+    const UtcHour hour{i.key().toInt()};
+    if (i.key() != twoDigits(hour.value) || hour.value < 0 || hour.value > 23 || !i.value().isString())
       throw InputError(u"field \"files\" is not an object from hours (\"00\" to \"23\") to texts"_s);
-    files.emplace(hour, CycleFile(i.value().toString().toUtf8(), {code}));
+    files.emplace(hour, CycleFile(i.value().toString().toUtf8(), std::vector{code}));
   }
   bool latestShown = false;
   const std::optional<QString> latestText = latest.startsWith(u'<') ? std::nullopt : std::optional(latest);
   const SequenceBlock block = sequenceBlock(
       code, 0, latestText, sequenceHours(now, job.settings, zone),
-      [&files](int hour) {
+      [&files](UtcHour hour) {
         const auto found = files.find(hour);
         return found == files.end() ? nullptr : &found->second;
       },

@@ -191,13 +191,13 @@ void SettingsForm::choose(int combo, const QString& text) {
 
 Colour SettingsForm::colour(int swatch) const {
   const auto* spec = find(settingsSwatches(), swatch);
-  return spec ? value(spec->key).toInt() : black;
+  return spec ? Colour(value(spec->key).toInt()) : black;
 }
 
 void SettingsForm::pick(int swatch, std::optional<Colour> colour) {
   const auto* spec = find(settingsSwatches(), swatch);
   if (spec && colour)
-    store(spec->key, *colour);
+    store(spec->key, static_cast<int>(*colour));
 }
 
 int SettingsForm::buffer() const {

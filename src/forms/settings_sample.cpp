@@ -3,7 +3,7 @@
 #include "forms/settings_sample.h"
 
 #include "base/text.h"
-#include "base/zone_letter.h"
+#include "base/zone_offset.h"
 #include "forms/settings_controls.h"
 
 namespace soran {
@@ -23,7 +23,7 @@ QString sampleTime(const SettingsRecord& settings, QStringView minute) {
       return {};
     offset = leadingInteger(text);
   }
-  return twoDigits((8 + offset + 24) % 24) + minute + ZoneLetter(offset);
+  return twoDigits((8 + offset + 24) % 24) + minute + ZoneLetter({offset});
 }
 
 void paint(std::vector<Colour>& colours, const QString& text, QStringView word, Colour colour) {

@@ -15,7 +15,7 @@ struct SettingsSample {
   QString font;
   int size = 0;
   bool bold = false;
-  Colour background = 0;
+  Colour background = black;
   std::vector<AttributeRun> runs; ///< cover the text
   bool scrollBar = false;
 };

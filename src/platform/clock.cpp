@@ -23,7 +23,8 @@ QString SetClock::zoneName() const {
   return name.endsWith(u":00") ? name.chopped(3) : name;
 }
 
-QString offsetText(int hours) {
+QString offsetText(ZoneOffset offset) {
+  const int hours = offset.hours;
   if (hours == 0)
     return u"±0"_s;
   return (hours > 0 ? u"+"_s : QString()) + QString::number(hours);

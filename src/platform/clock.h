@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/zone_offset.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -18,8 +20,8 @@ class Clock {
   /// The name of the local time zone in its daylight form; may be empty.
   virtual QString zoneName() const = 0;
 
-  /// The offset of the local time zone from UTC in whole hours, cut towards zero.
-  int offsetHours() const { return now().offsetFromUtc() / 3600; }
+  /// The offset of the local time zone from UTC, cut towards zero.
+  ZoneOffset offset() const { return {now().offsetFromUtc() / 3600}; }
 };
 
 /// The clock of the machine.
@@ -41,8 +43,8 @@ class SetClock final : public Clock {
   QDateTime now_;
 };
 
-/// An offset from UTC in hours as text: "+9", "-5", "±0".
-QString offsetText(int hours);
+/// An offset from UTC as text: "+9", "-5", "±0".
+QString offsetText(ZoneOffset offset);
 
 /// The local date as yyyy/MM/dd.
 QString dateText(const Clock& clock);

@@ -67,10 +67,11 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
   return e;
 }
 
-QUrl stationFile(const QString& base, QStringView code) {
-  const QString name = std::all_of(code.begin(), code.end(), isAsciiLetter)
-                           ? code.toString()
-                           : QString::fromLatin1(QUrl::toPercentEncoding(code.toString()));
+QUrl stationFile(const QString& base, const StationCode& code) {
+  const QString& text = code.text();
+  const QString name = std::all_of(text.begin(), text.end(), isAsciiLetter)
+                           ? text
+                           : QString::fromLatin1(QUrl::toPercentEncoding(text));
   return QUrl(base + name + u".TXT"_s);
 }
 

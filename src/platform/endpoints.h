@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/station_code.h"
+
 #include <QHash>
 #include <QString>
 #include <QUrl>
@@ -31,6 +33,6 @@ struct Endpoints {
 };
 
 /// A station file's address: the base, the code, ".TXT". A code that is not all letters is percent-encoded.
-QUrl stationFile(const QString& base, QStringView code);
+QUrl stationFile(const QString& base, const StationCode& code);
 
 } // namespace soran

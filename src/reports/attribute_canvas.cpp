@@ -9,10 +9,10 @@ namespace soran {
 namespace {
 
 template <class Value>
-void fill(std::vector<Value>& values, qsizetype pos, qsizetype length, Value value) {
+void fill(std::vector<Value>& values, Position1 pos, qsizetype length, Value value) {
   const auto size = static_cast<qsizetype>(values.size());
-  const qsizetype begin = std::clamp<qsizetype>(pos - 1, 0, size);
-  const qsizetype end = std::clamp<qsizetype>(pos - 1 + length, begin, size);
+  const qsizetype begin = std::clamp<qsizetype>(pos.index(), 0, size);
+  const qsizetype end = std::clamp<qsizetype>(pos.index() + length, begin, size);
   std::fill(values.begin() + begin, values.begin() + end, value);
 }
 
@@ -21,17 +21,17 @@ void fill(std::vector<Value>& values, qsizetype pos, qsizetype length, Value val
 AttributeCanvas::AttributeCanvas(qsizetype size, Colour ground, std::span<const AttributeRun> runs)
     : colours_(static_cast<size_t>(size), ground), bolds_(static_cast<size_t>(size)) {
   for (const AttributeRun& run : runs) {
-    setColour(run.start + 1, run.length, run.colour);
-    setBold(run.start + 1, run.length, run.bold);
+    setColour(Position1::ofIndex(run.start), run.length, run.colour);
+    setBold(Position1::ofIndex(run.start), run.length, run.bold);
   }
 }
 
-void AttributeCanvas::setColour(qsizetype pos, qsizetype length, std::optional<Colour> colour) {
+void AttributeCanvas::setColour(Position1 pos, qsizetype length, std::optional<Colour> colour) {
   if (colour)
     fill(colours_, pos, length, *colour);
 }
 
-void AttributeCanvas::setBold(qsizetype pos, qsizetype length, bool bold) {
+void AttributeCanvas::setBold(Position1 pos, qsizetype length, bool bold) {
   fill<quint8>(bolds_, pos, length, bold ? 1 : 0);
 }
 
@@ -43,7 +43,7 @@ std::vector<AttributeRun> AttributeCanvas::runs() const {
   // Counted ahead: a large screen has so many runs that a growing vector would cost more than the count.
   size_t count = 1;
   for (size_t i = 1; i < size; ++i)
-    count += size_t{((colours_[i] ^ colours_[i - 1]) | (bolds_[i] ^ bolds_[i - 1])) != 0};
+    count += size_t{((qint32(colours_[i]) ^ qint32(colours_[i - 1])) | (bolds_[i] ^ bolds_[i - 1])) != 0};
   runs.reserve(count);
 
   size_t begin = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/colour.h"
+#include "base/position1.h"
 
 #include <optional>
 #include <span>
@@ -11,15 +12,15 @@
 namespace soran {
 
 /// Colour and weight of every unit of a text while rules paint over one another. Stretches are given by
-/// their position (from 1) and length; what lies outside the text is cut off.
+/// their position and length; what lies outside the text is cut off.
 class AttributeCanvas {
  public:
   /// A text of `size` units as `runs` tell; what they leave out is in `ground` and not bold.
   AttributeCanvas(qsizetype size, Colour ground, std::span<const AttributeRun> runs);
 
   /// Nothing is painted where there is no colour.
-  void setColour(qsizetype pos, qsizetype length, std::optional<Colour> colour);
-  void setBold(qsizetype pos, qsizetype length, bool bold);
+  void setColour(Position1 pos, qsizetype length, std::optional<Colour> colour);
+  void setBold(Position1 pos, qsizetype length, bool bold);
 
   /// The runs that cover the text in order, each as long as possible.
   std::vector<AttributeRun> runs() const;

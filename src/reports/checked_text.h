@@ -17,17 +17,17 @@ class TextFailure : public std::exception {
   const char* what() const noexcept override { return "text of an unforeseen form"; }
 };
 
-/// The characters from position `pos` (from 1), at most `length` of them; past the end what is there. Throws
+/// The characters from position `pos`, at most `length` of them; past the end what is there. Throws
 /// TextFailure for a position before the first character and for a negative length.
-inline QStringView take1(QStringView text, qsizetype pos, qsizetype length) {
-  if (pos < 1 || length < 0)
+inline QStringView take1(QStringView text, Position1 pos, qsizetype length) {
+  if (pos.index() < 0 || length < 0)
     throw TextFailure();
   return mid1(text, pos, length);
 }
 
-/// A height in feet from the three figures at position `pos` (from 1), which tell hundreds of feet (ICAO
+/// A height in feet from the three figures at position `pos`, which tell hundreds of feet (ICAO
 /// Annex 3, cloud and vertical visibility groups).
-inline double heightAt(QStringView group, qsizetype pos) {
+inline double heightAt(QStringView group, Position1 pos) {
   constexpr qsizetype figures = 3;
   constexpr double feetPerFigure = 100;
   return leadingNumber(take1(group, pos, figures)) * feetPerFigure;

@@ -33,7 +33,7 @@ constexpr Condition conditions[] = {
 
 /// A figure of the text that is compared with a limit, and the stretch painted where it is below.
 struct Reading {
-  qsizetype pos; // from 1
+  Position1 pos;
   qsizetype length;
   double value;
 };
@@ -64,8 +64,8 @@ std::vector<QStringView> shownNames(QStringView displayedCodes, QStringView grou
   std::vector<QStringView> names;
   if (!groupName.isEmpty())
     names.push_back(groupName);
-  qsizetype pos = 2;
-  while (const qsizetype blank = find1(displayedCodes, u" ", pos)) {
+  Position1 pos = 2;
+  while (const Position1 blank = find1(displayedCodes, u" ", pos)) {
     names.push_back(mid1(displayedCodes, pos, blank - pos));
     pos = blank + 1;
   }
@@ -75,8 +75,8 @@ std::vector<QStringView> shownNames(QStringView displayedCodes, QStringView grou
 /// Calls `action` for the hits of a scan that looks on `step` characters behind each hit.
 template <class Action>
 void scan(const WordSearch::Positions& hits, qsizetype step, Action action) {
-  qsizetype next = 1;
-  for (const qsizetype pos : hits) {
+  Position1 next = 1;
+  for (const Position1 pos : hits) {
     if (pos < next)
       continue;
     next = pos + step;
@@ -108,7 +108,7 @@ class ColouringPass {
   void readCeilings(const CeilingForm& form, Readings& readings) const;
   void readVisibilities(Readings& readings) const;
   void readRunways(Readings& readings) const;
-  bool readFourFigures(qsizetype pos, Readings& readings) const;
+  bool readFourFigures(Position1 pos, Readings& readings) const;
   void paintBelow(const Readings& readings, std::optional<double> limit, std::optional<Colour> colour);
   void restoreWord(QStringView word, const WordSearch::Positions& hits);
 
@@ -122,7 +122,7 @@ class ColouringPass {
 void ColouringPass::paintWeather(std::span<const WeatherWord> words) {
   for (const WeatherWord& weather : words) {
     const auto colour = weather.emphasis == Emphasis::Own ? settings_[key::天気略語の色] : red;
-    scan(hitsOf(weather.word), weather.word.size(), [&](qsizetype pos) {
+    scan(hitsOf(weather.word), weather.word.size(), [&](Position1 pos) {
       const QChar sign = at1(text_, pos - 1);
       const qsizetype signs = sign == u'+' || sign == u'-' ? 1 : 0;
       const qsizetype length = weather.word.size() + signs;
@@ -137,14 +137,14 @@ void ColouringPass::paintKinds() {
   const auto colour = settings_[key::SPECIの色];
   for (const KindWord& kind : kindWords) {
     const qsizetype length = kind.word.size() + kind.behind;
-    scan(hitsOf(kind.word), kind.word.size(), [&](qsizetype pos) { canvas_.setColour(pos, length, colour); });
+    scan(hitsOf(kind.word), kind.word.size(), [&](Position1 pos) { canvas_.setColour(pos, length, colour); });
   }
 }
 
 void ColouringPass::readCeilings(const CeilingForm& form, Readings& readings) const {
   const qsizetype front = form.oktas ? 1 : 0;
   const qsizetype length = form.word.size() + 3 + front;
-  scan(hitsOf(form.word), length, [&](qsizetype pos) {
+  scan(hitsOf(form.word), length, [&](Position1 pos) {
     if (form.oktas && leadingNumber(mid1(text_, pos - 1, 1)) < 5)
       return;
     const QStringView height = mid1(text_, pos + form.word.size(), 3);
@@ -154,9 +154,9 @@ void ColouringPass::readCeilings(const CeilingForm& form, Readings& readings) co
   });
 }
 
-bool ColouringPass::readFourFigures(qsizetype pos, Readings& readings) const {
+bool ColouringPass::readFourFigures(Position1 pos, Readings& readings) const {
   int value = 0;
-  for (qsizetype i = pos; i < pos + 4; ++i) {
+  for (Position1 i = pos; i < pos + 4; i = i + 1) {
     const QChar c = at1(text_, i);
     if (!isAsciiDigit(c))
       return false;
@@ -168,10 +168,10 @@ bool ColouringPass::readFourFigures(qsizetype pos, Readings& readings) const {
 
 void ColouringPass::readVisibilities(Readings& readings) const {
   // The scan looks on at the last figure, so that the blank behind one group opens the next.
-  scan(hitsOf(groupGap), 4, [&](qsizetype pos) {
+  scan(hitsOf(groupGap), 4, [&](Position1 pos) {
     if (at1(text_, pos + 5) != u' ')
       return;
-    const QStringView front = text_.first(pos - 1);
+    const QStringView front = text_.first(pos.index());
     const auto endsFront = [front](QStringView word) { return front.endsWith(word); };
     if (std::none_of(std::begin(timeWords), std::end(timeWords), endsFront))
       readFourFigures(pos + 1, readings);
@@ -181,13 +181,13 @@ void ColouringPass::readVisibilities(Readings& readings) const {
 void ColouringPass::readRunways(Readings& readings) const {
   // Every hit stands for all figures from itself to the next blank. A hit before the end of what is read
   // already adds nothing, and reading it again would make a long word cost the square of its length.
-  qsizetype read = 0;
-  scan(hitsOf(runway), 8, [&](qsizetype pos) {
+  Position1 read;
+  scan(hitsOf(runway), 8, [&](Position1 pos) {
     if (pos < read || (at1(text_, pos + 3) != u'/' && at1(text_, pos + 4) != u'/'))
       return;
-    const qsizetype blank = find1(text_, groupGap, pos);
-    read = blank > 0 ? blank : text_.size() + 1;
-    for (qsizetype i = pos; i + 4 <= read; ++i)
+    const Position1 blank = find1(text_, groupGap, pos);
+    read = blank ? blank : Position1::ofIndex(text_.size());
+    for (Position1 i = pos; i + 4 <= read; i = i + 1)
       readFourFigures(i, readings);
   });
 }
@@ -227,11 +227,11 @@ void ColouringPass::paintConditions() {
 }
 
 void ColouringPass::paintLoading() {
-  scan(hitsOf(loading), loadingLength, [&](qsizetype pos) { canvas_.setColour(pos, loadingLength, yellow); });
+  scan(hitsOf(loading), loadingLength, [&](Position1 pos) { canvas_.setColour(pos, loadingLength, yellow); });
 }
 
 void ColouringPass::restoreWord(QStringView word, const WordSearch::Positions& hits) {
-  scan(hits, word.size(), [&](qsizetype pos) {
+  scan(hits, word.size(), [&](Position1 pos) {
     if (word == freeSign) {
       const QStringView behind = mid1(text_, pos + 2, 1);
       if (leadingNumber(behind) == 0 && behind != u" ")

@@ -18,10 +18,10 @@ struct DayHour {
 };
 
 /// Moves a day and hour in UTC by the offset. The months are those of `today`, whatever day is told.
-DayHour localDayHour(QStringView dayFigures, QStringView hourFigures, QDate today, int offset) {
+DayHour localDayHour(QStringView dayFigures, QStringView hourFigures, QDate today, ZoneOffset offset) {
   constexpr int hoursOfDay = 24;
   int day = leadingInteger(dayFigures);
-  int hour = leadingInteger(hourFigures) + offset;
+  int hour = leadingInteger(hourFigures) + offset.hours;
   if (hour < 0) {
     hour += hoursOfDay;
     --day;
@@ -34,7 +34,7 @@ DayHour localDayHour(QStringView dayFigures, QStringView hourFigures, QDate toda
       day = 1;
   }
   QString zone;
-  writeAll(zone, ZoneLetter(offset), u" (UTC", Plain{static_cast<double>(offset)}, u")");
+  writeAll(zone, ZoneLetter(offset), u" (UTC", Plain{static_cast<double>(offset.hours)}, u")");
   return {twoDigits(day), twoDigits(hour), zone};
 }
 

@@ -32,11 +32,11 @@ bool explainHalfOfTemperatures(const SelectedGroup& selected, QString& tip) {
   const QStringView group = selected.group;
   if (group.size() != 2 && !(group.size() == 3 && group.startsWith(u'M')))
     return false;
-  // Positions from 1: the character behind the half, then the one in front of it.
+  // The character behind the half, then the one in front of it.
   QStringView title;
-  if (take1(selected.screen, selected.start + group.size() + 1, 1) == u"/")
+  if (take1(selected.screen, Position1::ofIndex(selected.start + group.size()), 1) == u"/")
     title = u" ：  地上気温 ";
-  else if (take1(selected.screen, selected.start, 1) == u"/")
+  else if (take1(selected.screen, Position1::ofIndex(selected.start - 1), 1) == u"/")
     title = u" ：  露点温度 ";
   else
     return false;

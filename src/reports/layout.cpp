@@ -29,10 +29,6 @@ constexpr std::array<std::pair<QStringView, QStringView>, 8> replacements = {{
 
 } // namespace
 
-QString stampOf(QStringView response) {
-  return trimBlanks(mid1(response, 12, 5)).toString();
-}
-
 int displayedHour(int hour, const SettingsRecord& settings) {
   return settings[key::LOCAL使用] == true ? shiftedHour(hour, settings.zoneOffset()) : hour;
 }
@@ -49,25 +45,27 @@ StationReport layoutReport(QStringView response, ReportKind kind, const Settings
   label += mid1(response, 15, 2);
   label += displayedZone(settings);
 
-  QString body = u"     "_s + mid1(response, kind == ReportKind::Metar ? 22 : 26);
+  constexpr Position1 metarBody = 22;
+  constexpr Position1 tafBody = 26;
+  QString body = u"     "_s + mid1(response, kind == ReportKind::Metar ? metarBody : tafBody);
   for (const auto& [find, replace] : replacements)
     body.replace(find.toString(), replace.toString());
-  return {stampOf(response), label, body};
+  return {Stamp::of(response), label, body};
 }
 
 QString kindWord(bool routine) {
   return routine ? u"  METAR "_s : u"  SPECI "_s;
 }
 
-LineHeading lineHeading(QStringView code, QStringView line, const SettingsRecord& settings) {
+LineHeading lineHeading(const StationCode& code, QStringView line, const SettingsRecord& settings) {
   const QStringView hhmm = mid1(line, 8, 4);
   QString time = hhmm.toString();
   if (settings[key::LOCAL使用] == true)
     time = twoDigits(displayedHour(leadingInteger(hhmm.first(qMin<qsizetype>(2, hhmm.size()))), settings)) +
            mid1(hhmm, 3);
   time += displayedZone(settings);
-  const bool routine = isRoutineMinute(leadingInteger(mid1(line, 10, 2)));
-  return {crlf + code.toString() + kindWord(routine) + time, time};
+  const bool routine = MinuteOfHour{double(leadingInteger(mid1(line, 10, 2)))}.isRoutine();
+  return {crlf + code.text() + kindWord(routine) + time, time};
 }
 
 } // namespace soran

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/stamp.h"
+#include "base/station_code.h"
 #include "store/settings_record.h"
 
 #include <QString>
@@ -13,13 +15,10 @@ enum class ReportKind { Metar, Taf };
 
 /// A station file, laid out.
 struct StationReport {
-  QString stamp;   ///< HH:MM of the file's first line, trimmed of blanks, not validated
+  Stamp stamp;
   QString obsTime; ///< time label such as 0500Z or 1400I
   QString body;    ///< the report behind the station code, indented by six blanks
 };
-
-/// The stamp of a station file: its characters 12 to 16 (from 1), trimmed of blanks.
-QString stampOf(QStringView response);
 
 /// Lays a station file out by positions and plain replacements. The response is not parsed: whatever it holds
 /// gives a result.
@@ -41,6 +40,6 @@ struct LineHeading {
   QString text;
   QString time;
 };
-LineHeading lineHeading(QStringView code, QStringView line, const SettingsRecord& settings);
+LineHeading lineHeading(const StationCode& code, QStringView line, const SettingsRecord& settings);
 
 } // namespace soran

@@ -12,7 +12,7 @@ namespace {
 constexpr qsizetype windFrame = 5;
 
 /// The value of the four characters from position `pos`.
-Plain rangeAt(QStringView group, qsizetype pos) {
+Plain rangeAt(QStringView group, Position1 pos) {
   constexpr qsizetype figures = 4;
   return {leadingNumber(take1(group, pos, figures))};
 }
@@ -20,23 +20,23 @@ Plain rangeAt(QStringView group, qsizetype pos) {
 /// The range of an RVR group with its limits, up to the word that the tendency continues. Empty where the
 /// group holds no limit: its tendency is told otherwise.
 QString limitedRange(QStringView group, QStringView unit) {
-  const qsizetype slash = find1(group, u"/");
-  const qsizetype variation = find1(group, u"V");
-  const qsizetype above = find1(group, u"P");
-  const qsizetype below = find1(group, u"M");
+  const Position1 slash = find1(group, u"/");
+  const Position1 variation = find1(group, u"V");
+  const Position1 above = find1(group, u"P");
+  const Position1 below = find1(group, u"M");
   QString text;
-  if (variation > 0 && take1(group, variation + 1, 1) == u"P") {
+  if (variation && take1(group, variation + 1, 1) == u"P") {
     writeAll(text, rangeAt(group, slash + 1), unit, u"から", rangeAt(group, variation + 2), unit,
              u"(測定範囲の上限)の間を変動して");
-  } else if (variation > 0 && take1(group, variation - 5, 1) == u"M") {
+  } else if (variation && take1(group, variation - 5, 1) == u"M") {
     writeAll(text, rangeAt(group, slash + 1), unit, u"(測定範囲の下限)から", rangeAt(group, variation + 2),
              unit, u"の間を変動して");
-  } else if (variation > 0) {
+  } else if (variation) {
     writeAll(text, rangeAt(group, slash + 1), unit, u"から", rangeAt(group, variation + 1), unit,
              u"の間を変動して");
-  } else if (above > 0) {
+  } else if (above) {
     writeAll(text, rangeAt(group, above + 1), unit, u"(測定範囲の上限)を超えて");
-  } else if (below > 0) {
+  } else if (below) {
     writeAll(text, rangeAt(group, below + 1), unit, u"(測定範囲の下限)を下回って");
   }
   return text;
@@ -82,7 +82,7 @@ QString WindPhrase(QStringView group) {
     write(text, u"100ノット以上");
   else
     writeAll(text, Plain{leadingNumber(speed)}, u"ノット");
-  if (const qsizetype gust = find1(group, u"G"); gust > 0) {
+  if (const Position1 gust = find1(group, u"G")) {
     const QStringView peak = mid1(group, gust + 1);
     write(text, u" / 最大瞬間風速 ");
     if (peak.contains(u'P'))
@@ -94,10 +94,10 @@ QString WindPhrase(QStringView group) {
 }
 
 QString RvrPhrase(QStringView group) {
-  const qsizetype slash = find1(group, u"/");
+  const Position1 slash = find1(group, u"/");
   const QStringView unit = group.endsWith(u"FT") ? u"フィート" : u"メートル";
   QString sentence;
-  writeAll(sentence, u"滑走路", take1(group, 2, slash - 2), u"のRVRは、");
+  writeAll(sentence, u"滑走路", take1(group, 2, slash - Position1(2)), u"のRVRは、");
   if (group.contains(u"/////")) {
     write(sentence, u"欠測している");
     return sentence;
@@ -120,7 +120,7 @@ QString SeaLevelPressureText(QStringView group) {
   return text;
 }
 
-QString TenthsPhrase(QStringView group, qsizetype pos) {
+QString TenthsPhrase(QStringView group, Position1 pos) {
   QString text;
   if (at1(group, pos) == u'1')
     write(text, u"マイナス ");

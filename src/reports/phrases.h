@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/position1.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -22,8 +24,8 @@ QString RvrPhrase(QStringView group);
 /// is put in front where the first figure is 0, else "9".
 QString SeaLevelPressureText(QStringView group);
 
-/// A temperature in tenths from a sign figure at position `pos` (from 1) and the three figures behind it
+/// A temperature in tenths from a sign figure at position `pos` and the three figures behind it
 /// (FMH-1, T group and 1, 2 and 4 groups), sign 1 for below zero: "T10050012" at 2 is "マイナス 0.5℃".
-QString TenthsPhrase(QStringView group, qsizetype pos);
+QString TenthsPhrase(QStringView group, Position1 pos);
 
 } // namespace soran

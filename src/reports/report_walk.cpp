@@ -51,7 +51,7 @@ void TranslationText::replace(const QString& before, const QString& after) {
 PrintedHour ReportWalk::ToLocal(QStringView hour) const {
   if (settings[key::LOCAL使用] != true)
     return {hour.toString(), u"Z"};
-  const int offset = settings.zoneOffset();
+  const ZoneOffset offset = settings.zoneOffset();
   return {twoDigits(shiftedHour(leadingInteger(hour), offset, HourWrap::Above)), ZoneLetter(offset)};
 }
 

@@ -89,7 +89,7 @@ class SeenKeys {
   std::array<Places, longest + 1> places_;
 };
 
-QString blockLine(const QString& code, QStringView line, const SettingsRecord& settings, bool latest) {
+QString blockLine(const StationCode& code, QStringView line, const SettingsRecord& settings, bool latest) {
   QString text = lineHeading(code, line, settings).text;
   if (latest)
     text += u" (LATEST ISSUED)"_s;
@@ -98,42 +98,42 @@ QString blockLine(const QString& code, QStringView line, const SettingsRecord& s
 
 } // namespace
 
-std::vector<int> sequenceHours(QTime now, const SettingsRecord& settings, int systemZoneOffset) {
-  const int offset = settings[key::LOCAL使用] == true ? settings.zoneOffset() : systemZoneOffset;
+std::vector<UtcHour> sequenceHours(QTime now, const SettingsRecord& settings, ZoneOffset systemZoneOffset) {
+  const ZoneOffset offset = settings[key::LOCAL使用] == true ? settings.zoneOffset() : systemZoneOffset;
   // A day has no more files, and the present hour is always among them.
   const int span = std::clamp(settings[key::シーケンス時間].value_or(0), 0, 23);
-  const int utcHour = wrappedHour(now.hour() - offset);
+  const int utcHour = wrappedHour(now.hour() - offset.hours);
   const int firstHour = wrappedHour(utcHour - span);
-  std::vector<int> hours;
+  std::vector<UtcHour> hours;
   for (int i = 0; i <= span; ++i)
-    hours.push_back(wrappedHour(firstHour + i));
+    hours.push_back({wrappedHour(firstHour + i)});
   return hours;
 }
 
-QString sequenceHourLabel(int utcHour, const SettingsRecord& settings) {
+QString sequenceHourLabel(UtcHour hour, const SettingsRecord& settings) {
   if (settings[key::LOCAL使用] != true)
-    return twoDigits(utcHour) + u"00Z";
-  const int hour = shiftedHour(utcHour, settings.zoneOffset(), HourWrap::Above);
-  const QString label = QString::number(hour) + u"00" + ZoneLetter(settings.zoneOffset());
-  return hour < 10 ? u'0' + label : label;
+    return twoDigits(hour.value) + u"00Z";
+  const int shown = shiftedHour(hour.value, settings.zoneOffset(), HourWrap::Above);
+  const QString label = QString::number(shown) + u"00" + ZoneLetter(settings.zoneOffset());
+  return shown < 10 ? u'0' + label : label;
 }
 
-CycleFile::CycleFile(QByteArray text, const std::vector<QString>& codes)
+CycleFile::CycleFile(QByteArray text, const std::vector<StationCode>& codes)
     : text_(std::move(text)), found_(codes.size()) {
   findFourLetterCodes(codes);
   for (size_t i = 0; i < codes.size(); ++i) {
-    if (codes[i].toUtf8().size() != 4)
+    if (codes[i].text().toUtf8().size() != 4)
       findOther(i, codes[i]);
   }
 }
 
-void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
+void CycleFile::findFourLetterCodes(const std::vector<StationCode>& codes) {
   // The text is some hundred kilobytes of the whole world's reports and the codes are few: a small filter of
   // the four bytes at each place sends nearly all of them on at once.
   std::bitset<filterBits> filter;
   std::unordered_map<quint32, std::vector<size_t>> wanted;
   for (size_t i = 0; i < codes.size(); ++i) {
-    const QByteArray code = codes[i].toUtf8();
+    const QByteArray code = codes[i].text().toUtf8();
     if (code.size() != 4)
       continue;
     const quint32 key = keyAt(code.constData());
@@ -165,8 +165,8 @@ void CycleFile::findFourLetterCodes(const std::vector<QString>& codes) {
   }
 }
 
-void CycleFile::findOther(size_t index, const QString& code) {
-  const QByteArray word = code.toUtf8();
+void CycleFile::findOther(size_t index, const StationCode& code) {
+  const QByteArray word = code.text().toUtf8();
   if (word.isEmpty())
     return;
   for (qsizetype i = text_.indexOf(word); i >= 0;) {
@@ -185,12 +185,12 @@ std::vector<QString> CycleFile::lines(size_t index) const {
   return lines;
 }
 
-SequenceBlock sequenceBlock(const QString& code, size_t index, const std::optional<QString>& latestText,
-                            const std::vector<int>& hours, const CycleFiles& files,
+SequenceBlock sequenceBlock(const StationCode& code, size_t index, const std::optional<QString>& latestText,
+                            const std::vector<UtcHour>& hours, const CycleFiles& files,
                             const SettingsRecord& settings, bool& latestShown) {
   SequenceBlock block;
   if (!latestText) {
-    block.text = crlf + code + u"  NOT FOUND" + crlf;
+    block.text = crlf + code.text() + u"  NOT FOUND" + crlf;
     return block;
   }
   SeenKeys seenKeys;
@@ -198,7 +198,7 @@ SequenceBlock sequenceBlock(const QString& code, size_t index, const std::option
     const QString label = sequenceHourLabel(hours[h], settings);
     const CycleFile* file = files(hours[h]);
     if (!file) {
-      block.text += crlf + code + u"  LOADING SEQUENCE DATA AT " + label + crlf;
+      block.text += crlf + code.text() + u"  LOADING SEQUENCE DATA AT " + label + crlf;
       block.missingFile = true;
       continue;
     }
@@ -212,7 +212,7 @@ SequenceBlock sequenceBlock(const QString& code, size_t index, const std::option
       gaveSomething = true;
     }
     if (!gaveSomething && h + 1 < hours.size())
-      block.text += crlf + code + u"  NO DATA AT " + label + crlf;
+      block.text += crlf + code.text() + u"  NO DATA AT " + label + crlf;
   }
   const QStringView report = mid1(*latestText, 18);
   if (!report.isEmpty() && !seenKeys.contains(report.left(SeenKeys::longest))) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/report_rules.h"
+#include "base/station_code.h"
 #include "store/settings_record.h"
 
 #include <QByteArray>
@@ -15,26 +17,26 @@ namespace soran {
 
 /// The hours (UTC, 0 to 23) of the cycle files that hold the last hours of a station, oldest first, the
 /// present hour last. `now` is the local time of day; it is brought to UTC by 時差 where LOCAL使用 is true,
-/// else by `systemZoneOffset` (whole hours).
-std::vector<int> sequenceHours(QTime now, const SettingsRecord& settings, int systemZoneOffset);
+/// else by `systemZoneOffset`.
+std::vector<UtcHour> sequenceHours(QTime now, const SettingsRecord& settings, ZoneOffset systemZoneOffset);
 
 /// The label of a cycle file's hour: "0500Z", or in the displayed zone "1400I". An hour below zero is not
 /// wrapped.
-QString sequenceHourLabel(int utcHour, const SettingsRecord& settings);
+QString sequenceHourLabel(UtcHour hour, const SettingsRecord& settings);
 
 /// The text of one cycle file with the lines of the wanted stations found in one pass over it: for each code,
 /// the text from the code to the next LF (or to the end), wherever the code stands, going on behind that LF.
 class CycleFile {
  public:
   /// `codes` are four ASCII characters each; others are searched for all the same, only slower.
-  CycleFile(QByteArray text, const std::vector<QString>& codes);
+  CycleFile(QByteArray text, const std::vector<StationCode>& codes);
 
   /// The lines of the station `index` of the codes, in the order of the file.
   std::vector<QString> lines(size_t index) const;
 
  private:
-  void findFourLetterCodes(const std::vector<QString>& codes);
-  void findOther(size_t index, const QString& code);
+  void findFourLetterCodes(const std::vector<StationCode>& codes);
+  void findOther(size_t index, const StationCode& code);
 
   QByteArray text_;
   struct Stretch {
@@ -45,7 +47,7 @@ class CycleFile {
 };
 
 /// Where a sequence run reads a cycle file; null where the file does not exist.
-using CycleFiles = std::function<const CycleFile*(int utcHour)>;
+using CycleFiles = std::function<const CycleFile*(UtcHour)>;
 
 /// The sequence of one station.
 struct SequenceBlock {
@@ -56,8 +58,8 @@ struct SequenceBlock {
 /// Builds the station's text: the reports of the window's files, each time group once, then the report in
 /// force. `latestText` is the station file; nothing where it was refused. `latestShown` is kept by the caller
 /// over all stations of a run: once set, every report line bears the tag of the latest one.
-SequenceBlock sequenceBlock(const QString& code, size_t index, const std::optional<QString>& latestText,
-                            const std::vector<int>& hours, const CycleFiles& files,
+SequenceBlock sequenceBlock(const StationCode& code, size_t index, const std::optional<QString>& latestText,
+                            const std::vector<UtcHour>& hours, const CycleFiles& files,
                             const SettingsRecord& settings, bool& latestShown);
 
 } // namespace soran

@@ -42,12 +42,12 @@ bool appendSequenceRecord(const QString& path, const QString& record) {
   return file.write(bytes) == bytes.size() && file.flush();
 }
 
-QString sequenceRecordBlock(QStringView text, QStringView code) {
+QString sequenceRecordBlock(QStringView text, const StationCode& code) {
   QString block;
   while (!text.isEmpty()) {
     const QStringView heading = counted(takeLine(text));
     const bool isHeading =
-        heading.contains(code) && (heading.contains(u"METAR") || heading.contains(u"SPECI"));
+        heading.contains(code.text()) && (heading.contains(u"METAR") || heading.contains(u"SPECI"));
     if (!isHeading || block.contains(heading))
       continue;
     block += crlf;

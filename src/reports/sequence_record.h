@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/station_code.h"
+
 #include <QString>
 
 namespace soran {
@@ -14,6 +16,6 @@ bool appendSequenceRecord(const QString& path, const QString& record);
 /// and METAR or SPECI) not yet in the block, a line end and the heading, then every following line, each
 /// behind a line end, up to and including the first empty one. Leading blanks of a line and all from a comma
 /// on do not count. Empty where there is none.
-QString sequenceRecordBlock(QStringView text, QStringView code);
+QString sequenceRecordBlock(QStringView text, const StationCode& code);
 
 } // namespace soran

@@ -43,7 +43,7 @@ QStringView precipitationWord(QStringView group, std::span<const Precipitation> 
 }
 
 /// HHMM at a position, in the zone of the display.
-QString clockAt(const ReportWalk& walk, qsizetype pos) {
+QString clockAt(const ReportWalk& walk, Position1 pos) {
   const QStringView group = walk.groups.token();
   const PrintedHour local = walk.ToLocal(mid1(group, pos, 2));
   QString text;
@@ -52,7 +52,7 @@ QString clockAt(const ReportWalk& walk, qsizetype pos) {
 }
 
 /// MM at a position, in the hour and the zone of the report.
-QString minuteAt(const ReportWalk& walk, qsizetype pos) {
+QString minuteAt(const ReportWalk& walk, Position1 pos) {
   QString text;
   writeAll(text, mid1(walk.time, 1, 2), u"時", mid1(walk.groups.token(), pos, 2), u"分(",
            mid1(walk.time, 8, 1), u")");

@@ -64,8 +64,8 @@ void tellCeiling(ReportWalk& walk) {
 void tellRemarks(ReportWalk& walk) {
   constexpr qsizetype wordAndBlank = 4;
   GroupReader& groups = walk.groups;
-  const qsizetype start = find1(groups.rest(), u"RMK");
-  if (start == 0)
+  const Position1 start = find1(groups.rest(), u"RMK");
+  if (!start)
     return;
   groups.setRest(mid1(groups.rest(), start + wordAndBlank));
   bool cloudsOver = false;
@@ -94,10 +94,10 @@ void tellClosing(ReportWalk& walk) {
   if (body.contains(u"YELLOW SAND"))
     walk.line(u"黄砂を観測");
   // The runway's length is not known: what follows it comes along.
-  if (const qsizetype pos = find1(body, u"FOG ON"); pos > 0)
-    walk.line(u"滑走路", mid1(body, pos + 6, pos + 5), u"上に霧を観測");
-  if (const qsizetype pos = find1(body, u"MAX WIND"); pos > 0)
-    walk.line(u"最大風速 ", Plain{leadingNumber(mid1(body, pos + 8, pos + 7))}, u"ノット");
+  if (const Position1 pos = find1(body, u"FOG ON"))
+    walk.line(u"滑走路", mid1(body, pos + 6, pos.from1() + 5), u"上に霧を観測");
+  if (const Position1 pos = find1(body, u"MAX WIND"))
+    walk.line(u"最大風速 ", Plain{leadingNumber(mid1(body, pos + 8, pos.from1() + 7))}, u"ノット");
   if (body.contains(u'$'))
     walk.line(u"自動観測装置のメンテナンスが必要");
 }

@@ -21,7 +21,7 @@ constexpr std::array<QStringView, 38> airfields{
 };
 
 bool isRoutine(QStringView time) {
-  return isRoutineMinute(leadingNumber(mid1(time, 3, 2)));
+  return MinuteOfHour{leadingNumber(mid1(time, 3, 2))}.isRoutine();
 }
 
 void tellHeader(ReportWalk& walk, QStringView code, QStringView time) {
@@ -109,9 +109,9 @@ void tellDegrees(ReportWalk& walk, QStringView title, QStringView value) {
 
 void tellTemperature(ReportWalk& walk) {
   const QStringView token = walk.groups.token();
-  const qsizetype slash = find1(token, u"/");
+  const Position1 slash = find1(token, u"/");
   tellDegrees(walk, u"地上気温　　 ： ", token);
-  tellDegrees(walk, u"露点温度　　 ： ", slash > 0 ? mid1(token, slash + 1) : QStringView());
+  tellDegrees(walk, u"露点温度　　 ： ", slash ? mid1(token, slash + 1) : QStringView());
 }
 
 void tellAltimeter(ReportWalk& walk) {
@@ -125,8 +125,8 @@ void tellAltimeter(ReportWalk& walk) {
 
 } // namespace
 
-QString TranslateReport(QStringView code, QStringView time, QStringView body, const SettingsRecord& settings,
-                        const Dictionaries& dictionaries) {
+QString TranslateReport(const StationCode& code, QStringView time, QStringView body,
+                        const SettingsRecord& settings, const Dictionaries& dictionaries) {
   // Titles and sentences take about six times the room of their groups.
   constexpr qsizetype growth = 6;
   constexpr qsizetype header = 100;
@@ -139,7 +139,7 @@ QString TranslateReport(QStringView code, QStringView time, QStringView body, co
   try {
     ReportWalk walk(body, settings, dictionaries);
     walk.out.text.reserve(header + growth * body.size());
-    tellHeader(walk, code, time);
+    tellHeader(walk, code.text(), time);
     tellWind(walk);
     tellSky(walk);
     tellTemperature(walk);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/station_code.h"
 #include "reports/dictionaries.h"
 #include "store/settings_record.h"
 
@@ -17,7 +18,7 @@ inline constexpr QStringView untranslatable = u"例外フォーマットのた�
 /// `body` is the report behind its time group, on one line or several with LF. Of the settings LOCAL使用 and
 /// 時差 are read. A report without a temperature group and one of any other unforeseen form gives
 /// `untranslatable` alone. The cost is linear in the body, merged cloud remarks aside.
-QString TranslateReport(QStringView code, QStringView time, QStringView body, const SettingsRecord& settings,
-                        const Dictionaries& dictionaries);
+QString TranslateReport(const StationCode& code, QStringView time, QStringView body,
+                        const SettingsRecord& settings, const Dictionaries& dictionaries);
 
 } // namespace soran

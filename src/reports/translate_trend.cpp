@@ -21,8 +21,8 @@ constexpr std::array<TrendCloud, 4> trendClouds{{
 /// The time HHMM behind a word of two letters such as TL.
 void tellTime(ReportWalk& walk, QStringView word, QStringView ending) {
   const QStringView group = walk.groups.token();
-  const qsizetype pos = find1(group, word);
-  if (pos == 0)
+  const Position1 pos = find1(group, word);
+  if (!pos)
     return;
   const PrintedHour local = walk.ToLocal(mid1(group, pos + 2, 2));
   walk.tell(local.hour, u"時", mid1(group, pos + 4, 2), u"分(", local.zone, ending);
@@ -32,7 +32,7 @@ void tellTrendGroup(ReportWalk& walk) {
   const QStringView group = walk.groups.token();
   tellTime(walk, u"TL", u")までに、");
   tellTime(walk, u"FM", u")以降、");
-  if (const qsizetype unit = find1(group, u"KT"); unit > 0)
+  if (const Position1 unit = find1(group, u"KT"))
     walk.tell(u"風が ", take1(group, unit - 5, 3), u"°方向から ",
               Plain{leadingNumber(take1(group, unit - 2, 2))}, u"ノット ");
   for (const TrendCloud& cloud : trendClouds) {

@@ -41,8 +41,8 @@ void tellPairs(ReportWalk& walk, QStringView group) {
     group = group.sliced(1);
   }
   walk.tell(sign);
-  for (qsizetype pos = 1; pos <= group.size(); pos += 2) {
-    const QStringView pair = mid1(group, pos, 2);
+  for (qsizetype index = 0; index < group.size(); index += 2) {
+    const QStringView pair = group.mid(index, 2);
     if (const auto meaning = walk.dictionaries.shortMeaning(pair))
       walk.tell(u" ", *meaning, u"(", pair, u")");
     else

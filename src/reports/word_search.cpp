@@ -98,7 +98,7 @@ std::vector<WordSearch::Positions> WordSearch::positionsIn(QStringView text) con
     for (int end = nodeAt(node).word != none ? node : nodeAt(node).shorter; end != root;
          end = nodeAt(end).shorter) {
       const auto word = static_cast<size_t>(nodeAt(end).word);
-      positions[word].push_back(i + 2 - words_[word].size());
+      positions[word].push_back(Position1::ofIndex(i + 1 - words_[word].size()));
     }
   }
   return positions;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/position1.h"
+
 #include <QStringView>
 #include <array>
 #include <span>
@@ -14,8 +16,8 @@ namespace soran {
 /// whatever the words are. The words are not copied: their text must outlive the search.
 class WordSearch {
  public:
-  /// Positions (from 1) at which one word begins, ascending; those of a word like "SS" may overlap.
-  using Positions = std::vector<qsizetype>;
+  /// Positions at which one word begins, ascending; those of a word like "SS" may overlap.
+  using Positions = std::vector<Position1>;
 
   /// Equal words are taken once, empty ones not at all.
   explicit WordSearch(std::span<const QStringView> words);

@@ -27,9 +27,9 @@ Notice tafNotice(const QString& response) {
   return {u'(' + amendment + u") ", u" TAF(" + amendment + u") RECEIVED"};
 }
 
-Notice metarNotice(const QString& stamp) {
-  return isRoutineMinute(leadingInteger(mid1(stamp, 4, 2))) ? Notice{u" "_s, u" METAR CHANGED"_s}
-                                                            : Notice{u"(SPECI) "_s, u" SPECI RECEIVED"_s};
+Notice metarNotice(const Stamp& stamp) {
+  return stamp.minute().isRoutine() ? Notice{u" "_s, u" METAR CHANGED"_s}
+                                    : Notice{u"(SPECI) "_s, u" SPECI RECEIVED"_s};
 }
 
 class Comparison {
@@ -37,11 +37,11 @@ class Comparison {
   explicit Comparison(Program& program) : program_(program) {}
 
   void compare(size_t row) {
-    const QString code = asciiUpper(program_.stationTable.rows()[row].stationCode);
+    const StationCode code(asciiUpper(program_.stationTable.rows()[row].stationCode.text()));
     const Endpoints& endpoints = program_.services.endpoints;
     if (const auto response = fetch(endpoints.metar, code);
         response && taken(row, *response, &Station::metarStamp))
-      tell(code, metarNotice(stampOf(*response)));
+      tell(code, metarNotice(Stamp::of(*response)));
     if (const auto response = fetch(endpoints.taf, code);
         response && taken(row, *response, &Station::tafStamp))
       tell(code, tafNotice(*response));
@@ -51,17 +51,17 @@ class Comparison {
   const QStringList& notices() const { return notices_; }
 
  private:
-  std::optional<QString> fetch(const QString& base, const QString& code) {
+  std::optional<QString> fetch(const QString& base, const StationCode& code) {
     const Reply reply = program_.services.inet.open(stationFile(base, code));
     return reply.isWhole() ? std::optional(reply.text()) : std::nullopt;
   }
 
   /// Stores the response's stamp where it is a new one. The table may have been rebuilt during the wait.
-  bool taken(size_t row, const QString& response, QString Station::*field) {
+  bool taken(size_t row, const QString& response, Stamp Station::*field) {
     if (row >= program_.stationTable.rows().size())
       return false;
-    QString& stamp = program_.stationTable.rows()[row].*field;
-    const QString found = stampOf(response);
+    Stamp& stamp = program_.stationTable.rows()[row].*field;
+    const Stamp found = Stamp::of(response);
     if (found == stamp)
       return false;
     stamp = found;
@@ -69,7 +69,8 @@ class Comparison {
     return true;
   }
 
-  void tell(const QString& code, const Notice& notice) {
+  void tell(const StationCode& station, const Notice& notice) {
+    const QString& code = station.text();
     const QString pad = program_.console.padlbl();
     if (pad.contains(code))
       return;

@@ -15,22 +15,22 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcCycles, "soran.pipeline")
 
-void download(Program& program, int utcHour) {
-  const QUrl url(program.services.endpoints.cycles + twoDigits(utcHour) + u"Z.TXT");
+void download(Program& program, UtcHour hour) {
+  const QUrl url(program.services.endpoints.cycles + twoDigits(hour.value) + u"Z.TXT");
   const Reply reply = program.services.inet2.open(url);
   // A transfer that failed must not leave another hour's text under this one's name.
   if (!reply.isWhole()) {
-    qCWarning(lcCycles) << "passed over: cycle file" << utcHour;
+    qCWarning(lcCycles) << "passed over: cycle file" << hour.value;
     return;
   }
-  if (!writeWhole(cycleFilePath(program.services, utcHour), reply.body + "\r\n"))
-    qCWarning(lcCycles) << "passed over: writing cycle file" << utcHour;
+  if (!writeWhole(cycleFilePath(program.services, hour), reply.body + "\r\n"))
+    qCWarning(lcCycles) << "passed over: writing cycle file" << hour.value;
 }
 
 } // namespace
 
-QString cycleFilePath(const Services& services, int utcHour) {
-  return services.path(u"data/") + twoDigits(utcHour) + u".dat";
+QString cycleFilePath(const Services& services, UtcHour hour) {
+  return services.path(u"data/") + twoDigits(hour.value) + u".dat";
 }
 
 void refreshCycleFiles(Program& program) {
@@ -40,8 +40,8 @@ void refreshCycleFiles(Program& program) {
   if (now.minute() / 10 == program.cycleDecade)
     return;
   program.cycleDecade = now.minute() / 10;
-  const std::vector<int> hours = sequenceHours(now, program.record(), program.systemZoneOffset);
-  for (const int hour : hours) {
+  const std::vector<UtcHour> hours = sequenceHours(now, program.record(), program.systemZoneOffset);
+  for (const UtcHour hour : hours) {
     if (!fileExists(cycleFilePath(program.services, hour)))
       download(program, hour);
   }

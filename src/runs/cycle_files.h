@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/report_rules.h"
 #include "runs/program.h"
 
 namespace soran {
@@ -11,6 +12,6 @@ namespace soran {
 void refreshCycleFiles(Program& program);
 
 /// The place of an hour's file: data/NN.dat.
-QString cycleFilePath(const Services& services, int utcHour);
+QString cycleFilePath(const Services& services, UtcHour hour);
 
 } // namespace soran

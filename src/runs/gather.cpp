@@ -30,7 +30,8 @@ std::optional<QByteArray> wholeFile(const QString& path) {
 
 /// Asks for every station in turn.
 template <class Take>
-void forEachStation(GatheredRun& run, const std::vector<QString>& codes, RunProgress& progress, Take take) {
+void forEachStation(GatheredRun& run, const std::vector<StationCode>& codes, RunProgress& progress,
+                    Take take) {
   for (size_t i = 0; i < codes.size(); ++i) {
     progress.asks(run.request, codes[i], int(i), int(codes.size()));
     run.stations.push_back({.code = codes[i]});
@@ -64,33 +65,33 @@ void gatherReports(Program& program, GatheredRun& run, RunProgress& progress) {
 }
 
 void gatherTranslations(Program& program, GatheredRun& run, RunProgress& progress) {
-  constexpr qsizetype reportStart = 18;
-  constexpr qsizetype behindTimeGroup = 14;
+  constexpr Position1 reportStart = 18;
+  constexpr Position1 behindTimeGroup = 14;
   StationFiles files(program.services, codesOf(run.request.codes), false);
   forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
     const std::optional<QString> response = files.take(place, ReportKind::Metar);
     if (!response) {
-      station.block = crlf + station.code + u"  NOT FOUND" + crlf;
+      station.block = crlf + station.code.text() + u"  NOT FOUND" + crlf;
       return;
     }
     const QStringView report = mid1(*response, reportStart);
     const LineHeading heading = lineHeading(station.code, report, program.record());
     station.block = heading.text;
-    if (report.size() >= behindTimeGroup)
+    if (report.size() >= behindTimeGroup.from1())
       station.block += crlf + TranslateReport(station.code, heading.time, mid1(report, behindTimeGroup),
                                               program.record(), program.dictionaries());
   });
 }
 
 void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
-  const std::vector<int> hours =
+  const std::vector<UtcHour> hours =
       sequenceHours(program.services.clock.now().time(), program.record(), program.systemZoneOffset);
   StationFiles stations(program.services, codesOf(run.request.codes), false);
-  const std::vector<QString>& codes = stations.codes();
+  const std::vector<StationCode>& codes = stations.codes();
 
   // A file is read once for all stations; one that is missing is looked for again, as it may come meanwhile.
-  std::map<int, CycleFile> read;
-  const CycleFiles files = [&](int hour) -> const CycleFile* {
+  std::map<UtcHour, CycleFile> read;
+  const CycleFiles files = [&](UtcHour hour) -> const CycleFile* {
     if (const auto known = read.find(hour); known != read.end())
       return &known->second;
     std::optional<QByteArray> text = wholeFile(cycleFilePath(program.services, hour));
@@ -119,7 +120,7 @@ void gatherRecord(const Program& program, GatheredRun& run, RunProgress& progres
   forEachStation(run, codesOf(run.request.codes), progress, [&](size_t, StationResult& station) {
     station.block = sequenceRecordBlock(text, station.code);
     if (station.block.isEmpty())
-      station.block = crlf + station.code + u"  NO SEQUENCE DATA" + crlf;
+      station.block = crlf + station.code.text() + u"  NO SEQUENCE DATA" + crlf;
   });
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/station_code.h"
 #include "runs/run_request.h"
 
 #include <vector>
@@ -17,7 +18,7 @@ struct LaidOutReport {
 
 /// What a run found of one station.
 struct StationResult {
-  QString code;
+  StationCode code;
   LaidOutReport metar = {};
   LaidOutReport taf = {}; ///< not asked for where the METAR was refused
   QString block = {};     ///< the whole text of a Japanese or a sequence run, without its title
@@ -38,7 +39,7 @@ class RunProgress {
   /// The list is known; nothing was asked yet.
   virtual void begins(const RunRequest& request) = 0;
   /// The station at `place` (from 0) of `total` is asked for now.
-  virtual void asks(const RunRequest& request, const QString& code, int place, int total) = 0;
+  virtual void asks(const RunRequest& request, const StationCode& code, int place, int total) = 0;
   virtual void tookMetar(const RunRequest& request, const StationResult& station) = 0;
   virtual void tookTaf(const RunRequest& request, const StationResult& station) = 0;
   /// All stations were asked.

@@ -32,16 +32,16 @@ struct Program {
   QString inputHistory = QStringLiteral(" "); ///< words typed, blank-delimited, 200 characters at most
 
   StationTable stationTable;
-  bool cycleChanged = false; ///< the last comparison found a new report
-  QString lastCycleTime;     ///< HH:MM, local, at which the last cycle ended
-  bool lastProbeGood = true; ///< the last probe of the network watch succeeded
-  bool minimised = false;    ///< the main window is minimised
-  int watchTicks = 0;        ///< seconds since the last pass or key
-  int bufferLevel = 1;       ///< 11 minus the setting バッファ
-  int cycleDecade = 25;      ///< tens digit of the minute of the last refresh of cycle files
-  int systemZoneOffset = 0;  ///< machine's offset from UTC in whole hours, taken at start
-  QString systemZoneName;    ///< its name, without what stands in brackets
-  QString currentPrinter;    ///< chosen last; empty before any choice
+  bool cycleChanged = false;   ///< the last comparison found a new report
+  QString lastCycleTime;       ///< HH:MM, local, at which the last cycle ended
+  bool lastProbeGood = true;   ///< the last probe of the network watch succeeded
+  bool minimised = false;      ///< the main window is minimised
+  int watchTicks = 0;          ///< seconds since the last pass or key
+  int bufferLevel = 1;         ///< 11 minus the setting バッファ
+  int cycleDecade = 25;        ///< tens digit of the minute of the last refresh of cycle files
+  ZoneOffset systemZoneOffset; ///< machine's offset from UTC, taken at start
+  QString systemZoneName;      ///< its name, without what stands in brackets
+  QString currentPrinter;      ///< chosen last; empty before any choice
 
   Settings& settings() { return tables.settings(); }
   const SettingsRecord& record() { return tables.settings().record(); }

@@ -22,12 +22,12 @@ bool showsReports(RunKind kind) {
 }
 
 bool isRoutine(const LaidOutReport& metar) {
-  return isRoutineMinute(leadingInteger(mid1(metar.obsTime, 3, 2)));
+  return MinuteOfHour{double(leadingInteger(mid1(metar.obsTime, 3, 2)))}.isRoutine();
 }
 
 /// The METAR as it stands on the screen.
 QString metarText(const StationResult& station) {
-  return station.code + kindWord(isRoutine(station.metar)) + station.metar.obsTime + crlf +
+  return station.code.text() + kindWord(isRoutine(station.metar)) + station.metar.obsTime + crlf +
          station.metar.body;
 }
 
@@ -39,7 +39,8 @@ QString clockText(QTime now, const SettingsRecord& settings) {
 
 /// The log line of a TAF. A body says NO OBSERVATION only where the station itself does; a refused TAF says
 /// NO FORECAST and is logged as received.
-QString tafLogLine(const QString& code, const QString& body) {
+QString tafLogLine(const StationCode& station, const QString& body) {
+  const QString& code = station.text();
   if (body.contains(u"NO OBSERVATION"))
     return u"NOT FOUND " + code;
   const QStringView amendment = amendmentIn(body);
@@ -63,11 +64,11 @@ QString reportsText(const GatheredRun& run) {
   QString text = titleOf(run.request) + crlf;
   for (const StationResult& station : run.stations) {
     if (!station.metar.found) {
-      text += crlf + station.code + u"  NOT FOUND" + crlf;
+      text += crlf + station.code.text() + u"  NOT FOUND" + crlf;
       continue;
     }
     text += crlf + metarText(station);
-    text += crlf + station.code + u"  TAF   " + station.taf.obsTime + crlf + station.taf.body + crlf;
+    text += crlf + station.code.text() + u"  TAF   " + station.taf.obsTime + crlf + station.taf.body + crlf;
   }
   return text;
 }
@@ -81,7 +82,7 @@ QString blocksText(const GatheredRun& run) {
   for (const StationResult& station : run.stations) {
     if (&station != &run.stations.front())
       text += crlf;
-    text += u"*** " + station.code + title + crlf + station.block;
+    text += u"*** " + station.code.text() + title + crlf + station.block;
   }
   return text;
 }
@@ -124,26 +125,26 @@ void RunDisplay::begins(const RunRequest& request) {
   }
 }
 
-void RunDisplay::asks(const RunRequest& request, const QString& code, int place, int total) {
+void RunDisplay::asks(const RunRequest& request, const StationCode& code, int place, int total) {
   Console& console = program_.console;
   if (!readsOwnRecord(request))
     emit console.progress(place, total);
-  rememberWord(console.recentCodes, code);
+  rememberWord(console.recentCodes, code.text());
   if (!request.fullLoad || !showsReports(request.kind))
     return;
   if (request.kind != RunKind::List)
-    console.appendScreen(u' ' + code);
+    console.appendScreen(u' ' + code.text());
   console.caretToEnd();
 }
 
 void RunDisplay::tookMetar(const RunRequest& request, const StationResult& station) {
   Console& console = program_.console;
   if (!station.metar.found) {
-    console.addLogEntry(u"NOT FOUND " + station.code);
+    console.addLogEntry(u"NOT FOUND " + station.code.text());
     return;
   }
   if (request.fullLoad)
-    console.addLogEntry(station.code +
+    console.addLogEntry(station.code.text() +
                         (isRoutine(station.metar) ? u" METAR RECEIVED"_s : u" SPECI RECEIVED"_s));
   if (!appendSequenceRecord(program_.services.path(u"data/sequence.dat"), metarText(station)))
     qCWarning(lcPipeline) << "passed over: appending to the sequence record";

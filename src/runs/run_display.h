@@ -13,7 +13,7 @@ class RunDisplay final : public RunProgress {
   explicit RunDisplay(Program& program) : program_(program) {}
 
   void begins(const RunRequest& request) override;
-  void asks(const RunRequest& request, const QString& code, int place, int total) override;
+  void asks(const RunRequest& request, const StationCode& code, int place, int total) override;
   void tookMetar(const RunRequest& request, const StationResult& station) override;
   void tookTaf(const RunRequest& request, const StationResult& station) override;
   void ends(const RunRequest& request, int total) override;

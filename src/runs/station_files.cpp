@@ -16,7 +16,7 @@ std::optional<QString> reportIn(const Reply& reply) {
 
 } // namespace
 
-StationFiles::StationFiles(const Services& services, std::vector<QString> codes, bool forecasts)
+StationFiles::StationFiles(const Services& services, std::vector<StationCode> codes, bool forecasts)
     : services_(services), codes_(std::move(codes)), forecasts_(forecasts), onTheWay_(codes_.size()) {}
 
 StationFiles::~StationFiles() = default;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/station_code.h"
 #include "platform/services.h"
 #include "reports/layout.h"
 
@@ -16,12 +17,12 @@ namespace soran {
 /// the METAR is there, a TAF. The replies belong to the places of the list and go with the object.
 class StationFiles {
  public:
-  StationFiles(const Services& services, std::vector<QString> codes, bool forecasts);
+  StationFiles(const Services& services, std::vector<StationCode> codes, bool forecasts);
   ~StationFiles();
   StationFiles(const StationFiles&) = delete;
   StationFiles& operator=(const StationFiles&) = delete;
 
-  const std::vector<QString>& codes() const { return codes_; }
+  const std::vector<StationCode>& codes() const { return codes_; }
 
   /// The text of a file of the station at `place` of the list (from 0), nothing where it was refused or the
   /// transfer failed. Waits in the event loop; throws Unwind where the program was closed. Asked once for
@@ -37,7 +38,7 @@ class StationFiles {
   void beginUpTo(size_t place);
 
   const Services& services_;
-  std::vector<QString> codes_;
+  std::vector<StationCode> codes_;
   bool forecasts_;
   size_t begun_ = 0; // places whose METAR was begun
   std::vector<OnTheWay> onTheWay_;

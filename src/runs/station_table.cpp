@@ -2,24 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runs/station_table.h"
 
-#include "base/text.h"
-
 namespace soran {
-
-std::vector<QString> codesOf(QStringView codeList) {
-  std::vector<QString> codes;
-  for (qsizetype pos = 1; pos <= codeList.size(); pos += 5)
-    codes.push_back(mid1(codeList, pos, 4).toString());
-  return codes;
-}
 
 void StationTable::rebuild(QStringView codeList) {
   rows_.clear();
-  for (QString& code : codesOf(codeList))
+  for (StationCode& code : codesOf(codeList))
     rows_.push_back({std::move(code), {}, {}});
 }
 
-Station* StationTable::find(QStringView code) {
+Station* StationTable::find(const StationCode& code) {
   for (Station& station : rows_) {
     if (station.stationCode == code)
       return &station;

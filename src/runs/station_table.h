@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
-#include <QStringView>
+#include "base/stamp.h"
+#include "base/station_code.h"
+
 #include <vector>
 
 namespace soran {
 
 /// A station of the list that is watched, with the stamps of the files seen last.
 struct Station {
-  QString stationCode;
-  QString metarStamp;
-  QString tafStamp;
+  StationCode stationCode;
+  Stamp metarStamp;
+  Stamp tafStamp;
 };
 
 /// The stations of the last full load, in the order of its list.
@@ -24,15 +25,12 @@ class StationTable {
   int stationCount() const { return int(rows_.size()); }
 
   /// The row of a code, the first of equal ones; null where it is not in the table.
-  Station* find(QStringView code);
+  Station* find(const StationCode& code);
 
   std::vector<Station>& rows() { return rows_; }
 
  private:
   std::vector<Station> rows_;
 };
-
-/// The codes of a list, cut at positions 1, 6, 11, ... whatever stands there.
-std::vector<QString> codesOf(QStringView codeList);
 
 } // namespace soran

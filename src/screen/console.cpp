@@ -47,8 +47,7 @@ void Console::colourScreenText() {
 }
 
 void Console::applyDisplaySettings() {
-  screen_.setBase(settings_[key::表示文字の色].value_or(0xFFFFFF),
-                  settings_[key::表示文字のボールド] == true);
+  screen_.setBase(settings_[key::表示文字の色].value_or(white), settings_[key::表示文字のボールド] == true);
   caretToEnd();
   emit displaySettingsApplied();
 }

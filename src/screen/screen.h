@@ -49,7 +49,7 @@ class Screen : public QObject {
   QString text_;
   std::vector<AttributeRun> runs_;
   qsizetype caret_ = 0;
-  Colour baseColour_ = 0xFFFFFF;
+  Colour baseColour_ = white;
   bool baseBold_ = false;
 };
 

@@ -213,7 +213,7 @@ QList<QStringList> textRows(const QJsonArray& rows, const QString& name, int col
 QJsonArray runsJson(const std::vector<AttributeRun>& runs) {
   QJsonArray list;
   for (const AttributeRun& run : runs)
-    list.append(QJsonArray{run.start, run.length, run.colour, run.bold});
+    list.append(QJsonArray{run.start, run.length, qint32(run.colour), run.bold});
   return list;
 }
 

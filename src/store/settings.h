@@ -23,7 +23,7 @@ class Settings {
   /// Sets a value; pending until `update`.
   template <SettingType type>
   void set(SettingKey<type> setting, const SettingValue<type>& value) {
-    setValue(setting.index, QVariant::fromValue(value));
+    setValue(setting.index, storedForm<type>(value));
   }
   void setValue(SettingIndex index, const QVariant& value);
 
@@ -33,7 +33,7 @@ class Settings {
   /// `set` and `update` of one value; a failure is passed over. True where the value was stored.
   template <SettingType type>
   bool store(SettingKey<type> setting, const SettingValue<type>& value) {
-    return storeValue(setting.index, QVariant::fromValue(value));
+    return storeValue(setting.index, storedForm<type>(value));
   }
   bool storeValue(SettingIndex index, const QVariant& value);
 

@@ -36,6 +36,12 @@ std::optional<int> SettingsRecord::convert(const QVariant& value) {
 }
 
 template <>
+std::optional<Colour> SettingsRecord::convert(const QVariant& value) {
+  const std::optional<int> number = convert<int>(value);
+  return number ? std::optional(Colour(*number)) : std::nullopt;
+}
+
+template <>
 std::optional<QString> SettingsRecord::convert(const QVariant& value) {
   if (value.isNull())
     return std::nullopt;
@@ -59,10 +65,10 @@ SettingsRecord SettingsRecord::standard(const QString& computerOffset) {
   return record;
 }
 
-int SettingsRecord::zoneOffset() const {
+ZoneOffset SettingsRecord::zoneOffset() const {
   // A stored text may hold any number; hours are added to this one.
   constexpr int most = 99;
-  return std::clamp(leadingInteger((*this)[key::時差].value_or(QString())), -most, most);
+  return {std::clamp(leadingInteger((*this)[key::時差].value_or(QString())), -most, most)};
 }
 
 std::optional<SettingIndex> settingByColumn(QStringView column) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/zone_offset.h"
 #include "store/settings_keys.h"
 
 #include <QVariant>
@@ -9,6 +10,15 @@
 #include <optional>
 
 namespace soran {
+
+/// A value as the table holds it: a colour is a number there.
+template <SettingType type>
+QVariant storedForm(const SettingValue<type>& value) {
+  if constexpr (type == SettingType::Rgb)
+    return static_cast<int>(value);
+  else
+    return QVariant::fromValue(value);
+}
 
 /// The values of all settings as a plain value, without a database behind it.
 ///
@@ -28,15 +38,15 @@ class SettingsRecord {
 
   template <SettingType type>
   void set(SettingKey<type> setting, const SettingValue<type>& value) {
-    values_[static_cast<size_t>(setting.index)] = QVariant::fromValue(value);
+    values_[static_cast<size_t>(setting.index)] = storedForm<type>(value);
   }
 
   /// The value as it is stored, null where it is missing.
   const QVariant& value(SettingIndex index) const { return values_[static_cast<size_t>(index)]; }
   void setValue(SettingIndex index, const QVariant& value) { values_[static_cast<size_t>(index)] = value; }
 
-  /// 時差 as a number of hours: "+9" is 9, "±0" is 0. At most 99 either way.
-  int zoneOffset() const;
+  /// 時差: "+9" is 9 hours, "±0" is 0. At most 99 either way.
+  ZoneOffset zoneOffset() const;
 
  private:
   template <class T>
@@ -49,6 +59,8 @@ template <>
 std::optional<bool> SettingsRecord::convert(const QVariant& value);
 template <>
 std::optional<int> SettingsRecord::convert(const QVariant& value);
+template <>
+std::optional<Colour> SettingsRecord::convert(const QVariant& value);
 template <>
 std::optional<double> SettingsRecord::convert(const QVariant& value);
 template <>

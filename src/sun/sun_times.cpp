@@ -20,9 +20,9 @@ constexpr double horizonSine = 0.01576549;
 constexpr double japanOffset = 9;
 
 double degreesOf(QStringView text, int degreeDigits) {
-  const double degrees = leadingNumber(mid1(text, 1, degreeDigits)) +
-                         leadingNumber(mid1(text, degreeDigits + 1, 2)) / 60 +
-                         leadingNumber(mid1(text, degreeDigits + 3, 2)) / 3600;
+  const double degrees = leadingNumber(text.mid(0, degreeDigits)) +
+                         leadingNumber(text.mid(degreeDigits, 2)) / 60 +
+                         leadingNumber(text.mid(degreeDigits + 2, 2)) / 3600;
   return static_cast<float>(degrees);
 }
 

@@ -26,7 +26,7 @@ void removeLeftovers(const Services& services) {
 
 void readTimeZone(Program& program) {
   const Clock& clock = program.services.clock;
-  program.systemZoneOffset = clock.offsetHours();
+  program.systemZoneOffset = clock.offset();
   const QString name = clock.zoneName();
   const qsizetype bracket = name.indexOf(u'(');
   program.systemZoneName = bracket < 0 ? name : name.left(bracket).trimmed();

@@ -30,8 +30,8 @@ TEST(Text, PositionsFromOneAreClippedToTheText) {
   EXPECT_EQ(mid1(u"RJTT", -3, 2), u"");
   EXPECT_EQ(at1(u"RJTT", 0), QChar());
   EXPECT_EQ(at1(u"RJTT", 4), u'T');
-  EXPECT_EQ(find1(u"RJTT RJTT", u"RJ", 2), 6);
-  EXPECT_EQ(find1(u"RJTT", u"rj"), 0);
+  EXPECT_EQ(find1(u"RJTT RJTT", u"RJ", 2), Position1(6));
+  EXPECT_EQ(find1(u"RJTT", u"rj"), Position1());
 }
 
 TEST(Text, NumbersPrintInTheirShortestForm) {

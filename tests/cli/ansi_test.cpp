@@ -54,20 +54,20 @@ TEST(Ansi, ColoursAtEachDepth) {
   };
   const Case cases[] = {
       // Red is the low byte.
-      {255, false, trueColour, "\x1B[38;2;255;0;0m"},
-      {0x8000FF, false, trueColour, "\x1B[38;2;255;0;128m"},
-      {255, true, trueColour, "\x1B[1;38;2;255;0;0m"},
-      {255, false, indexed, "\x1B[38;5;196m"},
+      {red, false, trueColour, "\x1B[38;2;255;0;0m"},
+      {Colour{0x8000FF}, false, trueColour, "\x1B[38;2;255;0;128m"},
+      {red, true, trueColour, "\x1B[1;38;2;255;0;0m"},
+      {red, false, indexed, "\x1B[38;5;196m"},
       {yellow, false, indexed, "\x1B[38;5;226m"},
       {grey, false, indexed, "\x1B[38;5;244m"},
       {colourOf(8, 8, 8), false, indexed, "\x1B[38;5;232m"},
       {colourOf(238, 238, 238), false, indexed, "\x1B[38;5;255m"},
       {colourOf(95, 135, 215), false, indexed, "\x1B[38;5;68m"},
-      {255, false, sixteen, "\x1B[91m"},
+      {red, false, sixteen, "\x1B[91m"},
       {yellow, true, sixteen, "\x1B[1;93m"},
       {colourOf(0, 190, 10), false, sixteen, "\x1B[32m"},
-      {255, true, monochrome, "\x1B[1m"},
-      {255, true, plain, ""},
+      {red, true, monochrome, "\x1B[1m"},
+      {red, true, plain, ""},
       // The base colour is the terminal's own at every depth.
       {white, false, trueColour, ""},
       {white, true, trueColour, "\x1B[1m"},

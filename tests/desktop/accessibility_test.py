@@ -165,7 +165,7 @@ class Accessibility(unittest.TestCase):
 
     def test_screen_is_read_line_by_line(self):
         type_line("rjtt")
-        wait("the report", lambda: "RJTT  TAF" in self.text() and self.text().endswith("PRESS ESC TO EXIT"))
+        wait("the report", lambda: "*** RJTT - WEATHER" in self.text() and self.text().endswith("PRESS ESC TO EXIT"))
         text = self.screen.queryText()
         lines, offset = [], 0
         while offset < text.characterCount:

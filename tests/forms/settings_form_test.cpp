@@ -87,8 +87,8 @@ TEST_F(SettingsFormTest, EveryControlWritesItsOwnKeyAtOnce) {
   for (const SettingsSwatch& swatch : settingsSwatches()) {
     const SettingsRecord before = settings.record();
     opton.pick(swatch.index, std::nullopt);
-    opton.pick(swatch.index, 123456);
-    EXPECT_EQ(opton.colour(swatch.index), 123456);
+    opton.pick(swatch.index, Colour{123456});
+    EXPECT_EQ(opton.colour(swatch.index), Colour{123456});
     note(before);
     ++controls;
   }
@@ -97,7 +97,7 @@ TEST_F(SettingsFormTest, EveryControlWritesItsOwnKeyAtOnce) {
   EXPECT_EQ(changed.removeDuplicates(), 0);
   Tables other;
   other.openAllTables(world.path(u"soran.mdb"_s));
-  EXPECT_EQ(other.settings()[key::SPECIの色], 123456);
+  EXPECT_EQ(other.settings()[key::SPECIの色], Colour{123456});
 }
 
 TEST_F(SettingsFormTest, LimitsTakeTheLeadingNumberWithoutItsSign) {
@@ -306,13 +306,14 @@ TEST_F(SettingsFormTest, SampleIsColouredByTheSettings) {
     QStringList coloured;
     for (const AttributeRun& part : sample.runs) {
       if (part.colour != settings[key::表示文字の色])
-        coloured.append(sample.text.mid(part.start, part.length) + u' ' + QString::number(part.colour));
+        coloured.append(sample.text.mid(part.start, part.length) + u' ' +
+                        QString::number(qint32(part.colour)));
     }
     EXPECT_EQ(sample.runs.back().start + sample.runs.back().length, sample.text.size());
     return coloured.join(u'|');
   };
-  settings.store(key::SPECIの色, 1);
-  settings.store(key::天気略語の色, 2);
+  settings.store(key::SPECIの色, Colour{1});
+  settings.store(key::天気略語の色, Colour{2});
   EXPECT_EQ(words(), u"SPECI 1|-RA 2|BR 2|RA 2"_s);
   settings.store(key::SPECI着色, false);
   EXPECT_EQ(words(), u"-RA 2|BR 2|RA 2"_s);
@@ -340,12 +341,12 @@ TEST_F(SettingsFormTest, TheTerminalFollowsTheClosedForm) {
     SettingsForm opton(settings, program.services, settingsHooks(run.terminal));
     opton.setBuffer(4);
     opton.choose(9, u"1"_s);
-    opton.pick(1, 77);
+    opton.pick(1, Colour{77});
     EXPECT_TRUE(opton.close());
     return ModalOutcome(opton.outcome().value());
   };
   run.terminal.menus().button(9);
   EXPECT_EQ(program.bufferLevel, 7);
-  EXPECT_EQ(program.console.screen().baseColour(), 77);
+  EXPECT_EQ(program.console.screen().baseColour(), Colour{77});
   EXPECT_TRUE(run.asked().contains(u"C/04"_s)); // the cycle files of the new window
 }

@@ -14,7 +14,7 @@
 
 namespace soran {
 inline void PrintTo(const AttributeRun& run, std::ostream* out) {
-  *out << '[' << run.start << ' ' << run.length << ' ' << run.colour << (run.bold ? " bold]" : "]");
+  *out << '[' << run.start << ' ' << run.length << ' ' << qint32(run.colour) << (run.bold ? " bold]" : "]");
 }
 } // namespace soran
 
@@ -23,7 +23,8 @@ inline void PrintTo(const AttributeRun& run, std::ostream* out) {
 class ColouringReference {
  public:
   ColouringReference(QStringView text, const soran::SettingsRecord& settings)
-      : text_(text), set_(settings), colour_(text.size(), set_[soran::key::表示文字の色].value_or(0)),
+      : text_(text), set_(settings),
+        colour_(text.size(), set_[soran::key::表示文字の色].value_or(soran::black)),
         bold_(text.size(), false) {}
 
   void write(const std::vector<soran::AttributeRun>& before) {
@@ -68,7 +69,7 @@ class ColouringReference {
         condition(set_[key::雲高3], set_[key::雲高3の色], set_[key::鉛直視程3有効], set_[key::視程3],
                   set_[key::視程3の色]);
     }
-    each(u"LOADING", 30, [&](qsizetype p) { select(p, 30, 65535); });
+    each(u"LOADING", 30, [&](qsizetype p) { select(p, 30, soran::yellow); });
     for (const QString& word :
          QStringLiteral(
              "SAVE,DISABLED,BLW,FCST,FORECAST,FORECASTS,COMPLETED,AIRPORT,PRESS,PRINT,READY,OBSERVATION,"
@@ -91,7 +92,9 @@ class ColouringReference {
   using Limit = std::optional<int>;
   using OptionalColour = std::optional<soran::Colour>;
 
-  QStringView mid(qsizetype p, qsizetype length) const { return soran::mid1(text_, p, length); }
+  QStringView mid(qsizetype p, qsizetype length) const {
+    return soran::mid1(text_, soran::Position1::at(p), length);
+  }
   double number(qsizetype p, qsizetype length) const { return soran::leadingNumber(mid(p, length)); }
 
   void select(qsizetype p, qsizetype length, OptionalColour colour) {
@@ -103,8 +106,12 @@ class ColouringReference {
       bold_[static_cast<size_t>(i - 1)] = bold;
   }
 
+  qsizetype find(QStringView word, qsizetype from) const {
+    return soran::find1(text_, word, soran::Position1::at(from)).from1();
+  }
+
   void each(QStringView word, qsizetype step, const std::function<void(qsizetype)>& hit) const {
-    for (qsizetype p = soran::find1(text_, word, 1); p > 0; p = soran::find1(text_, word, p + step))
+    for (qsizetype p = find(word, 1); p > 0; p = find(word, p + step))
       hit(p);
   }
 
@@ -114,7 +121,7 @@ class ColouringReference {
       const qsizetype from = sign ? p - 1 : p;
       const qsizetype length = sign ? word.size() + 1 : word.size();
       const bool cloud = word == u"CB" || word == u"TCU";
-      select(from, length, cloud || word == u"WS" ? 255 : set_[soran::key::天気略語の色]);
+      select(from, length, cloud || word == u"WS" ? soran::red : set_[soran::key::天気略語の色]);
       if (cloud)
         embolden(from, length, true);
     });
@@ -151,7 +158,7 @@ class ColouringReference {
     each(u"R", 8, [&](qsizetype p) {
       if (mid(p + 3, 1) != u"/" && mid(p + 4, 1) != u"/")
         return;
-      const qsizetype blank = soran::find1(text_, u" ", p);
+      const qsizetype blank = find(u" ", p);
       const QStringView word = blank > 0 ? mid(p, blank - p) : mid(p, -1);
       for (qsizetype i = 1; i <= word.size() - 3; ++i) {
         if (figures(word.sliced(i - 1, 4)) && below(number(p + i - 1, 4), metres, 1))

@@ -17,21 +17,22 @@ namespace {
 constexpr struct {
   char letter;
   Colour colour;
-} palette[] = {{'.', 0x7FFFFFFE}, {'w', 11}, {'k', 12}, {'r', 255}, {'1', 21},   {'2', 22},
-               {'3', 23},         {'a', 31}, {'b', 32}, {'c', 33},  {'y', 65535}};
+} palette[] = {{'.', Colour{0x7FFFFFFE}}, {'w', Colour{11}}, {'k', Colour{12}},   {'r', Colour{255}},
+               {'1', Colour{21}},         {'2', Colour{22}}, {'3', Colour{23}},   {'a', Colour{31}},
+               {'b', Colour{32}},         {'c', Colour{33}}, {'y', Colour{65535}}};
 
 // Limits of 1000, 200 and 200 feet and 5000, 1600 and 800 metres, all switches on.
 SettingsRecord lettered() {
   SettingsRecord settings = SettingsRecord::standard(QStringLiteral("+9"));
   settings.set(key::表示文字の色, palette[0].colour);
-  settings.set(key::天気略語の色, 11);
-  settings.set(key::SPECIの色, 12);
-  settings.set(key::雲高1の色, 21);
-  settings.set(key::雲高2の色, 22);
-  settings.set(key::雲高3の色, 23);
-  settings.set(key::視程1の色, 31);
-  settings.set(key::視程2の色, 32);
-  settings.set(key::視程3の色, 33);
+  settings.set(key::天気略語の色, Colour{11});
+  settings.set(key::SPECIの色, Colour{12});
+  settings.set(key::雲高1の色, Colour{21});
+  settings.set(key::雲高2の色, Colour{22});
+  settings.set(key::雲高3の色, Colour{23});
+  settings.set(key::視程1の色, Colour{31});
+  settings.set(key::視程2の色, Colour{32});
+  settings.set(key::視程3の色, Colour{33});
   return settings;
 }
 
@@ -163,10 +164,11 @@ TEST(Colouring, SwitchesLimitsAndColoursThatAreOffOrMissing) {
 }
 
 TEST(Colouring, TheTextKeepsTheAttributesItWasWrittenWith) {
-  const std::vector<AttributeRun> before = {{1, 3, 7, true}, {4, 9, 8, true}, {90, 5, 9, false}};
-  const std::vector<AttributeRun> after = {
-      {0, 1, palette[0].colour, false}, {1, 3, 7, true}, {4, 2, 11, true}, {6, 1, 8, true},
-      {7, 3, palette[0].colour, false}, {10, 3, 8, true}};
+  const std::vector<AttributeRun> before = {
+      {1, 3, Colour{7}, true}, {4, 9, Colour{8}, true}, {90, 5, Colour{9}, false}};
+  const std::vector<AttributeRun> after = {{0, 1, palette[0].colour, false}, {1, 3, Colour{7}, true},
+                                           {4, 2, Colour{11}, true},         {6, 1, Colour{8}, true},
+                                           {7, 3, palette[0].colour, false}, {10, 3, Colour{8}, true}};
   EXPECT_EQ(colourRuns(u"XYZQRA OVC///", lettered(), u" ", {}, before), after);
 }
 
@@ -251,7 +253,7 @@ TEST(Colouring, AgreesWithTheReferenceOnGeneratedTexts) {
       codes += generate.name().remove(u' ') + u' ';
     std::vector<AttributeRun> before;
     if (round % 2 == 0)
-      before.push_back({generate.below(9), generate.below(40), -2, true});
+      before.push_back({generate.below(9), generate.below(40), Colour{-2}, true});
 
     ColouringReference reference(text, settings);
     reference.write(before);

@@ -44,10 +44,10 @@ TEST(Layout, TimeLabelFollowsTheStampAndTheZone) {
 }
 
 TEST(Layout, StampIsTrimmedOfBlanksOnly) {
-  EXPECT_EQ(stampOf(u"2026/11/24 05:00\nRJTT"), u"05:00");
-  EXPECT_EQ(stampOf(u"2026/11/24  5:0 \n"), u"5:0");
-  EXPECT_EQ(stampOf(u"2026/11/24 05"), u"05");
-  EXPECT_EQ(stampOf(u"short"), u"");
+  EXPECT_EQ(Stamp::of(u"2026/11/24 05:00\nRJTT").text(), u"05:00");
+  EXPECT_EQ(Stamp::of(u"2026/11/24  5:0 \n").text(), u"5:0");
+  EXPECT_EQ(Stamp::of(u"2026/11/24 05").text(), u"05");
+  EXPECT_EQ(Stamp::of(u"short").text(), u"");
 }
 
 TEST(Layout, BodyIsCutByPositionAndIndentedToSixBlanks) {
@@ -86,18 +86,18 @@ TEST(Layout, RunsOfBlanksComeOutAsOneIndent) {
 
 TEST(Layout, KindGoesByTheMinuteAlone) {
   for (const int minute : {0, 30, 50, 59})
-    EXPECT_TRUE(isRoutineMinute(minute)) << minute;
+    EXPECT_TRUE(MinuteOfHour{double(minute)}.isRoutine()) << minute;
   for (const int minute : {1, 15, 29, 31, 49})
-    EXPECT_FALSE(isRoutineMinute(minute)) << minute;
+    EXPECT_FALSE(MinuteOfHour{double(minute)}.isRoutine()) << minute;
 }
 
 TEST(Layout, HeadingOfASingleLine) {
-  const LineHeading heading = lineHeading(u"RJTT", u"RJTT 241512Z SPECI", zone(u"+9"_s));
+  const LineHeading heading = lineHeading(StationCode(u"RJTT"_s), u"RJTT 241512Z SPECI", zone(u"+9"_s));
   EXPECT_EQ(heading.text, u"\r\nRJTT  SPECI 0012I");
   EXPECT_EQ(heading.time, u"0012I");
-  EXPECT_EQ(lineHeading(u"RJTT", u"RJTT 240300Z", zone(u"-5"_s)).time, u"2200R");
-  EXPECT_EQ(lineHeading(u"RJTT", u"RJ", zone(u"+9"_s)).text, u"\r\nRJTT  METAR 09I");
-  EXPECT_EQ(lineHeading(u"RJTT", u"RJ", zone(u"+9"_s, false)).text, u"\r\nRJTT  METAR Z");
+  EXPECT_EQ(lineHeading(StationCode(u"RJTT"_s), u"RJTT 240300Z", zone(u"-5"_s)).time, u"2200R");
+  EXPECT_EQ(lineHeading(StationCode(u"RJTT"_s), u"RJ", zone(u"+9"_s)).text, u"\r\nRJTT  METAR 09I");
+  EXPECT_EQ(lineHeading(StationCode(u"RJTT"_s), u"RJ", zone(u"+9"_s, false)).text, u"\r\nRJTT  METAR Z");
 }
 
 TEST(GroupTitles, CompanyRouteIsNamedByTheLastLettersOfTwoStations) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/phrases.h"
 
-#include "base/zone_letter.h"
+#include "base/zone_offset.h"
 #include "printing.h"
 #include "reports/checked_text.h"
 
@@ -76,6 +76,6 @@ TEST(Phrases, PressureAndTenthsReadTheirFigures) {
 TEST(Phrases, ZoneLettersLeaveOutJ) {
   QString letters;
   for (int offset = -13; offset <= 13; ++offset)
-    letters += ZoneLetter(offset);
+    letters += ZoneLetter({offset});
   EXPECT_EQ(letters, u"YXWVUTSRQPONZABCDEFGHIKLM");
 }

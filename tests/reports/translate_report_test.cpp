@@ -19,7 +19,8 @@ struct Told {
 };
 
 QString translate(QStringView body, QStringView time = u"0630Z", QStringView code = u"RJTT") {
-  return TranslateReport(code, time, body, zoned(false, QStringLiteral("+9")), sampleTables());
+  return TranslateReport(StationCode(code.toString()), time, body, zoned(false, QStringLiteral("+9")),
+                         sampleTables());
 }
 
 /// The lines between the header and the last line end, with "|" for a line end and "_" for U+3000.
@@ -156,8 +157,9 @@ TEST(TranslateReport, HoursFollowTheZoneOfTheDisplay) {
       {QStringLiteral("±0"), u"06時30分(Z)以降、20時00分(Z)までに、"},
   };
   for (const auto& c : cases) {
-    const QString text = TranslateReport(u"RJTT", u"0630Z", u"CALM CAVOK 18/12 Q1013 BECMG FM0630 TL2000",
-                                         zoned(true, c.offset), sampleTables());
+    const QString text =
+        TranslateReport(StationCode(QStringLiteral("RJTT")), u"0630Z",
+                        u"CALM CAVOK 18/12 Q1013 BECMG FM0630 TL2000", zoned(true, c.offset), sampleTables());
     EXPECT_TRUE(text.contains(c.hours)) << text.toStdString();
   }
 }

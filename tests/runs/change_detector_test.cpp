@@ -101,10 +101,10 @@ TEST_F(ChangeDetectorTest, TellsWhichStationChangedAndHow) {
     EXPECT_EQ(run.logged(), c.log);
     EXPECT_EQ(run.asked(), (QStringList{u"M/RJTT"_s, u"T/RJTT"_s}));
     EXPECT_EQ(run.screen(), before);
-    EXPECT_EQ(station().metarStamp, c.sameStamps             ? u"05:00"_s
-                                    : c.metarStamp.isEmpty() ? QString::fromLatin1(page.mid(11, 5))
-                                                             : c.metarStamp);
-    EXPECT_EQ(station().tafStamp, c.tafStamp);
+    EXPECT_EQ(station().metarStamp.text(), c.sameStamps             ? u"05:00"_s
+                                           : c.metarStamp.isEmpty() ? QString::fromLatin1(page.mid(11, 5))
+                                                                    : c.metarStamp);
+    EXPECT_EQ(station().tafStamp.text(), c.tafStamp);
     // The same once more is no change.
     forget();
     checkForChanges(run.program);
@@ -138,16 +138,16 @@ TEST_F(ChangeDetectorTest, BearsATableThatIsRebuiltDuringItsWaits) {
   world.server.setDelivery(stationsPath + u"RJAA", {.delay = 30});
   checkForChanges(run.program);
   EXPECT_EQ(run.program.stationTable.stationCount(), 1);
-  EXPECT_EQ(station().metarStamp, u"05:30");
+  EXPECT_EQ(station().metarStamp.text(), u"05:30");
 }
 
 TEST_F(ChangeDetectorTest, StoresStampsAtAFullLoadOnly) {
-  EXPECT_EQ(station().metarStamp, u"05:00");
-  EXPECT_EQ(station().tafStamp, u"05:00");
+  EXPECT_EQ(station().metarStamp.text(), u"05:00");
+  EXPECT_EQ(station().tafStamp.text(), u"05:00");
   world.report(u"RJTT"_s, u"05:30"_s, u"240530Z"_s);
   run.type(u"RL"_s);
-  EXPECT_EQ(station().metarStamp, u"05:00");
+  EXPECT_EQ(station().metarStamp.text(), u"05:00");
   EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 1430I"));
   run.type(u"RJTT"_s);
-  EXPECT_EQ(station().metarStamp, u"05:30");
+  EXPECT_EQ(station().metarStamp.text(), u"05:30");
 }

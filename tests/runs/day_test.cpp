@@ -62,7 +62,7 @@ TEST(Day, AnnouncesEveryNewReportOnce) {
     QStringList changed;
     const std::vector<Station>& rows = run.program.stationTable.rows();
     for (size_t i = 0; i < rows.size(); ++i) {
-      const QString& code = rows[i].stationCode;
+      const QString& code = rows[i].stationCode.text();
       const bool metar = i >= before.size() || rows[i].metarStamp != before[i].metarStamp;
       const bool taf = i >= before.size() || rows[i].tafStamp != before[i].tafStamp;
       if (metar || taf)

@@ -57,10 +57,14 @@ TEST(Sequence, WindowWrapsAtMidnight) {
       {{0, 0}, zone(u"±0"_s, true, 0), 0, {0}},
       {{0, 0}, zone(u"±0"_s, true, -3), 0, {0}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(sequenceHours(c.now, c.settings, c.machine), c.hours) << c.now.toString().toStdString();
+  for (const auto& c : cases) {
+    std::vector<int> hours;
+    for (const UtcHour hour : sequenceHours(c.now, c.settings, {c.machine}))
+      hours.push_back(hour.value);
+    EXPECT_EQ(hours, c.hours) << c.now.toString().toStdString();
+  }
   for (const int span : {23, 24, 30000})
-    EXPECT_EQ(sequenceHours({12, 0}, zone(u"±0"_s, true, span), 0).size(), 24U);
+    EXPECT_EQ(sequenceHours({12, 0}, zone(u"±0"_s, true, span), {}).size(), 24U);
   const struct {
     int hour;
     SettingsRecord settings;
@@ -71,7 +75,7 @@ TEST(Sequence, WindowWrapsAtMidnight) {
                 {2, zone(u"-5"_s, true), u"0-300R"_s},
                 {15, zone(u"-5"_s, true), u"1000R"_s}};
   for (const auto& c : labels)
-    EXPECT_EQ(sequenceHourLabel(c.hour, c.settings), c.label);
+    EXPECT_EQ(sequenceHourLabel({c.hour}, c.settings), c.label);
 }
 
 TEST(Sequence, BuildsTheBlockOfAStation) {
@@ -133,14 +137,15 @@ TEST(Sequence, BuildsTheBlockOfAStation) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    std::map<int, CycleFile> files;
+    const StationCode station(u"RJTT"_s);
+    std::map<UtcHour, CycleFile> files;
     for (const auto& [hour, text] : c.files)
-      files.emplace(hour, CycleFile(text, {u"RJTT"_s}));
+      files.emplace(UtcHour{hour}, CycleFile(text, std::vector{station}));
     bool latestShown = c.tagged;
     const SequenceBlock block = sequenceBlock(
-        u"RJTT"_s, 0, c.latest, {4, 5},
-        [&files](int hour) { return files.contains(hour) ? &files.at(hour) : nullptr; }, zone(u"+9"_s, false),
-        latestShown);
+        station, 0, c.latest, {{4}, {5}},
+        [&files](UtcHour hour) { return files.contains(hour) ? &files.at(hour) : nullptr; },
+        zone(u"+9"_s, false), latestShown);
     EXPECT_EQ(block.text, c.block);
     EXPECT_EQ(block.missingFile, c.missing);
     EXPECT_EQ(latestShown, c.tagged || c.block.contains(u"(LATEST ISSUED)"_s));

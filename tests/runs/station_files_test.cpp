@@ -87,7 +87,8 @@ Seen see(int ahead, const Act& act, const Act& meanwhile) {
   seen.screen = run.screen();
   seen.logged = run.logged();
   for (const Station& station : run.program.stationTable.rows())
-    seen.stamps.append(station.stationCode + station.metarStamp + u' ' + station.tafStamp);
+    seen.stamps.append(station.stationCode.text() + station.metarStamp.text() + u' ' +
+                       station.tafStamp.text());
   seen.record = contents(world.path(u"data/sequence.dat"_s));
   seen.asked = run.asked();
   if (run.terminal.ended()) {
@@ -153,7 +154,7 @@ TEST(StationFiles, NothingIsAskedBehindAClose) {
 
 TEST(StationFiles, OverASlowLineTheNextRequestsAreAlreadyUnderWay) {
   World world;
-  std::vector<QString> codes;
+  QStringList codes;
   for (int i = 0; i < 12; ++i) {
     codes.push_back(u"RJ"_s + twoDigits(i));
     world.report(codes.back(), u"05:00"_s, u"240500Z"_s, u"240500Z"_s);
@@ -166,12 +167,12 @@ TEST(StationFiles, OverASlowLineTheNextRequestsAreAlreadyUnderWay) {
   const auto mostAhead = [&](int ahead) {
     run.program.services.endpoints.ahead = ahead;
     world.server.clearRequests();
-    StationFiles files(run.program.services, codes, true);
+    StationFiles files(run.program.services, codesOf(codes.join(u' ')), true);
     qsizetype taken = 0;
     qsizetype most = 0;
-    for (size_t i = 0; i < codes.size(); ++i) {
+    for (size_t i = 0; i < size_t(codes.size()); ++i) {
       for (const ReportKind kind : {ReportKind::Metar, ReportKind::Taf}) {
-        EXPECT_TRUE(files.take(i, kind)->contains(codes[i]));
+        EXPECT_TRUE(files.take(i, kind)->contains(codes[qsizetype(i)]));
         most = std::max(most, world.server.requests().size() - ++taken);
       }
     }

@@ -250,8 +250,12 @@ TEST_F(CommandsTest, LogKeepsItsThousandNewestRows) {
   const struct {
     QString message;
     Colour colour;
-  } colours[] = {{u"MANUAL DECODE"_s, grey}, {u"RJTT METAR RECEIVED"_s, black}, {u"METAR HOMEPAGE"_s, grey},
-                 {u"SPECI METAR"_s, 5},      {u"RJTT TAF(COR) RECEIVED"_s, 5},  {u"SPECI HOMEPAGE"_s, 5}};
+  } colours[] = {{u"MANUAL DECODE"_s, grey},
+                 {u"RJTT METAR RECEIVED"_s, black},
+                 {u"METAR HOMEPAGE"_s, grey},
+                 {u"SPECI METAR"_s, Colour{5}},
+                 {u"RJTT TAF(COR) RECEIVED"_s, Colour{5}},
+                 {u"SPECI HOMEPAGE"_s, Colour{5}}};
   for (const auto& c : colours)
-    EXPECT_EQ(RunningLog::colourOf({{}, {}, c.message}, 5), c.colour) << c.message.toStdString();
+    EXPECT_EQ(RunningLog::colourOf({{}, {}, c.message}, Colour{5}), c.colour) << c.message.toStdString();
 }
