@@ -127,6 +127,7 @@ TEST_F(RenewalTest, OnlyAnAddressIsTakenFromTheServer) {
       {"", own},
       {"<html>", own},
       {"  \n", own},
+      {"nonsense", own},
       {"http://a.example\nhttp://b.example", own},
       {"http://a.example\r\nX: y", own},
       {"ftp://soran.example", own},

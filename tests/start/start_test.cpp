@@ -24,29 +24,6 @@ class StartRun : public BareProgram {
 
 } // namespace
 
-TEST(Start, TakesAServerAddressOnlyWhereItIsOne) {
-  const struct {
-    QByteArray answer;
-    bool taken;
-  } cases[] = {{"<html>", false},
-               {"", false},
-               {"\n", false},
-               {"nonsense", false},
-               {"ftp://x.example", false},
-               {"http://x.example/soran", true},
-               {"https://x.example\n", true}};
-  for (const auto& c : cases) {
-    World world;
-    world.prepare();
-    world.server.setFile(u"/data/server.dat"_s, c.answer);
-    StartRun run(world);
-    run.opening.start();
-    const QString wanted = c.taken ? QString::fromUtf8(c.answer).trimmed() : world.server.baseAddress();
-    EXPECT_EQ(run.program.baseUrl, wanted);
-    EXPECT_EQ(run.program.settings()[key::BASEurl], wanted);
-  }
-}
-
 TEST(Start, EndsWithoutTheUpdateEndpoint) {
   for (const Answer& answer : {Answer{}, Answer{.body = "<html>"}, Answer{.body = "gone", .status = 500}}) {
     World world;
