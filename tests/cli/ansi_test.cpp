@@ -4,7 +4,7 @@
 
 #include "cli/screen_printer.h"
 #include "cli/terminal_desk.h"
-#include "printing.h"
+#include "support/printing.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>

@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "harness.h"
+#include "base/text.h"
+#include "fakes/world.h"
+#include "support/printing.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -12,6 +16,14 @@
 namespace soran {
 
 using namespace Qt::StringLiterals;
+
+/// The texts of the dialogues that a session tells, and the names of forms, sounds and requests.
+inline QStringList textsOf(const QJsonArray& seen) {
+  QStringList texts;
+  for (const QJsonValue& value : seen)
+    texts.append(value.isObject() ? value.toObject().value(u"text").toString() : value.toString());
+  return texts;
+}
 
 inline const QString commandLine = QString::fromUtf16(SORAN_CLI);
 
@@ -50,9 +62,7 @@ class Cli : public QProcess {
 class CliTest : public ::testing::Test {
  protected:
   CliTest() {
-    world.prepare([](Tables& tables) {
-      storeAutoList(tables, {{u"RJTT"_s, u"羽田"_s}, {u"RJAA"_s, u"成田"_s}});
-    });
+    world.prepare([](Tables& tables) { setAutoList(tables, u"RJTT RJAA"_s); });
     world.report(u"RJTT"_s, u"05:00"_s, u"240500Z 33010KT"_s, u"240500Z 2406/2512 33010KT"_s);
     const Endpoints& e = world.endpoints;
     const QString ini = u"[endpoints]\nupdate="_s + e.update + u"\nhome=" + e.home + u"\nmetar=" + e.metar +

@@ -3,6 +3,7 @@
 // soran-cli as a process.
 
 #include "cli/cli_fixture.h"
+#include "forms/list_rules.h"
 
 #include <QJsonArray>
 

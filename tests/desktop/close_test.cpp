@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/window_fixture.h"
 
-#include "turns.h"
+#include "support/turns.h"
 
 #include <QElapsedTimer>
 

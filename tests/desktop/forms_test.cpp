@@ -5,7 +5,7 @@
 #include "desktop/services/printer_service.h"
 #include "desktop/services/sound_service.h"
 #include "desktop/web/web_page.h"
-#include "printing.h"
+#include "support/printing.h"
 #include "window_fixture.h"
 
 #include <QTableView>

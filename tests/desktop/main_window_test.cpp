@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/look.h"
 #include "desktop/widgets/toolbar_frame.h"
-#include "printing.h"
 #include "runs/change_detector.h"
+#include "support/printing.h"
 #include "window_fixture.h"
 
 #include <QLineEdit>

@@ -4,7 +4,7 @@
 #include "desktop/forms/chart_form.h"
 #include "desktop/forms/suntime_form.h"
 #include "desktop/widgets/sun_graph_view.h"
-#include "printing.h"
+#include "support/printing.h"
 #include "terminal/actions.h"
 #include "window_fixture.h"
 

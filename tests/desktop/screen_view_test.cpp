@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/screen_view.h"
 
-#include "printing.h"
+#include "support/printing.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

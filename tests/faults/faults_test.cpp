@@ -3,13 +3,16 @@
 // The programs are killed, or get errors, at one call on a file after the other: whatever the moment, a plain
 // start then finds a whole database with the user's rows and a whole program.
 
+#include "fakes/release.h"
+#include "fakes/updating.h"
 #include "faults/faulty_run.h"
-#include "printing.h"
 #include "start/opening.h"
 #include "support/own_folder.h"
-#include "update/release.h"
-#include "updating.h"
+#include "support/printing.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <gmock/gmock.h>
 
 using namespace soran;
@@ -94,8 +97,8 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
                "[endpoints]\nupdate=" + desk.endpoints.update.toUtf8() + "\nprobe=\n");
     if (deed.isFirst)
       return;
-    for (const auto& [name, bytes] : {std::pair{u"soran.mdb"_s, Updating::delivered()},
-                                      {u"soran.mdb.bak"_s, Updating::delivered()},
+    for (const auto& [name, bytes] : {std::pair{u"soran.mdb"_s, Updating::deliveredDatabase()},
+                                      {u"soran.mdb.bak"_s, Updating::deliveredDatabase()},
                                       {u"sound/error.wav"_s, "sound"},
                                       {u"sound/ring.wav"_s, "sound"},
                                       {u"update.exe"_s, "former module"},

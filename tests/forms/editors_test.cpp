@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "fakes/bare_program.h"
 #include "forms/airport_editor.h"
 #include "forms/decode_list_editor.h"
 #include "forms/dictionary_editor.h"
 #include "forms/group_editor.h"
 #include "forms/picture_file.h"
 #include "forms/printer_selection.h"
-#include "harness.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -32,13 +32,13 @@ class EditorsTest : public ::testing::Test {
   /// The texts of the dialogues since the last call, titles checked.
   QString said() {
     QStringList texts;
-    for (const QJsonValue& value : run.desk.takeSeen().dialogs) {
-      EXPECT_EQ(value.toObject().value(u"title").toString(), u" 確認"_s);
-      texts.append(value.toObject().value(u"text").toString());
+    for (const auto& dialog : run.desk.takeSeen().dialogs) {
+      EXPECT_EQ(dialog.title, u" 確認"_s);
+      texts.append(dialog.text);
     }
     return texts.join(u'|');
   }
-  void answer(bool yes) { run.desk.answers = {yes}; }
+  void answer(bool yes) { run.desk.dialogs.answers = {yes}; }
   QString stored(QStringView name) {
     const RowSet& rows = *program.tables.byName(name);
     QStringList lines;
@@ -52,7 +52,7 @@ class EditorsTest : public ::testing::Test {
   }
 
   World world;
-  ProgramRun run{world};
+  BareProgram run{world};
   Program& program = run.program;
 };
 
@@ -97,7 +97,7 @@ TEST_F(EditorsTest, AirportsAreDeletedBehindAYes) {
   editor.remove();
   EXPECT_EQ(said(), u"RJAA 成田 を削除しますか？　　"_s);
   EXPECT_EQ(editor.list().count(), 3);
-  run.desk.answers = {true, true, true};
+  run.desk.dialogs.answers = {true, true, true};
   editor.remove();
   EXPECT_FALSE(editor.list().canMoveUp() || editor.list().canMoveDown());
   EXPECT_EQ(rowsOf(editor.list()), u"RJTT=東京|RJBB=関西"_s);
@@ -362,7 +362,7 @@ TEST_F(EditorsTest, PicturesAreRegisteredBehindAYes) {
     SCOPED_TRACE(c.what);
     answer(true);
     editor.registerPicture(c.bytes);
-    run.desk.answers.clear();
+    run.desk.dialogs.answers.clear();
     EXPECT_EQ(said(), c.accepted ? question : refusal);
     if (c.accepted)
       stored = c.bytes;

@@ -4,9 +4,9 @@
 
 #include "base/files.h"
 #include "delivered.h"
-#include "printing.h"
 #include "store/json_fields.h"
 #include "support/own_folder.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 
 #include "base/files.h"
 #include "delivered.h"
-#include "printing.h"
 #include "support/own_folder.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

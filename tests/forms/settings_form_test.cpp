@@ -3,8 +3,7 @@
 #include "forms/settings_form.h"
 
 #include "base/text.h"
-#include "harness.h"
-#include "terminal/settings_hooks.h"
+#include "fakes/bare_program.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -16,7 +15,7 @@ class SettingsFormTest : public ::testing::Test {
   SettingsFormTest() {
     world.prepare();
     program.tables.openAllTables(world.path(u"soran.mdb"_s));
-    run.desk.printers = {u"OFFICE"_s, u"TOWER"_s};
+    run.desk.printers.names = {u"OFFICE"_s, u"TOWER"_s};
     settings.store(key::プリンター, u"OFFICE"_s);
     settings.store(key::印刷更新時印刷, true);
     settings.store(key::印刷時刻指定, true);
@@ -38,7 +37,7 @@ class SettingsFormTest : public ::testing::Test {
   QVariant value(SettingIndex key) { return settings.record().value(key); }
 
   World world;
-  ProgramRun run{world};
+  BareProgram run{world};
   Program& program = run.program;
   Settings& settings = program.settings();
   std::optional<QString> choice;
@@ -163,7 +162,7 @@ TEST_F(SettingsFormTest, LoadingStrikesAPrinterThatIsGone) {
       {{}, u"OFFICE"_s, u"利用可能なプリンターがありません"_s, false, false},
   };
   for (const Case& c : cases) {
-    run.desk.printers = c.installed;
+    run.desk.printers.names = c.installed;
     settings.store(key::プリンター, c.stored);
     const auto keys = {key::印刷文字のボールド, key::印刷更新時印刷, key::印刷時ダイアログ};
     for (const auto& each : keys)
@@ -198,9 +197,9 @@ TEST_F(SettingsFormTest, ChoosingAPrinterAllowsPrinting) {
   logged();
   opton.testPrint();
   EXPECT_EQ(logged(), u"PRINT  TEST  COMMAND|use TOWER"_s);
-  const QJsonObject job = run.desk.takeSeen().prints.first().toObject();
-  EXPECT_EQ(job.value(u"printer").toString(), u"TOWER"_s);
-  EXPECT_EQ(job.value(u"text").toString(),
+  const PrintJob job = run.desk.takeSeen().prints.first();
+  EXPECT_EQ(job.printer, u"TOWER"_s);
+  EXPECT_EQ(job.text,
             u"*** SORAN PRINT TEST ***   Version 4.31   2026/11/24   14:20:00" + crlf + opton.print().text);
 }
 
@@ -269,7 +268,7 @@ TEST_F(SettingsFormTest, StandardSettingsComeBehindAYes) {
   settings.store(key::雲高1, 5);
   opton.restoreStandard();
   EXPECT_EQ(settings[key::雲高1], 5);
-  run.desk.answers = {true};
+  run.desk.dialogs.answers = {true};
   opton.restoreStandard();
   EXPECT_EQ(said(), u"標準設定に変更しますか？　　|標準設定に変更しますか？　　"_s);
   EXPECT_EQ(opton.text(0), u"1000"_s);
@@ -327,26 +326,9 @@ TEST_F(SettingsFormTest, SoundsAreTestedWhereTheyAre) {
   logged();
   opton.testError();
   opton.testRing();
-  EXPECT_EQ(textsOf(run.desk.takeSeen().sounds).join(u'|'), u"error.wav|ring.wav"_s);
+  EXPECT_EQ(run.desk.takeSeen().sounds.join(u'|'), u"error.wav|ring.wav"_s);
   EXPECT_EQ(logged(), u"ALARM  TEST  COMMAND|ALARM  TEST  COMMAND"_s);
   QFile::remove(world.path(u"sound/ring.wav"_s));
   opton.testRing();
   EXPECT_EQ(logged(), QString());
-}
-
-TEST_F(SettingsFormTest, TheTerminalFollowsTheClosedForm) {
-  ASSERT_TRUE(run.begin());
-  run.desk.onModal = [this](const ModalForm& shown) {
-    EXPECT_EQ(nameOf(shown), u"opton"_s);
-    SettingsForm opton(settings, program.services, settingsHooks(run.terminal));
-    opton.setBuffer(4);
-    opton.choose(9, u"1"_s);
-    opton.pick(1, Colour{77});
-    EXPECT_TRUE(opton.close());
-    return ModalOutcome(opton.outcome().value());
-  };
-  run.terminal.menus().button(9);
-  EXPECT_EQ(program.bufferLevel, 7);
-  EXPECT_EQ(program.console.screen().baseColour(), Colour{77});
-  EXPECT_TRUE(run.asked().contains(u"C/04"_s)); // the cycle files of the new window
 }

@@ -3,7 +3,7 @@
 #include "imagery/cameras.h"
 #include "imagery/chart_model.h"
 #include "imagery/sources.h"
-#include "printing.h"
+#include "support/printing.h"
 
 #include <QSet>
 #include <gtest/gtest.h>

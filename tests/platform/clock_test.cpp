@@ -3,7 +3,7 @@
 #include "platform/clock.h"
 
 #include "platform/timers.h"
-#include "printing.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "platform/net_inet.h"
 #include "platform/redating.h"
-#include "printing.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

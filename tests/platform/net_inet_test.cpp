@@ -3,8 +3,8 @@
 #include "platform/net_inet.h"
 
 #include "platform/endpoint_server.h"
-#include "printing.h"
 #include "support/own_folder.h"
+#include "support/printing.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "reports/colouring.h"
 
 #include "colouring_reference.h"
-#include "printing.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/explain_selection.h"
 
-#include "printing.h"
 #include "reports/sample_tables.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

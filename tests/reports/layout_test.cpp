@@ -3,8 +3,8 @@
 #include "reports/layout.h"
 
 #include "base/report_rules.h"
-#include "printing.h"
 #include "reports/group_titles.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include "reports/phrases.h"
 
 #include "base/zone_offset.h"
-#include "printing.h"
 #include "reports/checked_text.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

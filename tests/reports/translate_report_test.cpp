@@ -3,8 +3,8 @@
 #include "reports/translate_report.h"
 
 #include "base/text.h"
-#include "printing.h"
 #include "reports/sample_tables.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 #include <span>

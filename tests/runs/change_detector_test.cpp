@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runs/change_detector.h"
 
-#include "harness.h"
+#include "runs/run_bench.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -15,7 +15,7 @@ class ChangeDetectorTest : public ::testing::Test {
     world.prepare();
     world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s, u"240500Z FINE"_s);
     EXPECT_TRUE(run.begin());
-    run.type(u"RJTT"_s);
+    run.list(u"RJTT"_s);
     forget();
   }
   void forget() {
@@ -27,7 +27,7 @@ class ChangeDetectorTest : public ::testing::Test {
   const Station& station() { return run.program.stationTable.rows().front(); }
 
   World world;
-  ProgramRun run{world};
+  RunBench run{world};
 };
 
 } // namespace
@@ -127,12 +127,12 @@ TEST_F(ChangeDetectorTest, LooksAtNothingWhereItIsSwitchedOff) {
 
 TEST_F(ChangeDetectorTest, BearsATableThatIsRebuiltDuringItsWaits) {
   world.report(u"RJTT"_s, u"05:30"_s, u"240530Z"_s);
-  run.type(u"RJTT RJAA RJBB"_s);
+  run.list(u"RJTT RJAA RJBB"_s);
   forget();
   run.onRequest = [&](const QString& name) {
     if (name == u"M/RJAA") {
       run.onRequest = [](const QString&) {};
-      QTimer::singleShot(0, &run.program.console, [&] { run.type(u"RJTT"_s); });
+      QTimer::singleShot(0, &run.program.console, [&] { run.list(u"RJTT"_s); });
     }
   };
   world.server.setDelivery(stationsPath + u"RJAA", {.delay = 30});
@@ -145,9 +145,9 @@ TEST_F(ChangeDetectorTest, StoresStampsAtAFullLoadOnly) {
   EXPECT_EQ(station().metarStamp.text(), u"05:00");
   EXPECT_EQ(station().tafStamp.text(), u"05:00");
   world.report(u"RJTT"_s, u"05:30"_s, u"240530Z"_s);
-  run.type(u"RL"_s);
+  run.again();
   EXPECT_EQ(station().metarStamp.text(), u"05:00");
   EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 1430I"));
-  run.type(u"RJTT"_s);
+  run.list(u"RJTT"_s);
   EXPECT_EQ(station().metarStamp.text(), u"05:30");
 }

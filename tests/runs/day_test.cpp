@@ -3,9 +3,9 @@
 // A day on a dispatcher's desk: the reports of twenty stations, two losses of the network and a restart of
 // the endpoint.
 
-#include "harness.h"
 #include "platform/demo_data.h"
 #include "reports/layout.h"
+#include "runs/run_bench.h"
 
 #include <QMap>
 #include <QSet>
@@ -33,14 +33,11 @@ TEST(Day, AnnouncesEveryNewReportOnce) {
   const DemoData day(delivered::file(u"demo/day.tsv"_s), world.clock);
   day.serveOn(world.server);
   world.prepare([](Tables& tables) {
-    std::vector<EditedRow> rows;
-    for (const QString& code : stations)
-      rows.emplace_back(code, code);
-    storeAutoList(tables, rows);
+    setAutoList(tables, stations.join(u' '));
     tables.settings().store(key::シーケンス表示, false);
     tables.settings().store(key::バッファ, 6); // a pass a minute, a comparison in five
   });
-  ProgramRun run(world);
+  RunBench run(world);
   ASSERT_TRUE(run.begin());
 
   QSet<QString> announced;    // every report that was, by its identity
@@ -94,7 +91,7 @@ TEST(Day, AnnouncesEveryNewReportOnce) {
       }
     }
     // An outage that begins sounds its own alarm.
-    const QVariantList heard = run.desk.takeSeen().sounds.toVariantList();
+    const QStringList heard = run.desk.takeSeen().sounds;
     EXPECT_EQ(heard.count(u"ring.wav"_s), !first && !changed.isEmpty() ? 1 : 0);
     alarms += heard.count(u"error.wav"_s);
   };

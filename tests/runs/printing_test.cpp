@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runs/printing.h"
 
-#include "harness.h"
-
-#include <QFile>
+#include "runs/run_bench.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -20,17 +18,13 @@ class PrintingTest : public ::testing::Test {
     world.prepare();
     EXPECT_TRUE(run.begin());
     run.program.console.setPanel(2, u"元"_s);
-    run.desk.printers = {u"TOWER"_s, u"OFFICE"_s};
+    run.desk.printers.names = {u"TOWER"_s, u"OFFICE"_s};
   }
   Settings& settings() { return run.program.settings(); }
-  QJsonArray prints() { return run.desk.takeSeen().prints; }
-  QByteArray saved(const QString& name) {
-    QFile file(world.path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
+  QByteArray saved(const QString& name) const { return contents(world.path(name)); }
 
   World world;
-  ProgramRun run{world};
+  RunBench run{world};
 };
 
 } // namespace
@@ -40,14 +34,12 @@ TEST_F(PrintingTest, PrintsByTheUser) {
   settings().store(key::印刷文字のボールド, true);
   settings().store(key::印刷時刻指定, true); // never looked at here
   settings().store(key::印刷終了時, u"00"_s);
-  const QStringList cancelled = {u"PRINT COMMAND"_s, u"CANCEL PRINT COMMAND"_s, u"PRINT COMMAND"_s};
-  const QStringList printed = {u"PRINT COMMAND"_s, u"AUTO PRINT DATA SPOOL INTO *"_s, u"PRINT COMPLETED"_s,
-                               u"PRINT COMMAND"_s};
+  const QStringList cancelled = {u"PRINT COMMAND"_s, u"CANCEL PRINT COMMAND"_s};
+  const QStringList printed = {u"PRINT COMMAND"_s, u"AUTO PRINT DATA SPOOL INTO *"_s, u"PRINT COMPLETED"_s};
   const QStringList failed = {u"PRINT COMMAND"_s, u"AUTO PRINT DATA SPOOL INTO *"_s,
-                              u"CANCEL PRINT COMMAND"_s, u"PRINT COMMAND"_s};
+                              u"CANCEL PRINT COMMAND"_s};
   const struct {
     const char* name;
-    QString line;
     bool dialog;
     QStringList printers;
     std::optional<QString> choice;
@@ -55,54 +47,45 @@ TEST_F(PrintingTest, PrintsByTheUser) {
     QString shown;
     QStringList log;
   } cases[] = {
-      {"cancelled", u"PRINT"_s, true, {u"TOWER"_s}, {}, {}, u"\r\n\r\nCANCEL PRINT"_s, cancelled},
-      {"no printer", u"PRINT"_s, true, {}, {}, {}, u"\r\n\r\nCANCEL PRINT"_s, cancelled},
-      {"no printer, no dialogue", u"/P"_s, false, {}, {}, {}, crlf.toString(), failed},
+      {"cancelled", true, {u"TOWER"_s}, {}, {}, u"\r\nCANCEL PRINT"_s, cancelled},
+      {"no printer", true, {}, {}, {}, u"\r\nCANCEL PRINT"_s, cancelled},
+      {"no printer, no dialogue", false, {}, {}, {}, {}, failed},
       {"first installed",
-       u"/p"_s,
        false,
        {u"TOWER"_s, u"OFFICE"_s},
        {},
        u"TOWER"_s,
-       u"\r\n\r\nPRINT COMPLETED"_s,
+       u"\r\nPRINT COMPLETED"_s,
        printed},
       {"chosen",
-       u"PRINT"_s,
        true,
        {u"TOWER"_s, u"OFFICE"_s},
        u"OFFICE"_s,
        u"OFFICE"_s,
-       u"\r\n\r\nPRINT COMPLETED"_s,
+       u"\r\nPRINT COMPLETED"_s,
        printed},
-      {"chosen before",
-       u"PRINT"_s,
-       false,
-       {u"TOWER"_s, u"OFFICE"_s},
-       {},
-       u"OFFICE"_s,
-       u"\r\n\r\nPRINT COMPLETED"_s,
-       printed},
+      {"chosen before", false, {u"TOWER"_s, u"OFFICE"_s}, {}, u"OFFICE"_s, u"\r\nPRINT COMPLETED"_s, printed},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     settings().store(key::印刷時ダイアログ, c.dialog);
-    run.desk.printers = c.printers;
-    run.desk.choices.clear();
+    run.desk.printers.names = c.printers;
+    run.desk.dialogs.choices.clear();
     if (c.choice)
-      run.desk.choices.push_back(c.choice);
+      run.desk.dialogs.choices.push_back(c.choice);
     const QString before = run.screen();
-    run.type(c.line);
-    EXPECT_EQ(run.shown(), c.shown + ready);
+    run.printing.printScreen();
+    EXPECT_EQ(run.shown(), c.shown);
     EXPECT_EQ(run.logged(), c.log);
     EXPECT_EQ(run.panel2(), u"元");
-    const QJsonArray jobs = prints();
+    const QList<PrintJob> jobs = run.desk.takeSeen().prints;
     ASSERT_EQ(jobs.size(), c.printer.isEmpty() ? 0 : 1);
     if (!c.printer.isEmpty()) {
-      EXPECT_EQ(jobs[0].toObject(), (QJsonObject{{u"printer"_s, c.printer},
-                                                 {u"text"_s, QString(header + before + crlf)},
-                                                 {u"font"_s, u"ＭＳ ゴシック"_s},
-                                                 {u"size"_s, 9},
-                                                 {u"bold"_s, true}}));
+      EXPECT_EQ(jobs[0].printer, c.printer);
+      EXPECT_EQ(jobs[0].text, header + before);
+      EXPECT_EQ(jobs[0].font, u"ＭＳ ゴシック");
+      EXPECT_EQ(jobs[0].size, 9);
+      EXPECT_TRUE(jobs[0].bold);
     }
   }
 }
@@ -138,20 +121,20 @@ TEST_F(PrintingTest, PrintsAutomaticallyWithinItsWindow) {
     settings().store(key::印刷終了時, c.to.left(2));
     settings().store(key::印刷終了分, c.to.mid(2));
     settings().store(key::プリンター, c.printer);
-    const QString behind = run.terminal.printing().printScreen(Printing::Cause::Cycle);
+    const QString behind = run.printing.printScreen(Printing::Cause::Cycle);
     const bool refused = !c.refusal.isEmpty();
     EXPECT_EQ(behind, crlf + (refused ? c.refusal : u"AUTO PRINT COMPLETED"_s) + u' ' + c.now + crlf);
     EXPECT_EQ(run.logged(),
               (QStringList{u"PRINT COMMAND"_s, refused ? c.refusal : u"AUTO PRINT COMPLETED TO OFFICE"_s}));
     EXPECT_EQ(run.shown(), QString());
     EXPECT_EQ(run.panel2(), u"元");
-    const Headless::Seen seen = run.desk.takeSeen();
+    const Desk::Seen seen = run.desk.takeSeen();
     EXPECT_EQ(seen.prints.size(), refused ? 0 : 1);
-    EXPECT_TRUE(seen.forms.isEmpty());
+    EXPECT_TRUE(seen.dialogs.isEmpty());
   }
   // The next print is the user's again, with its dialogue.
-  run.terminal.printing().printScreen();
-  EXPECT_EQ(textsOf(run.desk.takeSeen().forms), QStringList{u"printerselect"_s});
+  run.printing.printScreen();
+  EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs), QStringList{u"printerselect"_s});
 }
 
 TEST_F(PrintingTest, SavesTheScreenAsText) {
@@ -160,11 +143,11 @@ TEST_F(PrintingTest, SavesTheScreenAsText) {
   const QString completed = u"\r\nFILE SAVE COMPLETED"_s + ready + crlf;
   const QString cancelled = u"\r\nCANCEL FILE SAVE"_s + ready + crlf;
   const auto save = [&](const std::optional<QString>& choice, std::deque<bool> answers = {}) {
-    run.desk.choices = {choice};
-    run.desk.answers = std::move(answers);
+    run.desk.dialogs.choices = {choice};
+    run.desk.dialogs.answers = std::move(answers);
     run.shown();
     run.logged();
-    run.terminal.printing().saveScreen();
+    run.printing.saveScreen();
   };
   save(std::nullopt);
   EXPECT_EQ(run.shown(), cancelled);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runs/station_files.h"
 
-#include "harness.h"
+#include "runs/run_bench.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -38,13 +38,10 @@ struct Seen {
   QStringList served; ///< sorted
 };
 
-using Act = std::function<void(ProgramRun&)>;
+using Act = std::function<void(RunBench&)>;
 
-Act type(const QString& line) {
-  return [line](ProgramRun& run) {
-    run.program.console.setInput({});
-    run.type(line);
-  };
+Act list(const QString& codes) {
+  return [codes](RunBench& run) { run.list(codes); };
 }
 
 void letPass(int milliseconds) {
@@ -57,14 +54,8 @@ void letPass(int milliseconds) {
 Seen see(int ahead, const Act& act, const Act& meanwhile) {
   World world;
   world.endpoints.ahead = ahead;
-  world.prepare([](Tables& tables) {
-    storeGroups(tables, {{u"ALL"_s, stations}});
-    std::vector<EditedRow> rows;
-    for (const QString& code : stations.split(u' '))
-      rows.emplace_back(code, code);
-    storeAutoList(tables, rows);
-  });
-  ProgramRun run(world);
+  world.prepare([](Tables& tables) { setAutoList(tables, stations); });
+  RunBench run(world);
   EXPECT_TRUE(run.begin());
   serve(world, meanwhile ? 1500 : 60);
   world.server.clearRequests();
@@ -91,7 +82,7 @@ Seen see(int ahead, const Act& act, const Act& meanwhile) {
                        station.tafStamp.text());
   seen.record = contents(world.path(u"data/sequence.dat"_s));
   seen.asked = run.asked();
-  if (run.terminal.ended()) {
+  if (run.shutdown.requested()) {
     letPass(1600);
     EXPECT_EQ(run.asked(), QStringList());
   }
@@ -114,15 +105,15 @@ TEST(StationFiles, ARunIsSeenAsOneThatAsksOneByOne) {
     Act meanwhile = {};
     int forecasts = 9; ///< asked for: one for each METAR that is there
   } cases[] = {
-      {"list", type(stations)},
-      {"group", type(u"ALL"_s)},
-      {"automatic", [](ProgramRun& run) { run.tick(); }},
-      {"Japanese", type(u"JP "_s + stations), {}, 0},
-      {"sequence", type(u"SQ "_s + stations), {}, 0},
-      {"reload", [](ProgramRun& run) { run.type(u"RJTT"_s), run.type(u"RL"_s); }, {}, 2},
-      {"one is cancelled", type(stations), [](ProgramRun& run) { run.inet.cancel(); }, 8},
-      {"another run inside", type(stations), type(u"RJAA RJGG ZZZZ"_s), 11},
-      {"no server", [&](ProgramRun& run) { run.world.server.stop(), run.type(stations); }, {}, 0},
+      {"list", list(stations)},
+      {"group", [](RunBench& run) { run.group(u"ALL"_s, stations); }},
+      {"automatic", [](RunBench& run) { run.tick(); }},
+      {"Japanese", [](RunBench& run) { run.japanese(stations); }, {}, 0},
+      {"sequence", [](RunBench& run) { run.sequence(stations); }, {}, 0},
+      {"reload", [](RunBench& run) { run.list(u"RJTT"_s), run.again(); }, {}, 2},
+      {"one is cancelled", list(stations), [](RunBench& run) { run.inet.cancel(); }, 8},
+      {"another run inside", list(stations), list(u"RJAA RJGG ZZZZ"_s), 11},
+      {"no server", [&](RunBench& run) { run.world.server.stop(), run.list(stations); }, {}, 0},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -145,7 +136,7 @@ TEST(StationFiles, ARunIsSeenAsOneThatAsksOneByOne) {
 TEST(StationFiles, NothingIsAskedBehindAClose) {
   for (const int ahead : {0, 1, 3, 8}) {
     SCOPED_TRACE(ahead);
-    const Seen seen = see(ahead, type(stations), [](ProgramRun& run) { run.keys(u"\x1B"_s); });
+    const Seen seen = see(ahead, list(stations), [](RunBench& run) { run.close(); });
     EXPECT_EQ(seen.steps.size(), waitsAt + 1);
     EXPECT_LE(seen.asked.filter(u"M/"_s).size(), waitsAt + 1 + ahead);
     EXPECT_LE(seen.served.size(), seen.asked.size());
@@ -161,7 +152,7 @@ TEST(StationFiles, OverASlowLineTheNextRequestsAreAlreadyUnderWay) {
   }
   world.server.setDelivery(u"/"_s, {.delay = 25});
   world.prepare();
-  ProgramRun run(world);
+  RunBench run(world);
   ASSERT_TRUE(run.begin());
   // The most requests that the server had had before their files were asked for.
   const auto mostAhead = [&](int ahead) {

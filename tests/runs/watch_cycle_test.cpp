@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "harness.h"
+#include "runs/run_bench.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -14,7 +14,7 @@ class WatchCycleTest : public ::testing::Test {
  protected:
   explicit WatchCycleTest(int buffer = 10) {
     world.prepare([buffer](Tables& tables) {
-      storeAutoList(tables, {{u"RJTT"_s, u"羽田"_s}, {u"RJAA"_s, u"成田"_s}});
+      setAutoList(tables, u"RJTT RJAA"_s);
       tables.settings().store(key::シーケンス表示, false);
       tables.settings().store(key::バッファ, buffer);
     });
@@ -23,10 +23,10 @@ class WatchCycleTest : public ::testing::Test {
   }
   void network(bool up) { world.server.setDelivery(u"/"_s, up ? Delivery{} : Delivery{.cutAt = 0}); }
   bool connected() const { return run.program.networkAvailable; }
-  QStringList takenForms() { return textsOf(run.desk.takeSeen().forms); }
+  QStringList takenForms() { return run.desk.takeSeen().forms; }
 
   World world;
-  ProgramRun run{world};
+  RunBench run{world};
 };
 
 class SlowWatchCycleTest : public WatchCycleTest {
@@ -44,9 +44,8 @@ TEST_F(WatchCycleTest, FirstTickRunsTheAutomaticDecode) {
       loading = run.screen();
   };
   run.tick();
-  EXPECT_EQ(loading,
-            u"SYSTEM INITIALIZED\r\nDATABASE CONNECTION COMPLETED\r\n\r\nAUTO DECODE SEQUENCE START\r\n"
-            "LOADING RJTT RJAA");
+  EXPECT_EQ(loading, u"BEGUN\r\n\r\nAUTO DECODE SEQUENCE START\r\n"
+                     "LOADING RJTT RJAA");
   EXPECT_TRUE(
       run.screen().startsWith(u"*** AUTO DECODE - WEATHER OBSERVATION AND FORECASTS ***\r\n\r\nRJTT  METAR"));
   EXPECT_TRUE(run.screen().endsWith(ready + crlf));
@@ -58,8 +57,8 @@ TEST_F(WatchCycleTest, FirstTickRunsTheAutomaticDecode) {
   EXPECT_EQ(run.program.lastCycleTime, u"14:20");
   EXPECT_EQ(run.program.console.status().panel1(), u"ネットワーク接続確立");
   EXPECT_FALSE(run.program.console.overlay());
-  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
-  EXPECT_FALSE(run.terminal.cycle().overlayTimerEnabled());
+  EXPECT_TRUE(run.cycle.watchEnabled());
+  EXPECT_FALSE(run.cycle.overlayTimerEnabled());
 }
 
 TEST_F(WatchCycleTest, PassesEveryTwentySecondsAndComparesEveryMinute) {
@@ -77,7 +76,7 @@ TEST_F(WatchCycleTest, PassesEveryTwentySecondsAndComparesEveryMinute) {
   // A key that is pressed again and again holds the pass off.
   for (int i = 0; i < 10; ++i) {
     run.tick(19);
-    run.keys(u"x"_s);
+    run.act();
   }
   EXPECT_TRUE(run.asked().isEmpty());
 }
@@ -109,15 +108,15 @@ TEST_F(WatchCycleTest, FallsDueByTheClockAlone) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.now);
-    ProgramRun fresh(world);
+    RunBench fresh(world);
     ASSERT_TRUE(fresh.begin());
     fresh.program.lastCycleTime = c.last;
     world.clock =
         SetClock(QDateTime::fromString(u"2026-11-24T%1+09:00"_s.arg(QLatin1String(c.now)), Qt::ISODate));
     fresh.tick();
     EXPECT_EQ(fresh.asked().contains(u"M/RJTT"), c.due);
-    EXPECT_TRUE(fresh.terminal.cycle().watchEnabled());
-    fresh.terminal.close();
+    EXPECT_TRUE(fresh.cycle.watchEnabled());
+    fresh.close();
   }
 }
 
@@ -138,7 +137,7 @@ TEST_F(WatchCycleTest, AnnouncesAChangeBySoundToastAndPaper) {
   run.asked();
 
   world.report(u"RJAA"_s, u"05:15"_s, u"240515Z NEW"_s);
-  run.desk.printers = {u"OFFICE"_s};
+  run.desk.printers.names = {u"OFFICE"_s};
   run.program.settings().store(key::プリンター, u"OFFICE"_s);
   run.tick(60);
   EXPECT_EQ(run.asked(), (QStringList{probe, probe, probe, u"M/RJTT"_s, u"T/RJTT"_s, u"M/RJAA"_s, u"T/RJAA"_s,
@@ -146,14 +145,14 @@ TEST_F(WatchCycleTest, AnnouncesAChangeBySoundToastAndPaper) {
   EXPECT_EQ(run.logged(),
             (QStringList{u"RJAA SPECI RECEIVED"_s, u"RING ARARM"_s, u"DISPLAY DATA CHANGED MESSAGE"_s,
                          u"PRINT COMMAND"_s, u"AUTO PRINT COMPLETED TO OFFICE"_s}));
-  const Headless::Seen seen = run.desk.takeSeen();
-  EXPECT_EQ(textsOf(seen.sounds), QStringList{u"ring.wav"_s});
-  EXPECT_EQ(textsOf(seen.forms), QStringList{u"datachange"_s});
+  const Desk::Seen seen = run.desk.takeSeen();
+  EXPECT_EQ(seen.sounds, QStringList{u"ring.wav"_s});
+  EXPECT_EQ(seen.forms, QStringList{u"datachange"_s});
   // The paper shows the screen as it was before the run.
-  EXPECT_EQ(textsOf(seen.prints),
-            QStringList{u"*** WEATHER OBSERVATION AND FORECASTS ***   SORAN 4.31   2026/11/24   "
-                        "14:23:01\r\n" +
-                        before});
+  ASSERT_EQ(seen.prints.size(), 1);
+  EXPECT_EQ(seen.prints[0].text, u"*** WEATHER OBSERVATION AND FORECASTS ***   SORAN 4.31   2026/11/24   "
+                                 "14:23:01\r\n" +
+                                     before);
   EXPECT_TRUE(run.screen().contains(u"RJAA  SPECI 1415I\r\n      240515Z NEW\n"));
   EXPECT_TRUE(run.screen().endsWith(u"\r\nAUTO PRINT COMPLETED 14:23:01\r\n"_s + ready + crlf));
   EXPECT_EQ(run.program.console.padlbl(), QString());
@@ -176,9 +175,9 @@ TEST_F(WatchCycleTest, AMinimisedWindowHasNoPlaceForTheNote) {
   run.desk.takeSeen();
   world.report(u"RJAA"_s, u"05:15"_s, u"240515Z NEW"_s);
   run.tick(60);
-  const Headless::Seen seen = run.desk.takeSeen();
-  EXPECT_EQ(textsOf(seen.sounds), QStringList{u"ring.wav"_s});
-  EXPECT_EQ(textsOf(seen.forms), QStringList());
+  const Desk::Seen seen = run.desk.takeSeen();
+  EXPECT_EQ(seen.sounds, QStringList{u"ring.wav"_s});
+  EXPECT_EQ(seen.forms, QStringList());
   EXPECT_EQ(run.logged(),
             (QStringList{u"RJAA SPECI RECEIVED"_s, u"RING ARARM"_s, u"DISPLAY DATA CHANGED MESSAGE"_s}));
 }
@@ -191,7 +190,7 @@ TEST_F(WatchCycleTest, AKeyDuringTheComparisonTakesTheAnnouncementAway) {
   run.desk.takeSeen();
   run.onRequest = [&](const QString& name) {
     if (name == u"T/RJAA")
-      run.keys(u"x"_s);
+      run.act();
   };
   run.tick(60);
   EXPECT_EQ(run.logged(), QStringList{u"RJTT METAR CHANGED"_s});
@@ -202,7 +201,7 @@ TEST_F(WatchCycleTest, AKeyDuringTheComparisonTakesTheAnnouncementAway) {
 TEST_F(WatchCycleTest, ChangesRunASequenceAgainWithoutAnnouncement) {
   ASSERT_TRUE(run.begin());
   run.tick();
-  run.type(u"SQ RJTT"_s);
+  run.sequence(u"RJTT"_s);
   run.logged();
   run.desk.takeSeen();
   world.report(u"RJAA"_s, u"05:30"_s, u"240530Z"_s);
@@ -218,7 +217,7 @@ TEST_F(WatchCycleTest, WaitsForTheEndOfATypedRun) {
     if (name == u"M/RJAA")
       run.tick(30);
   };
-  run.type(u"RJTT RJAA"_s);
+  run.list(u"RJTT RJAA"_s);
   EXPECT_EQ(run.asked(), (QStringList{u"M/RJTT"_s, u"T/RJTT"_s, u"M/RJAA"_s, u"T/RJAA"_s}));
   EXPECT_FALSE(run.screen().contains(u"NOT FOUND"));
   run.tick();
@@ -230,7 +229,7 @@ TEST_F(WatchCycleTest, KeepsTheTopInViewWhereAsked) {
   run.program.settings().store(key::先頭行, true);
   run.tick();
   EXPECT_EQ(run.program.console.screen().caret(), 0);
-  run.type(u"RJTT"_s);
+  run.list(u"RJTT"_s);
   EXPECT_EQ(run.program.console.screen().caret(), run.screen().size());
 }
 
@@ -279,7 +278,7 @@ TEST_F(WatchCycleTest, FollowsTheStateOfTheConnection) {
     EXPECT_EQ(run.program.console.status().panel1(), p.panel1);
     EXPECT_EQ(connected(), p.up);
     EXPECT_EQ(run.program.lastProbeGood, p.up);
-    EXPECT_TRUE(run.terminal.cycle().watchEnabled());
+    EXPECT_TRUE(run.cycle.watchEnabled());
     if (!p.up) {
       EXPECT_EQ(run.panel2(), u"再受信待機");
     }
@@ -295,15 +294,15 @@ TEST_F(WatchCycleTest, FollowsTheStateOfTheConnection) {
 TEST_F(WatchCycleTest, AFailureAtTheStartIsToldAsALoss) {
   world.endpoints.probe = world.server.baseAddress() + probe;
   for (const bool returns : {true, false}) {
-    network(false);
-    ProgramRun failed(world);
+    RunBench failed(world);
     ASSERT_TRUE(failed.begin());
+    failed.program.networkAvailable = false;
     network(returns);
     failed.tick();
     EXPECT_EQ(failed.shown(), returns ? u"\r\nRECONNECT NETWORK\r\n"_s : u"\r\nDISCONNECT NETWORK\r\n"_s);
     EXPECT_EQ(failed.program.networkAvailable, returns);
     EXPECT_FALSE(failed.asked().contains(u"M/RJTT"));
-    failed.terminal.close();
+    failed.close();
   }
 }
 
@@ -314,29 +313,15 @@ TEST_F(WatchCycleTest, StopsWhereTheAutomaticDecodeIsOff) {
   run.program.settings().store(key::シーケンス表示, true);
   run.asked();
   run.tick(60);
-  EXPECT_FALSE(run.terminal.cycle().watchEnabled());
+  EXPECT_FALSE(run.cycle.watchEnabled());
   EXPECT_EQ(run.panel2(), u"自動デコード停止");
   EXPECT_TRUE(run.asked().contains(u"C/05"));
   EXPECT_EQ(run.program.lastCycleTime, u"14:20");
   run.tick(100);
   EXPECT_TRUE(run.asked().isEmpty());
   // A list typed by hand is not of the automatic mode; the watch goes on.
-  run.type(u"RJTT"_s);
-  run.terminal.cycle().enableWatch(true);
+  run.list(u"RJTT"_s);
+  run.cycle.enableWatch(true);
   run.tick(120);
-  EXPECT_TRUE(run.terminal.cycle().watchEnabled());
-}
-
-TEST_F(WatchCycleTest, TrayIconGoesASecondAfterTheWindowIsBack) {
-  ASSERT_TRUE(run.begin());
-  run.terminal.forms().setMinimised(true);
-  EXPECT_EQ(takenForms(), QStringList{u"taskicon"_s});
-  run.terminal.forms().setMinimised(false);
-  // Minimised again within the second the window needs its icon.
-  run.terminal.forms().setMinimised(true);
-  EXPECT_FALSE(run.terminal.cycle().trayTimerEnabled());
-  run.terminal.forms().setMinimised(false);
-  EXPECT_TRUE(run.terminal.cycle().trayTimerEnabled());
-  run.tick();
-  EXPECT_FALSE(run.terminal.cycle().trayTimerEnabled());
+  EXPECT_TRUE(run.cycle.watchEnabled());
 }

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "start/hand_over.h"
 
-#include "printing.h"
-#include "updating.h"
+#include "fakes/updating.h"
+#include "support/printing.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "printing.h"
+#include "fakes/updating.h"
 #include "start/opening.h"
-#include "updating.h"
+#include "support/printing.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -98,7 +98,7 @@ TEST_F(RenewalTest, WithoutTheVersionFileTheProgramEnds) {
   for (const QByteArray& answer : {QByteArray(), QByteArray("<html>")}) {
     desk.setVersions(answer);
     EXPECT_EQ(start(), Opening::Result::NoNetwork);
-    EXPECT_THAT(desk.desk.takeSeen().forms, ElementsAre(QJsonValue(u"noconnectmsg"_s)));
+    EXPECT_THAT(desk.run.desk.takeSeen().forms, ElementsAre(u"noconnectmsg"_s));
     EXPECT_FALSE(fileExists(desk.path(u"soran.mdb"_s)));
   }
 }
@@ -127,6 +127,7 @@ TEST_F(RenewalTest, OnlyAnAddressIsTakenFromTheServer) {
       {"", own},
       {"<html>", own},
       {"  \n", own},
+      {"nonsense", own},
       {"http://a.example\nhttp://b.example", own},
       {"http://a.example\r\nX: y", own},
       {"ftp://soran.example", own},

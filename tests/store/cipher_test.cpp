@@ -4,10 +4,9 @@
 #include "store/cipher.h"
 
 #include "base/files.h"
-#include "forms/list_rules.h"
-#include "printing.h"
 #include "store/tables.h"
 #include "support/own_folder.h"
+#include "support/printing.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -48,7 +47,7 @@ TEST(Cipher, FilesOfEachReleaseAreReadEditedAndCompacted) {
       expectFixtureRows(tables);
       EXPECT_EQ(tables.settings()[key::雲高1], 1234);
       EXPECT_TRUE(tables.settings().store(key::雲高1, 4321));
-      storeGroups(tables, {{u"NEW"_s, u"RJAA"_s}, {u"OWN"_s, u"RJTT RJXX"_s}});
+      tables.rewrite(table::カンパニー, {{1, u"NEW"_s, u"RJAA"_s}, {2, u"OWN"_s, u"RJTT RJXX"_s}});
     }
     compactDatabase(path, directory.filePath(u"soran_temp.mdb"_s));
     Tables tables;

@@ -4,9 +4,9 @@
 
 #include "base/files.h"
 #include "delivered.h"
-#include "printing.h"
 #include "support/ordinary_user.h"
 #include "support/own_folder.h"
+#include "support/printing.h"
 
 #include <QFile>
 #include <gmock/gmock.h>

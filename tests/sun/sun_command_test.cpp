@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "printing.h"
 #include "sun/sun_command.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text.h"
-#include "printing.h"
 #include "sun/sun_graph.h"
 #include "sun/sun_time_model.h"
+#include "support/printing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "harness.h"
-#include "turns.h"
+#include "support/turns.h"
+#include "terminal/harness.h"
 
 #include <QElapsedTimer>
 
@@ -79,7 +79,7 @@ TEST_P(CloseTest, AtEveryTurnOfTheEventLoopUnwinds) {
     prepare(world);
     ProgramRun run(world);
     ASSERT_TRUE(run.begin());
-    run.desk.printers = {u"OFFICE"_s};
+    run.desk.printers.names = {u"OFFICE"_s};
     world.server.setFile(u"/data/version.dat"_s, "4.32\n1\n1\n");
     QString screen;
     QMap<QString, QByteArray> files;
@@ -93,7 +93,7 @@ TEST_P(CloseTest, AtEveryTurnOfTheEventLoopUnwinds) {
       asked = run.asked();
       run.desk.takeSeen();
     });
-    run.desk.onDialog = [&](const QString&) { closing.next(); };
+    run.desk.dialogs.onDialog = [&](const QString&) { closing.next(); };
     QElapsedTimer time;
     time.start();
     GetParam().go(run);
@@ -106,7 +106,7 @@ TEST_P(CloseTest, AtEveryTurnOfTheEventLoopUnwinds) {
     EXPECT_EQ(run.screen(), screen);
     EXPECT_TRUE(filesBelow(world.home()) == files);
     EXPECT_EQ(run.asked(), QStringList());
-    const Headless::Seen seen = run.desk.takeSeen();
+    const Desk::Seen seen = run.desk.takeSeen();
     EXPECT_TRUE(seen.dialogs.isEmpty() && seen.forms.isEmpty() && seen.sounds.isEmpty() &&
                 seen.prints.isEmpty() && seen.pages.isEmpty());
     EXPECT_FALSE(fileExists(world.path(u"data"_s)));

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "harness.h"
+#include "terminal/harness.h"
 
 namespace soran {
 

@@ -11,7 +11,7 @@ TEST_F(CommandsTest, APageGoesToThePaneOrToTheSystemsBrowser) {
   for (const bool inPane : {false, true}) {
     run.program.settings().store(key::ブラウザー, inPane);
     enter(u"HELP"_s);
-    EXPECT_EQ(textsOf(run.desk.takeSeen().pages), QStringList{world.endpoints.home + u"/help/help.html"});
+    EXPECT_EQ(run.desk.takeSeen().pages, QStringList{world.endpoints.home + u"/help/help.html"});
     EXPECT_EQ(pane.visible(), inPane);
     run.terminal.pane().pageState(BrowserPane::Loading::Failed);
     EXPECT_EQ(run.panel2(), inPane ? u"ページを表示できません"_s : before);
@@ -88,6 +88,8 @@ TEST_F(CommandsTest, ShowsTheReportsOfTypedCodes) {
 TEST_F(CommandsTest, AnswersEachCommandOnce) {
   const QString prompt = crlf + ready;
   const QString syntax = u"\r\nSYNTAX ERROR\r\n"_s + ready;
+  const QString printed = u"\r\n\r\nCANCEL PRINT"_s + ready;
+  const QStringList printLog = {u"PRINT COMMAND"_s, u"CANCEL PRINT COMMAND"_s, u"PRINT COMMAND"_s};
   const struct {
     QString line;
     QString shown;
@@ -117,6 +119,8 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
        u"\r\n\r\nDATABASE RESET SEQUENCE COMPLETED\r\n"_s + ready,
        {u"DATABASE RESET SEQUENCE"_s},
        {u"データベース リセット シーケンスを設定しました　　\r\n\r\nSORAN を再起動してください"_s}},
+      {u"PRINT"_s, printed, printLog, {u"printerselect"_s}},
+      {u"/p"_s, printed, printLog, {u"printerselect"_s}},
       {u"CLS"_s, u" "_s + ready, {u"CLS COMMAND"_s}, {}, u"CLS"_s},
       {u"RJTT"_s, syntax, {u"SYNTAX ERROR"_s}}, // CLSRJTT
       {u"   "_s, QString(), {}, {}, u"   "_s},
@@ -131,8 +135,8 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
     EXPECT_EQ(run.shown(), c.shown);
     EXPECT_EQ(run.logged(), c.log);
     EXPECT_EQ(run.program.console.inputlbl(), c.kept);
-    const Headless::Seen seen = run.desk.takeSeen();
-    QStringList texts = textsOf(seen.dialogs) + textsOf(seen.forms) + textsOf(seen.pages);
+    const Desk::Seen seen = run.desk.takeSeen();
+    QStringList texts = textsOf(seen.dialogs) + seen.forms + seen.pages;
     for (QString& text : texts)
       text.remove(world.server.baseAddress());
     EXPECT_EQ(texts, c.seen);
@@ -151,8 +155,10 @@ TEST_F(CommandsTest, EchoesKeysAndEndsOnEscape) {
   EXPECT_EQ(run.program.console.inputlbl(), u"Rj");
   EXPECT_EQ(run.program.console.padlbl(), u"Rj");
   run.program.watchTicks = 7;
+  const int acts = run.program.userActs;
   run.keys(u"t"_s);
   EXPECT_EQ(run.program.watchTicks, 0);
+  EXPECT_EQ(run.program.userActs, acts + 1);
   EXPECT_EQ(run.shown(), QString());
   run.keys(u"\x1B"_s);
   EXPECT_TRUE(run.terminal.ended());
@@ -233,29 +239,4 @@ TEST_F(CommandsTest, KeepsEarlierRunsWhereTheScreenIsNotCleared) {
   run.keys(u"\b\b\b"_s);
   run.type(u"ZZZZ"_s);
   EXPECT_EQ(run.screen(), manualTitle(u"ZZZZ"_s) + notFound(u"ZZZZ"_s) + ready);
-}
-
-TEST_F(CommandsTest, LogKeepsItsThousandNewestRows) {
-  ASSERT_TRUE(run.begin());
-  const auto& rows = run.program.console.log().rows();
-  ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].message, u"SYSTEM  CONNECTED  KSD  DATABASE");
-  EXPECT_EQ(rows[2].message, u"SYSTEM  LOAD");
-  for (int i = 0; i < 998; ++i)
-    run.program.console.addLogEntry(QString::number(i));
-  EXPECT_EQ(rows.size(), 1000U);
-  EXPECT_EQ(rows.front().message, u"997");
-  EXPECT_EQ(rows.front().date + u' ' + rows.front().time, u"2026/11/24 14:20:00");
-  EXPECT_EQ(rows.back().message, u"SYSTEM  LOGIN");
-  const struct {
-    QString message;
-    Colour colour;
-  } colours[] = {{u"MANUAL DECODE"_s, grey},
-                 {u"RJTT METAR RECEIVED"_s, black},
-                 {u"METAR HOMEPAGE"_s, grey},
-                 {u"SPECI METAR"_s, Colour{5}},
-                 {u"RJTT TAF(COR) RECEIVED"_s, Colour{5}},
-                 {u"SPECI HOMEPAGE"_s, Colour{5}}};
-  for (const auto& c : colours)
-    EXPECT_EQ(RunningLog::colourOf({{}, {}, c.message}, Colour{5}), c.colour) << c.message.toStdString();
 }

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/airport_editor.h"
-#include "harness.h"
 #include "support/child_process.h"
 #include "support/ordinary_user.h"
-#include "turns.h"
+#include "support/turns.h"
+#include "terminal/harness.h"
 
 #include <csignal>
 #include <sys/resource.h>
@@ -89,7 +89,7 @@ TEST(FullDisk, KeepsWhatWasStoredAndServesReports) {
     if (from < 2) {
       EXPECT_FALSE(run.program.settings().store(key::雲高1, 5));
       EXPECT_EQ(run.program.settings()[key::雲高1], 1234);
-      run.desk.answers = {true};
+      run.desk.dialogs.answers = {true};
       AirportEditor editor(run.program);
       editor.remove();
       editor.close();

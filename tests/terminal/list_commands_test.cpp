@@ -90,7 +90,7 @@ TEST_F(CommandsTest, StartsTheAutomaticDecode) {
   EXPECT_EQ(run.program.settings()[key::自動デコード有効], false);
 
   run.keys(u"\b\b\b"_s);
-  run.desk.answers = {true};
+  run.desk.dialogs.answers = {true};
   QString loading;
   run.onRequest = [&](const QString&) { loading = run.screen(); };
   enter(u"ATO"_s);

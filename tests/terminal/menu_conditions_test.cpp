@@ -22,7 +22,7 @@ TEST_F(MenusTest, EachEntryDependsOnItsConditions) {
         u"menu_popup_wx"_s, u"menu_popup_cam"_s, u"menu_popup_help"_s, u"menu_popup_homepage"_s},
        {17}},
       {"printer",
-       [this](bool holds) { run.desk.printers = holds ? QStringList{u"OFFICE"_s} : QStringList(); },
+       [this](bool holds) { run.desk.printers.names = holds ? QStringList{u"OFFICE"_s} : QStringList(); },
        {u"menu_print"_s, u"menu_popup_print"_s},
        {}},
       {"pane",
@@ -82,7 +82,7 @@ TEST_F(MenusTest, PagesAndReloadTellThatThereIsNoNetwork) {
   run.program.networkAvailable = false;
   for (const int index : {12, 13, 14, 5}) {
     EXPECT_TRUE(menus().button(index));
-    const Headless::Seen seen = run.desk.takeSeen();
+    const Desk::Seen seen = run.desk.takeSeen();
     EXPECT_EQ(joined(textsOf(seen.dialogs)), u"インターネットに接続できません　　"_s);
     EXPECT_TRUE(seen.pages.isEmpty());
     EXPECT_EQ(joined(run.logged()), index == 5 ? u"SYSTEM NO NETWORK CONNECTION"_s : QString());
@@ -121,26 +121,26 @@ TEST_F(MenusTest, LeavingClosesThePaneFirst) {
 }
 
 TEST_F(MenusTest, LeavingForTheDownloadEndsTheProgram) {
-  run.desk.onModal = [](const ModalForm&) {
+  run.desk.forms.onModal = [](const ModalForm&) {
     return ModalOutcome(form::PdfNotice::Outcome{.dontShowAgain = false, .banner = true});
   };
   run.type(u"WX"_s);
   EXPECT_TRUE(run.terminal.ended());
-  const Headless::Seen seen = run.desk.takeSeen();
-  EXPECT_EQ(joined(textsOf(seen.forms)), u"adobeinfo"_s);
-  EXPECT_EQ(joined(textsOf(seen.pages)), adobe_notice::downloadPage.toString());
+  const Desk::Seen seen = run.desk.takeSeen();
+  EXPECT_EQ(joined(seen.forms), u"adobeinfo"_s);
+  EXPECT_EQ(joined(seen.pages), adobe_notice::downloadPage.toString());
   EXPECT_EQ(joined(run.logged()), u"DISPLAY ADOBE PDF INFORMATION|SYSTEM UNLOAD"_s);
 }
 
 TEST_F(MenusTest, TheNoticeStaysAwayOnceItWasPutAway) {
-  run.desk.onModal = [](const ModalForm&) {
+  run.desk.forms.onModal = [](const ModalForm&) {
     return ModalOutcome(form::PdfNotice::Outcome{.dontShowAgain = true, .banner = false});
   };
   run.type(u"WX"_s);
-  EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"adobeinfo|chart"_s);
+  EXPECT_EQ(joined(run.desk.takeSeen().forms), u"adobeinfo|chart"_s);
   EXPECT_EQ(run.program.settings()[key::アドビインフォメーション], true);
   run.type(u"WX"_s);
-  EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"chart"_s);
+  EXPECT_EQ(joined(run.desk.takeSeen().forms), u"chart"_s);
 }
 
 TEST_F(MenusTest, FormsGoAndComeWithTheWindow) {
@@ -150,9 +150,9 @@ TEST_F(MenusTest, FormsGoAndComeWithTheWindow) {
   run.terminal.forms().closed(form::Cameras{});
   run.desk.takeSeen();
   run.terminal.forms().setMinimised(true);
-  EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"taskicon"_s);
+  EXPECT_EQ(joined(run.desk.takeSeen().forms), u"taskicon"_s);
   run.terminal.forms().setMinimised(false);
-  EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), u"log|command"_s);
+  EXPECT_EQ(joined(run.desk.takeSeen().forms), u"log|command"_s);
 }
 
 TEST_F(MenusTest, TypedCommandsOpenTheSameForms) {
@@ -187,7 +187,7 @@ TEST_F(MenusTest, TypedCommandsOpenTheSameForms) {
     run.type(QString::fromUtf8(c.line));
     EXPECT_EQ(joined(run.logged()), c.log);
     EXPECT_EQ(run.shown(), c.shown);
-    EXPECT_EQ(joined(textsOf(run.desk.takeSeen().forms)), c.form);
+    EXPECT_EQ(joined(run.desk.takeSeen().forms), c.form);
     EXPECT_EQ(run.program.console.inputlbl(), c.left);
     EXPECT_EQ(run.program.console.padlbl(), QString());
   }
@@ -197,7 +197,7 @@ TEST_F(MenusTest, TypedCommandsOpenTheSameForms) {
 
 TEST_F(MenusTest, TheDictionaryFormOpensForTheTableAskedFor) {
   QList<DictionaryMode> modes;
-  run.desk.onModal = [&](const ModalForm& shown) {
+  run.desk.forms.onModal = [&](const ModalForm& shown) {
     modes.append(std::get<form::EditDictionary>(shown).mode);
     return ModalOutcome();
   };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "harness.h"
+#include "terminal/harness.h"
 #include "terminal/menus.h"
 
 namespace soran {
@@ -26,7 +26,7 @@ class MenusTest : public ::testing::Test {
     for (const QString& code : {u"RJTT"_s, u"RJAA"_s})
       world.report(code, u"05:00"_s, weather);
     started = run.begin();
-    run.desk.printers = {u"OFFICE"_s};
+    run.desk.printers.names = {u"OFFICE"_s};
   }
   Menus& menus() { return run.terminal.menus(); }
   std::optional<MenuItem> item(const QString& name, int index = 0) {

@@ -93,11 +93,11 @@ TEST_F(MenusTest, EveryEntryDoesWhatItSays) {
     const int index = entry.toInt(&isButton);
     run.program.watchTicks = 7;
     EXPECT_TRUE(isButton ? menus().button(index) : menus().choose(entry));
-    const Headless::Seen seen = run.desk.takeSeen();
+    const Desk::Seen seen = run.desk.takeSeen();
     EXPECT_EQ(joined(run.logged()), effect.log);
     EXPECT_EQ(run.shown(), effect.shown);
-    EXPECT_EQ(joined(textsOf(seen.forms)), effect.forms);
-    EXPECT_EQ(joined(textsOf(seen.pages)), effect.pages);
+    EXPECT_EQ(joined(seen.forms), effect.forms);
+    EXPECT_EQ(joined(seen.pages), effect.pages);
     EXPECT_EQ(joined(textsOf(seen.dialogs)), effect.texts);
     run.terminal.pane().close();
   }
@@ -186,7 +186,7 @@ TEST_F(MenusTest, ReloadRepeatsTheGroupWithItsHeading) {
 
 TEST_F(MenusTest, TheStartButtonRunsTheListBehindAYes) {
   storeAutoList(run.program.tables, {{u"RJTT"_s, u"東京"_s}});
-  run.desk.answers = {true};
+  run.desk.dialogs.answers = {true};
   run.program.runMemory.group = u"NORTH"_s;
   ASSERT_TRUE(menus().button(17));
   const QStringList log = run.logged();
@@ -198,7 +198,7 @@ TEST_F(MenusTest, TheStartButtonRunsTheListBehindAYes) {
 }
 
 TEST_F(MenusTest, APrinterThatWentMeanwhileIsTold) {
-  run.desk.printers.clear();
+  run.desk.printers.names.clear();
   EXPECT_TRUE(menus().choose(u"menu_print"_s));
   EXPECT_TRUE(run.desk.takeSeen().dialogs.isEmpty());
   EXPECT_TRUE(menus().chooseShown(u"menu_print"_s));

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "harness.h"
+#include "terminal/harness.h"
 
 #include <QElapsedTimer>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "printing.h"
+#include "fakes/updating.h"
 #include "start/hand_over.h"
+#include "support/printing.h"
 #include "terminal/terminal.h"
-#include "updating.h"
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ const QString notice =
 class VersionCheckTest : public ::testing::Test {
  protected:
   VersionCheckTest() {
-    writeWhole(desk.path(u"soran.mdb"_s), Updating::delivered(), true);
+    writeWhole(desk.path(u"soran.mdb"_s), Updating::deliveredDatabase(), true);
     writeWhole(desk.path(u"update.exe"_s), "module", true);
     program.tables.openAllTables(desk.path(u"soran.mdb"_s));
     program.settings().store(key::SORANバージョン, 4.31);
@@ -130,7 +130,7 @@ TEST_F(VersionCheckTest, TellsWhatItFound) {
 TEST_F(VersionCheckTest, AYesEndsTheProgramToHandOver) {
   start();
   desk.setVersions("4.32\n1\n1\n");
-  desk.desk.answers = {true};
+  desk.run.desk.dialogs.answers = {true};
   check();
   EXPECT_TRUE(terminal.ended());
   EXPECT_TRUE(terminal.updaterRequested());
@@ -140,7 +140,7 @@ TEST_F(VersionCheckTest, AModuleThatMayNotRunIsNotHandedTo) {
   program.services.endpoints.signedUpdates = true;
   start();
   desk.setVersions("4.32\n1\n1\n");
-  desk.desk.answers = {true};
+  desk.run.desk.dialogs.answers = {true};
   check();
   EXPECT_FALSE(terminal.ended());
   EXPECT_FALSE(terminal.updaterRequested());
@@ -154,7 +154,7 @@ TEST_F(VersionCheckTest, TheTypedUpdateAlwaysAsks) {
   EXPECT_TRUE(program.console.screen().text().contains(u"AUTO UPDATE READY\r\n"));
   EXPECT_THAT(desk.dialogs(), ElementsAre(QString(question431).replace(u"4.32"_s, u"4.31"_s)));
   EXPECT_FALSE(terminal.updaterRequested());
-  desk.desk.answers = {true};
+  desk.run.desk.dialogs.answers = {true};
   terminal.handleKey(u'\r'); // the word is still there
   EXPECT_TRUE(terminal.ended());
   EXPECT_TRUE(terminal.updaterRequested());
@@ -221,7 +221,7 @@ TEST_P(VersionAtStartTest, AsksTellsOrHandsOver) {
   program.settings().store(key::起動時にバージョン確認, c.check);
   program.settings().store(key::更新確認メッセージ, c.ask);
   desk.setVersions(c.versions);
-  desk.desk.answers = {c.yes};
+  desk.run.desk.dialogs.answers = {c.yes};
   start();
   EXPECT_EQ(terminal.updaterRequested(), c.handedOver);
   EXPECT_EQ(terminal.ended(), c.handedOver);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/carry_over.h"
 
-#include "printing.h"
-#include "updating.h"
+#include "fakes/updating.h"
+#include "support/printing.h"
 
 #include <gmock/gmock.h>
 
@@ -16,7 +16,7 @@ namespace {
 class CarryOverTest : public ::testing::Test {
  protected:
   CarryOverTest() {
-    writeWhole(desk.path(u"live.mdb"_s), Updating::delivered(), true);
+    writeWhole(desk.path(u"live.mdb"_s), Updating::deliveredDatabase(), true);
     live.openAllTables(desk.path(u"live.mdb"_s));
   }
 
@@ -108,7 +108,7 @@ TEST_F(CarryOverTest, EverySettingIsTheUsers) {
 
 TEST_F(CarryOverTest, ColumnsOfTheNewFileDecide) {
   const QString made = desk.path(u"columns.mdb"_s);
-  writeWhole(made, Updating::delivered(), true);
+  writeWhole(made, Updating::deliveredDatabase(), true);
   {
     Database database;
     database.open(made);
@@ -127,12 +127,13 @@ TEST_F(CarryOverTest, ColumnsOfTheNewFileDecide) {
 
 TEST_F(CarryOverTest, AFailureLeavesTheNewFileAsItWas) {
   const QString path = desk.path(u"new.mdb"_s);
-  for (const QByteArray& bytes : {QByteArray(), QByteArray("<html>"), Updating::delivered().first(6000)}) {
+  for (const QByteArray& bytes :
+       {QByteArray(), QByteArray("<html>"), Updating::deliveredDatabase().first(6000)}) {
     writeWhole(path, bytes, true);
     EXPECT_THROW(carryOverData(live, path), StoreError);
   }
   // The last list of the copy cannot be written, so the first ones go back too.
-  writeWhole(path, Updating::delivered(), true);
+  writeWhole(path, Updating::deliveredDatabase(), true);
   {
     Database database;
     database.open(path);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/program_place.h"
 
-#include "printing.h"
-#include "update/release.h"
+#include "fakes/release.h"
+#include "support/printing.h"
 #include "update/update_error.h"
 
 #include <csignal>

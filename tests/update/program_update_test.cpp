@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/program_update.h"
 
-#include "printing.h"
+#include "fakes/test_key.h"
+#include "fakes/updating.h"
 #include "support/child_process.h"
-#include "update/test_key.h"
-#include "updating.h"
+#include "support/printing.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -21,7 +21,7 @@ class ProgramUpdateTest : public ::testing::Test {
  protected:
   ProgramUpdateTest() {
     QDir().mkpath(desk.path(u"data"_s));
-    writeWhole(desk.path(u"soran.mdb"_s), Updating::delivered(), true);
+    writeWhole(desk.path(u"soran.mdb"_s), Updating::deliveredDatabase(), true);
     writeWhole(desk.path(u"update.exe"_s), "former module", true);
     tables.openAllTables(desk.path(u"soran.mdb"_s));
     tables.settings().store(key::DBバージョン, 1.0);
@@ -173,7 +173,7 @@ TEST_F(ProgramUpdateTest, AReadOnlyDatabaseStaysWithoutAWord) {
 TEST_F(ProgramUpdateTest, AJournalOfAKilledCopyDoesNotReachTheNewFile) {
   // A copy ends in the middle: its journal would bring pages of another file back.
   const QString copy = desk.path(u"data/soran$.mdb"_s);
-  writeWhole(copy, Updating::delivered(), true);
+  writeWhole(copy, Updating::deliveredDatabase(), true);
   ChildProcess child([&copy] {
     Database database;
     database.open(copy);

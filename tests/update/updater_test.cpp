@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/updater.h"
 
+#include "fakes/release.h"
 #include "platform/endpoint_server.h"
-#include "printing.h"
 #include "support/ordinary_user.h"
-#include "update/release.h"
+#include "support/printing.h"
 
 #include <QFile>
 #include <QScopeGuard>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "updater/module.h"
 
+#include "fakes/release.h"
 #include "platform/endpoint_server.h"
-#include "printing.h"
 #include "start/hand_over.h"
-#include "update/release.h"
+#include "support/printing.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

@@ -4,9 +4,9 @@
 
 #include "base/files.h"
 #include "delivered.h"
+#include "fakes/test_key.h"
 #include "store/tables.h"
 #include "support/own_folder.h"
-#include "update/test_key.h"
 #include "update/updater.h"
 
 #include <QCryptographicHash>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/utf8_locale.h"
-#include "update/test_key.h"
+#include "fakes/test_key.h"
 #include "updater/module.h"
 
 #include <QCoreApplication>
