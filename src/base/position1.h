@@ -27,7 +27,8 @@ class Position1 {
   /// True where it is one.
   constexpr explicit operator bool() const { return from1_ != 0; }
 
-  constexpr auto operator<=>(const Position1&) const = default;
+  bool operator==(const Position1&) const = default;
+  constexpr std::strong_ordering operator<=>(const Position1& other) const { return from1_ <=> other.from1_; }
   friend constexpr Position1 operator+(Position1 p, qsizetype units) { return at(p.from1_ + units); }
   friend constexpr Position1 operator-(Position1 p, qsizetype units) { return at(p.from1_ - units); }
   friend constexpr qsizetype operator-(Position1 one, Position1 other) { return one.from1_ - other.from1_; }

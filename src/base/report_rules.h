@@ -24,7 +24,8 @@ struct MinuteOfHour {
 struct UtcHour {
   int value = 0;
 
-  auto operator<=>(const UtcHour&) const = default;
+  bool operator==(const UtcHour&) const = default;
+  constexpr std::strong_ordering operator<=>(const UtcHour& other) const { return value <=> other.value; }
 };
 
 /// What tells an amended, corrected or delayed report, in the order in which one is looked for. They are
