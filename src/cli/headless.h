@@ -2,11 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/dialogs.h"
-#include "platform/forms.h"
-#include "platform/pages.h"
-#include "platform/printers.h"
-#include "platform/sounds.h"
+#include "platform/services.h"
 
 #include <QJsonArray>
 #include <deque>
@@ -28,6 +24,9 @@ class Headless final : public Dialogs, public Forms, public Sounds, public Print
     QJsonArray pages;
   };
   Seen takeSeen() { return std::exchange(seen_, {}); }
+
+  /// The desk as all that a front end gives.
+  FrontEnd frontEnd(Waiting& waiting) { return {*this, *this, *this, *this, *this, waiting}; }
 
   /// Answers to the next questions, oldest first; a question with none ready is answered with no.
   std::deque<bool> answers;

@@ -50,7 +50,7 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   Launch launch(options, timers, std::move(delivered));
   Headless desk;
   Typist typist(lines, launch.shutdown());
-  Services services = launch.services({desk, desk, desk, desk, desk, typist});
+  Services services = launch.services(desk.frontEnd(typist));
   // Nobody is there, and the lines are to be typed.
   services.handsOver = false;
   Program program(services);

@@ -32,8 +32,7 @@ QChar keyOf(const QString& name) {
 Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInput& input, QIODevice& output,
                  bool runs)
     : input_(input), output_(output), withRuns_(runs), launch_(options, timers_, std::move(delivered)),
-      program_(launch_.services({headless_, headless_, headless_, headless_, headless_, *this})),
-      terminal_(program_) {
+      program_(launch_.services(headless_.frontEnd(*this))), terminal_(program_) {
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
       requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));

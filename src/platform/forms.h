@@ -13,6 +13,7 @@ enum class DictionaryMode { Abbreviations, Phrases, Pictures };
 
 /// The small windows of the program, each a type that carries what it needs. `name` is its name in a
 /// session's state and for assistive technology: that of the form in the first edition of the program.
+/// `goesWithWindow` marks one that goes and comes with the main window, with what it held.
 namespace form {
 
 // Shown beside the main window.
@@ -27,18 +28,22 @@ struct Components {
 };
 struct Commands {
   static constexpr QStringView name = u"command";
+  static constexpr bool goesWithWindow = true;
 };
 struct Log {
   static constexpr QStringView name = u"log";
+  static constexpr bool goesWithWindow = true;
 };
 struct SunTimes {
   static constexpr QStringView name = u"suntime";
 };
 struct Charts {
   static constexpr QStringView name = u"chart";
+  static constexpr bool goesWithWindow = true;
 };
 struct Cameras {
   static constexpr QStringView name = u"camera";
+  static constexpr bool goesWithWindow = true;
 };
 /// The network was lost.
 struct Alert {
@@ -115,6 +120,17 @@ using ModalOutcome = std::variant<std::monostate, form::EditSettings::Outcome, f
 template <class... Kinds>
 QString nameOf(const std::variant<Kinds...>& form) {
   return std::visit([](const auto& kind) { return kind.name.toString(); }, form);
+}
+
+/// Whether the form is marked so above.
+inline bool goesWithWindow(const Form& form) {
+  return std::visit(
+      [](const auto& kind) {
+        return requires {
+          kind.goesWithWindow;
+        };
+      },
+      form);
 }
 
 /// Shows the forms. What they show and do lies in classes of the core; a front end mirrors these.

@@ -16,23 +16,27 @@
 
 namespace soran {
 
-/// What the core is given of the world. All of it outlives the program run.
-struct Services {
-  Clock& clock;
-  Timers& timers;
-  Inet& inet;  ///< reports, probes and updates
-  Inet& inet2; ///< cycle files, kept apart so that they never stand in the way of a report
+/// What a front end gives of its own.
+struct FrontEnd {
   Dialogs& dialogs;
   Forms& forms;
   Sounds& sounds;
   Printers& printers;
   Pages& pages;
-  Shutdown& shutdown;
   Waiting& waiting;
+};
+
+/// What the core is given of the world. All of it outlives the program run.
+struct Services : FrontEnd {
+  Clock& clock;
+  Timers& timers;
+  Inet& inet;  ///< reports, probes and updates
+  Inet& inet2; ///< cycle files, kept apart so that they never stand in the way of a report
+  Shutdown& shutdown;
   Endpoints endpoints;
   bool handsOver = true;      ///< a new version may end this run, for the update module to run
   bool demonstration = false; ///< the embedded endpoint serves everything
-  QString directory;          ///< the program's directory, without trailing slash
+  QString directory = {};     ///< the program's directory, without trailing slash
   /// The delivered database, for a start that finds no other; may be empty.
   std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
 

@@ -21,7 +21,8 @@ struct WeatherWord {
 };
 
 /// Present weather (WMO No. 306, code table 4678), the words of good weather, and the signs of intensity.
-// clang-format off: a word more is a line of the change, not the whole table.
+/// A word more is a line of the change, not the whole table.
+// clang-format off
 inline constexpr WeatherWord weatherWords[] = {
     {u"VC"},   {u"MI"}, {u"BC"}, {u"PR"},    {u"DR"},    {u"BL"},  {u"SH"},  {u"TS"},  {u"FZ"},
     {u"DZ"},   {u"RA"}, {u"SN"}, {u"SG"},    {u"IC"},    {u"PL"},  {u"GR"},  {u"GS"},  {u"BR"},

@@ -144,21 +144,11 @@ void Launch::startDemo(const DeliveredFile& delivered) {
 }
 
 Services Launch::services(const FrontEnd& frontEnd) {
-  return {.clock = *clock_,
-          .timers = timers_,
-          .inet = inet_,
-          .inet2 = inet2_,
-          .dialogs = frontEnd.dialogs,
-          .forms = frontEnd.forms,
-          .sounds = frontEnd.sounds,
-          .printers = frontEnd.printers,
-          .pages = frontEnd.pages,
-          .shutdown = shutdown_,
-          .waiting = frontEnd.waiting,
-          .endpoints = endpoints_,
-          .demonstration = demo(),
-          .directory = directory_,
-          .deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); }};
+  Services services{frontEnd, *clock_, timers_, inet_, inet2_, shutdown_, endpoints_};
+  services.demonstration = demo();
+  services.directory = directory_;
+  services.deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); };
+  return services;
 }
 
 void Launch::onRequest(const std::function<void(const QUrl&)>& hook) {

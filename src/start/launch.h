@@ -47,15 +47,6 @@ class Launch {
   Launch(const LaunchOptions& options, Timers& timers, DeliveredFile delivered);
   ~Launch();
 
-  /// What a front end adds of its own.
-  struct FrontEnd {
-    Dialogs& dialogs;
-    Forms& forms;
-    Sounds& sounds;
-    Printers& printers;
-    Pages& pages;
-    Waiting& waiting;
-  };
   Services services(const FrontEnd& frontEnd);
 
   Shutdown& shutdown() { return shutdown_; }

@@ -46,7 +46,8 @@ bool Settings::storeValue(SettingIndex index, const QVariant& value) {
 void Settings::restoreStandardSettings(const QString& computerOffset) {
   const SettingsRecord standard = SettingsRecord::standard(computerOffset);
   for (size_t i = 0; i < settingSpecs.size(); ++i) {
-    if (settingSpecs[i].treatment != Standard::Kept)
+    // A database of an earlier version may lack a key.
+    if (settingSpecs[i].treatment != Standard::Kept && rows_.columns().contains(settingSpecs[i].column))
       setValue(static_cast<SettingIndex>(i), standard.value(static_cast<SettingIndex>(i)));
   }
   passOver(lcStore(), "storing the standard settings", [&] { update(); });

@@ -157,7 +157,6 @@ inline constexpr std::array settingSpecs = {
     SORAN_SETTINGS(SORAN_SETTING_SPEC)
 #undef SORAN_SETTING_SPEC
 };
-static_assert(settingSpecs.size() == 72);
 
 namespace key {
 #define SORAN_SETTING_KEY(type, name, treatment, value)                                                      \

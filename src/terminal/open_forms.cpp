@@ -7,10 +7,7 @@
 namespace soran {
 
 void OpenForms::show(const Form& form) {
-  const bool goesWithWindow =
-      std::holds_alternative<form::Charts>(form) || std::holds_alternative<form::Cameras>(form) ||
-      std::holds_alternative<form::Log>(form) || std::holds_alternative<form::Commands>(form);
-  if (goesWithWindow && !isOpen(form))
+  if (goesWithWindow(form) && !isOpen(form))
     open_.push_back(form);
   program_.services.forms.show(form);
 }

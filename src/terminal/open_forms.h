@@ -15,8 +15,7 @@ class OpenForms {
   OpenForms(Program& program, WatchCycle& cycle, TerminalListener& listener)
       : program_(program), cycle_(cycle), listener_(listener) {}
 
-  /// Shows a form beside the main window. Charts, cameras, log and commands count as open until `closed`:
-  /// they go and come with the main window.
+  /// Shows a form beside the main window. Those that go and come with it count as open until `closed`.
   void show(const Form& form);
   bool isOpen(const Form& form) const;
   /// The user has closed a form that was shown beside the main window.

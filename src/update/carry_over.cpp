@@ -11,12 +11,13 @@ namespace {
 void carrySettings(const Tables& live, Database& database) {
   const QString settingsTable = table::設定.toString();
   const QStringList known = database.columns(settingsTable);
+  const QStringList& stored = live.byName(table::設定)->columns();
   QStringList assignments;
   QVariantList values;
   for (size_t i = 0; i < settingSpecs.size(); ++i) {
     const QString column = settingSpecs[i].column.toString();
-    // A key that the new file no longer has is left behind.
-    if (!known.contains(column))
+    // A key that the new file no longer has is left behind, and one that is new there keeps its value.
+    if (!known.contains(column) || !stored.contains(column))
       continue;
     assignments.append(quotedName(column) + u" = ?");
     values.append(live.settings().record().value(static_cast<SettingIndex>(i)));

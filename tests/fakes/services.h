@@ -47,20 +47,16 @@ class FakeServices {
   }
 
   Services services(Waiting& waits) {
-    return {.clock = world.clock,
-            .timers = timers,
-            .inet = inet,
-            .inet2 = inet2,
-            .dialogs = desk.dialogs,
-            .forms = desk.forms,
-            .sounds = desk.sounds,
-            .printers = desk.printers,
-            .pages = desk.pages,
-            .shutdown = shutdown,
-            .waiting = waits,
-            .endpoints = world.endpoints,
-            .directory = world.home(),
-            .deliveredDatabase = World::deliveredDatabase};
+    Services all{{desk.dialogs, desk.forms, desk.sounds, desk.printers, desk.pages, waits},
+                 world.clock,
+                 timers,
+                 inet,
+                 inet2,
+                 shutdown,
+                 world.endpoints};
+    all.directory = world.home();
+    all.deliveredDatabase = World::deliveredDatabase;
+    return all;
   }
   Services services() { return services(waiting); }
 

@@ -106,7 +106,7 @@ TEST_F(CarryOverTest, EverySettingIsTheUsers) {
   EXPECT_EQ(tables.byName(table::設定)->recordCount(), 1);
 }
 
-TEST_F(CarryOverTest, ColumnsOfTheNewFileDecide) {
+TEST_F(CarryOverTest, AKeyIsCarriedWhereBothFilesHaveIt) {
   const QString made = desk.path(u"columns.mdb"_s);
   writeWhole(made, Updating::deliveredDatabase(), true);
   {
@@ -123,6 +123,11 @@ TEST_F(CarryOverTest, ColumnsOfTheNewFileDecide) {
   Tables& tables = carried(desk.bytes(u"columns.mdb"_s));
   EXPECT_EQ(tables.byName(table::設定)->value(u"新しい設定"), 77);
   EXPECT_EQ(tables.settings()[key::シーケンス時間], 9);
+
+  live.openAllTables(made);
+  live.settings().restoreStandardSettings(u"-5"_s);
+  EXPECT_EQ(carried(Updating::deliveredDatabase()).settings()[key::ポップアップ], true);
+  EXPECT_EQ(tables.settings()[key::時差], u"-5"_s);
 }
 
 TEST_F(CarryOverTest, AFailureLeavesTheNewFileAsItWas) {

@@ -33,12 +33,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The same widget is shown again, with what it held.
-bool isKept(const Form& form) {
-  return std::holds_alternative<form::Commands>(form) || std::holds_alternative<form::Log>(form) ||
-         std::holds_alternative<form::Charts>(form) || std::holds_alternative<form::Cameras>(form);
-}
-
 /// What a closed dialogue decided, where it decided something.
 template <class Outcome>
 ModalOutcome outcomeOf(const std::optional<Outcome>& outcome) {
@@ -63,7 +57,7 @@ QDialog* FormService::widget(const Form& form) const {
 
 void FormService::show(const Form& form) {
   Widget& widget = widgets_[form.index()];
-  if (!widget || !isKept(form)) {
+  if (!widget || !goesWithWindow(form)) {
     widget = std::visit([this](const auto& kind) { return make(kind); }, form);
     if (!widget)
       return;
