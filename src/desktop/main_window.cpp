@@ -327,11 +327,17 @@ void MainWindow::hearOfMinimising() {
   });
 }
 
-void MainWindow::comeBack() {
-  if (!minimised_ || released_)
+void MainWindow::keepShownState() {
+  if (released_)
     return;
   setWindowState(shownState_);
   windowHandle()->setWindowStates(shownState_);
+}
+
+void MainWindow::comeBack() {
+  if (!minimised_ || released_)
+    return;
+  keepShownState();
   setMinimised(false);
 }
 
@@ -384,6 +390,10 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   placeOverlays();
+  // Made large again only as it comes back, the window may draw itself once in the size between, for which a
+  // compositor ends the program.
+  if (minimised_ && !platformLetsPlaceWindows())
+    QMetaObject::invokeMethod(this, &MainWindow::keepShownState, Qt::QueuedConnection);
 }
 
 bool MainWindow::event(QEvent* event) {

@@ -83,6 +83,7 @@ class MainWindow : public QMainWindow {
   void placeOverlays();
   void openPopup(QPoint place);
   void hearOfMinimising();
+  void keepShownState();
   void comeBack();
   void setMinimised(bool minimised);
   QString geometryFile() const;

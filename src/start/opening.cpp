@@ -93,7 +93,8 @@ bool Opening::networkIsThere() {
 
 void Opening::fetchMissing() {
   const QString database = databasePath();
-  firstStart_ = !fileExists(database) && !fileExists(database + u".bak");
+  // Where there is a copy of one, it is lost and to be restored.
+  firstStart_ = !fileExists(database) && backupsOf(program_.services.path(u"soran.mdb")).isEmpty();
   if (firstStart_) {
     const QString fetched = database + u".new";
     if (update_.fetchFile(u"/data/soran.mdb"_s, fetched) && isWholeDatabase(fetched))

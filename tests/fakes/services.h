@@ -47,13 +47,8 @@ class FakeServices {
   }
 
   Services services(Waiting& waits) {
-    Services all{{desk.dialogs, desk.forms, desk.sounds, desk.printers, desk.pages, waits},
-                 world.clock,
-                 timers,
-                 inet,
-                 inet2,
-                 shutdown,
-                 world.endpoints};
+    const FrontEnd seen{desk.dialogs, desk.forms, desk.sounds, desk.printers, desk.pages, waits};
+    Services all{seen, world.clock, timers, inet, inet2, shutdown, world.endpoints};
     all.directory = world.home();
     all.deliveredDatabase = World::deliveredDatabase;
     return all;

@@ -86,14 +86,14 @@ TEST(Start, RestoresALostDatabase) {
       {"damaged inside", QByteArray(whole).replace(20000, 9000, QByteArray(9000, 'x')), true, whole,
        u"DATABASE RESTORED FROM BACKUP"_s},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
+  const auto check = [](const auto& c, const QString& copy) {
+    SCOPED_TRACE(c.name + (" " + copy.toStdString()));
     World world;
     world.prepare([](Tables& tables) { tables.settings().store(key::起動回数, 33); });
     const QString database = world.path(u"soran.mdb"_s);
-    QFile::rename(database, database + u".bak");
+    QFile::rename(database, database + copy);
     if (!c.backup)
-      QFile::remove(database + u".bak");
+      QFile::remove(database + copy);
     if (c.database)
       writeWhole(database, *c.database);
     world.server.setFile(u"/data/soran.mdb"_s, c.served);
@@ -105,5 +105,9 @@ TEST(Start, RestoresALostDatabase) {
     EXPECT_FALSE(fileExists(database + u".new"));
     EXPECT_EQ(QFile::permissions(database) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     EXPECT_TRUE(run.program.settings().store(key::雲高1, 1));
+  };
+  for (const auto& c : cases) {
+    for (const QString& copy : {u".bak"_s, u".day"_s})
+      check(c, copy);
   }
 }

@@ -123,7 +123,6 @@ TEST_F(CarryOverTest, AKeyIsCarriedWhereBothFilesHaveIt) {
   Tables& tables = carried(desk.bytes(u"columns.mdb"_s));
   EXPECT_EQ(tables.byName(table::設定)->value(u"新しい設定"), 77);
   EXPECT_EQ(tables.settings()[key::シーケンス時間], 9);
-
   live.openAllTables(made);
   live.settings().restoreStandardSettings(u"-5"_s);
   EXPECT_EQ(carried(Updating::deliveredDatabase()).settings()[key::ポップアップ], true);
