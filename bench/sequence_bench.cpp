@@ -109,7 +109,7 @@ void sequenceOfRecord(benchmark::State& state) {
             u"Z 34010KT 9999 FEW030 18/12 Q1013\r\n\r\n";
   }
   for (auto _ : state)
-    benchmark::DoNotOptimize(sequenceRecordBlock(text, codeOf(u'R', 37)));
+    benchmark::DoNotOptimize(sequenceRecordBlock(text, StationCode(codeOf(u'R', 37))));
   bench::growsInLine(state, static_cast<double>(text.size()));
 }
 BENCHMARK(sequenceOfRecord)->Arg(20'000)->Arg(80'000);

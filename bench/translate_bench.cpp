@@ -65,7 +65,7 @@ constexpr QStringView bodies[] = {
 void translateReports(benchmark::State& state) {
   size_t next = 0;
   for (auto _ : state)
-    benchmark::DoNotOptimize(TranslateReport(StationCode(u"RJTT"_s), u"0630Z",
+    benchmark::DoNotOptimize(TranslateReport(StationCode(QStringLiteral("RJTT")), u"0630Z",
                                              bodies[next++ % std::size(bodies)], settings(), tables()));
   bench::holdTo(state, 0.01);
 }
@@ -76,7 +76,8 @@ void translateLongReport(benchmark::State& state) {
   const QString body = QStringLiteral("34010KT 9999 FEW030 18/12 Q1013 RMK ") +
                        QStringLiteral("1CU030 A2992 CB 20KM E MOV NE ").repeated(state.range(0));
   for (auto _ : state)
-    benchmark::DoNotOptimize(TranslateReport(StationCode(u"RJTT"_s), u"0630Z", body, settings(), tables()));
+    benchmark::DoNotOptimize(
+        TranslateReport(StationCode(QStringLiteral("RJTT")), u"0630Z", body, settings(), tables()));
   bench::growsInLine(state, static_cast<double>(body.size()));
 }
 BENCHMARK(translateLongReport)->Arg(1000)->Arg(4000);
@@ -85,7 +86,8 @@ void refuseReportWithoutTemperature(benchmark::State& state) {
   const QString body =
       QStringLiteral("34010KT 9999 ") + QStringLiteral("FEW030 BR ").repeated(state.range(0));
   for (auto _ : state)
-    benchmark::DoNotOptimize(TranslateReport(StationCode(u"RJTT"_s), u"0630Z", body, settings(), tables()));
+    benchmark::DoNotOptimize(
+        TranslateReport(StationCode(QStringLiteral("RJTT")), u"0630Z", body, settings(), tables()));
   bench::growsInLine(state, static_cast<double>(body.size()));
 }
 BENCHMARK(refuseReportWithoutTemperature)->Arg(8192)->Arg(32768);
@@ -134,8 +136,8 @@ void unknownShare(benchmark::State& state) {
   for (auto _ : state) {
     groups = unknown = failed = 0;
     for (const Report& report : reports) {
-      const QString text =
-          TranslateReport(StationCode(u"RJTT"_s), report.time, report.body, settings(), tables());
+      const QString text = TranslateReport(StationCode(QStringLiteral("RJTT")), report.time, report.body,
+                                           settings(), tables());
       groups += report.body.count(u' ') + 1;
       failed += text == untranslatable ? 1 : 0;
       for (const QString& line : text.split(QStringLiteral("\r\n")))
