@@ -76,6 +76,13 @@ NetFailure failureOf(QNetworkReply::NetworkError error) {
   }
 }
 
+/// A kept connection may end just as a request is given to it, at no fault of its own: another answer on it
+/// was cut, or the server was tired of waiting.
+bool diedUnanswered(const QNetworkReply& transfer) {
+  return transfer.error() == QNetworkReply::RemoteHostClosedError && transfer.rawHeaderPairs().isEmpty() &&
+         !transfer.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+}
+
 bool shorterThanAnnounced(const QNetworkReply& transfer, qsizetype received) {
   const QVariant announced = transfer.header(QNetworkRequest::ContentLengthHeader);
   return announced.isValid() && !transfer.hasRawHeader("Content-Encoding") &&
@@ -162,7 +169,7 @@ class NetInet::OneTransfer final : public Transfer {
   void get() {
     transfer_.reset(client_.network_->get(requestFor(url_)));
     QNetworkReply* const transfer = transfer_.get();
-    QObject::connect(transfer, &QNetworkReply::finished, transfer, [this] { end(judged()); });
+    QObject::connect(transfer, &QNetworkReply::finished, transfer, [this] { finish(); });
     QObject::connect(transfer, &QNetworkReply::readyRead, transfer, [this, transfer] {
       if (transfer->bytesAvailable() > client_.bodyLimit_)
         abort(NetFailure::TooLarge);
@@ -170,9 +177,21 @@ class NetInet::OneTransfer final : public Transfer {
     QObject::connect(&timer_, &QTimer::timeout, transfer, [this] { abort(NetFailure::TimedOut); });
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
-    timer_.start(std::chrono::seconds(client_.timeout_));
+    if (!again_)
+      timer_.start(std::chrono::seconds(client_.timeout_));
     if (transfer->isFinished())
+      finish();
+  }
+
+  void finish() {
+    if (aborted_ != NetFailure::None || again_ || !diedUnanswered(*transfer_)) {
       end(judged());
+      return;
+    }
+    again_ = true;
+    transfer_->disconnect();
+    transfer_.release()->deleteLater();
+    get();
   }
 
   Reply judged() const {
@@ -201,6 +220,7 @@ class NetInet::OneTransfer final : public Transfer {
   QEventLoop* loop_ = nullptr; // that of the wait
   NetFailure aborted_ = NetFailure::None;
   bool sent_ = false;
+  bool again_ = false; // it was sent a second time
   bool awaited_ = false;
 };
 

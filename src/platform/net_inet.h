@@ -21,8 +21,9 @@ std::shared_ptr<QNetworkAccessManager> makeNetwork();
 /// The client for http, https and file addresses, and for files compiled into the program (qrc).
 ///
 /// Redirects are followed, at most ten and never from https to http. An error status whose body begins with
-/// "<" is an answer like any other. A file address is read at once, without the event loop. open() and
-/// begin() may be called while another wait of the same client goes on; each call has its own transfer.
+/// "<" is an answer like any other. A request whose connection ended before any answer came is sent once
+/// more. A file address is read at once, without the event loop. open() and begin() may be called while
+/// another wait of the same client goes on; each call has its own transfer.
 class NetInet final : public Inet {
  public:
   static constexpr qint64 largestBody = 64LL * 1024 * 1024;

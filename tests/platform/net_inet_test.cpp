@@ -7,7 +7,11 @@
 #include "support/printing.h"
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
+#include <QNetworkReply>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -110,6 +114,34 @@ TEST_F(NetInetTest, FailsWhereThereIsNothingToReach) {
     // A server that speaks no TLS hangs up.
     EXPECT_EQ(reply.failure, address.startsWith(u"https") ? NetFailure::Cut : NetFailure::Unreachable);
   }
+}
+
+TEST_F(NetInetTest, AsksOnceMoreWhereTheConnectionEndedUnanswered) {
+  QTcpServer hasty;
+  ASSERT_TRUE(hasty.listen(QHostAddress::LocalHost));
+  int requests = 0;
+  int unanswered = 100;
+  QObject::connect(&hasty, &QTcpServer::newConnection, &hasty, [&] {
+    QTcpSocket* socket = hasty.nextPendingConnection();
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
+      socket->readAll();
+      if (++requests > unanswered)
+        socket->write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n4.31");
+      socket->disconnectFromHost();
+    });
+  });
+  const QUrl address(u"http://127.0.0.1:%1/x"_s.arg(hasty.serverPort()));
+  EXPECT_EQ(NetInet(makeNetwork(), shutdown).open(address).failure, NetFailure::Cut);
+  requests = 0;
+  const std::shared_ptr<QNetworkAccessManager> plain = makeNetwork();
+  const std::unique_ptr<QNetworkReply> reply(plain->get(QNetworkRequest(address)));
+  QEventLoop loop;
+  QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
+  loop.exec();
+  ASSERT_EQ(reply->error(), QNetworkReply::RemoteHostClosedError);
+  // So many times the network asks by itself.
+  unanswered = std::exchange(requests, 0);
+  EXPECT_EQ(NetInet(makeNetwork(), shutdown).open(address).body, "4.31");
 }
 
 TEST_F(NetInetTest, FollowsRedirectsToAnotherServer) {
