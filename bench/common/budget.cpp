@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <map>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -47,6 +48,15 @@ std::string timeText(double milliseconds) {
   return text;
 }
 
+/// Newer releases of the library name it otherwise.
+template <class Run>
+std::optional<std::string> failureOf(const Run& run) {
+  if constexpr (requires { run.error_occurred; })
+    return run.error_occurred ? std::optional(run.error_message) : std::nullopt;
+  else
+    return run.skipped ? std::optional(run.skip_message) : std::nullopt;
+}
+
 class Table final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
@@ -56,8 +66,8 @@ class Table final : public benchmark::BenchmarkReporter {
       if (run.run_type == Run::RT_Aggregate || run.report_big_o || run.report_rms)
         continue;
       Row& row = rowOf(run);
-      if (run.error_occurred) {
-        row.error = run.error_message;
+      if (const std::optional<std::string> failure = failureOf(run)) {
+        row.error = *failure;
         continue;
       }
       const bool manual = run.run_name.time_type == "manual_time";
