@@ -182,19 +182,3 @@ TEST_F(CliTest, LinksNoLibraryOfAWindow) {
   for (const char* name : {"Qt6Gui", "Qt6Widgets", "Qt6WebEngine", "Qt6Multimedia", "libX11", "libwayland"})
     EXPECT_FALSE(libraries.contains(name)) << name;
 }
-
-TEST_F(CliTest, FetchesALongListOverOneConnection) {
-  QStringList codes;
-  for (int i = 0; i < 40; ++i) {
-    codes.append(u"RJ"_s + QChar(u'A' + i / 26) + QChar(u'A' + i % 26));
-    world.report(codes.last(), u"05:00"_s, u"240500Z"_s, u"240500Z"_s);
-  }
-  world.server.setDelivery(u"/pub/"_s, {.delay = 10});
-  Cli run(with({u"run"_s, codes.join(u' ')}));
-  QElapsedTimer time;
-  time.start();
-  EXPECT_EQ(run.end(), 0);
-  EXPECT_EQ(run.readAllStandardOutput().count("  METAR 1400I"), 40);
-  EXPECT_EQ(world.server.connections(), 1);
-  RecordProperty("milliseconds", static_cast<int>(time.elapsed()));
-}

@@ -100,31 +100,6 @@ TEST_P(CloseWindowTest, AtEveryTurnOfTheEventLoopEndsTheRun) {
 INSTANTIATE_TEST_SUITE_P(Close, CloseWindowTest, testing::ValuesIn(runs),
                          [](const auto& run) { return run.param.name; });
 
-TEST_F(WindowTest, ClosingTheStartAtEveryTurnLeavesWholeFiles) {
-  int rejected = 0;
-  for (int turn = 1; turn < 60; ++turn) {
-    SCOPED_TRACE(turn);
-    makeDesktop();
-    AtTurn closing(turn, [this] {
-      for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* splash = qobject_cast<QDialog*>(widget); splash && splash->objectName() == u"opening")
-          splash->reject();
-      }
-    });
-    const bool started = desktop_->start();
-    desktop_.reset();
-    const QString database = home_.filePath(u"soran.mdb"_s);
-    EXPECT_TRUE(!QFile::exists(database) || isWholeDatabase(database));
-    if (started)
-      break;
-    ++rejected;
-  }
-  EXPECT_GE(rejected, 3);
-  start();
-  type(u"RJTT"_s);
-  EXPECT_TRUE(shown().contains(u"RJTT  METAR"));
-}
-
 TEST_F(WindowTest, ShowsGarbageInTime) {
   const QByteArray head = "2026/11/24 05:00\nRJAA 240500Z ";
   const struct {

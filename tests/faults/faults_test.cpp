@@ -33,14 +33,14 @@ const QList<Group> edited = [] {
   return groups;
 }();
 
-/// The event of a session by which the groups are edited.
+/// The events of a session by which the groups are edited, and three settings at once.
 QByteArray editingOf(const QList<Group>& groups) {
   QJsonArray rows;
   for (const Group& group : groups)
     rows.append(QJsonArray{group.id, group.route});
   return QJsonDocument(QJsonObject{{u"table"_s, u"カンパニー"_s}, {u"rows"_s, rows}})
              .toJson(QJsonDocument::Compact) +
-         '\n';
+         "\n{\"set\": {\"視程1\": 77, \"視程2\": 77, \"視程3\": 77}}\n";
 }
 
 /// What is done with the program, and what holds then beside the user's rows.
@@ -127,6 +127,9 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
     if (!deed.isFirst) {
       EXPECT_THAT(program.tables.groupRows(), AnyOf(mine, deed.groups));
       EXPECT_EQ(program.settings()[key::雲高1], limit);
+      const auto visibility = program.settings()[key::視程1];
+      EXPECT_EQ(program.settings()[key::視程2] == visibility, visibility == 77);
+      EXPECT_EQ(program.settings()[key::視程3] == visibility, visibility == 77);
     }
     // What the fault kept from being done, this start has done.
     EXPECT_EQ(program.settings()[key::DBバージョン], 1.0);

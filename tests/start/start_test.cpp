@@ -49,22 +49,6 @@ TEST(Start, NeedsNoUpdateEndpointWhereTheProbeAnswers) {
   EXPECT_TRUE(run.program.networkAvailable);
 }
 
-TEST(Start, SecondInstanceLeavesTheFirstAlone) {
-  World world;
-  world.prepare();
-  auto first = std::make_unique<StartRun>(world);
-  ASSERT_TRUE(first->start());
-  StartRun second(world);
-  EXPECT_FALSE(second.start());
-  EXPECT_EQ(second.result, Opening::Result::AlreadyRunning);
-  EXPECT_EQ(textsOf(second.desk.takeSeen().dialogs), QStringList{u"SORAN はすでに起動しています  "_s});
-  EXPECT_TRUE(second.asked().isEmpty());
-  EXPECT_TRUE(first->program.settings().store(key::雲高1, 1));
-  EXPECT_TRUE(fileExists(world.path(u"data"_s)));
-  first.reset();
-  EXPECT_TRUE(second.start());
-}
-
 TEST(Start, RestoresALostDatabase) {
   const QByteArray whole = delivered::file(u"update/data/soran.mdb"_s);
   const struct {

@@ -53,24 +53,12 @@ TEST(Start, FirstStartFetchesWhatIsMissing) {
   EXPECT_EQ(run.program.console.status().panel1(), u"ネットワーク接続待機");
   EXPECT_EQ(run.panel2(), u"システム初期化中");
   EXPECT_TRUE(run.program.console.overlay());
-  EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs), QStringList{u"データベースを初期化しました　　"_s});
-  Settings& settings = run.program.settings();
-  EXPECT_EQ(settings.record().value(SettingIndex::SORANバージョン).toString(), u"4.31");
-  EXPECT_EQ(settings[key::SORAN更新日], u"2026/11/24"_s);
-  EXPECT_EQ(settings[key::DBバージョン], 1.0);
-  EXPECT_EQ(settings[key::UPDATEバージョン], 1.0);
-  EXPECT_EQ(settings[key::BASEurl], world.server.baseAddress());
   const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
                       QFile::WriteOther | QFile::ExeOther;
   for (const QString& name : {u""_s, u"data"_s, u"sound"_s, u"soran.mdb"_s})
     EXPECT_FALSE(QFile::permissions(world.path(name)) & others) << name.toStdString();
   EXPECT_FALSE(fileExists(world.path(u"data/version.dat"_s)));
   EXPECT_EQ(contents(world.path(u"sound/ring.wav"_s)), delivered::file(u"update/data/ring.wav"_s));
-
-  run.keys(u"\x1B"_s);
-  EXPECT_TRUE(run.terminal.ended());
-  EXPECT_FALSE(fileExists(world.path(u"data"_s)));
-  world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
 }
 
 TEST(Start, SecondStartAsksForVersionsAlone) {
@@ -102,64 +90,6 @@ TEST(Start, ComesUpWithoutNetworkWhereAProbeIsSet) {
   run.tick();
   EXPECT_EQ(run.shown(), u"\r\nRECONNECT NETWORK\r\n");
   EXPECT_TRUE(run.program.networkAvailable);
-}
-
-TEST(Start, ChecksTheVersionAtActivation) {
-  const Answer newer{.body = "4.32\n1.00\n1.00\n"};
-  enum class End { None, Updater, Question, Notice };
-  const struct {
-    const char* name;
-    Answer answer;
-    bool ask;
-    bool confirm;
-    bool module;
-    bool signedOnly;
-    bool yes;
-    End end;
-    bool closes;
-  } cases[] = {
-      {"same", {.body = "4.31\n9\n9\n"}, true, true, true, false, true, End::None, false},
-      {"same number", {.body = "4.310\n"}, true, true, true, false, true, End::None, false},
-      {"page", {.body = "<html>"}, true, false, true, false, true, End::None, false},
-      {"failed", {.body = "gone", .status = 500}, true, false, true, false, true, End::None, false},
-      {"newer", newer, true, false, true, false, false, End::Updater, true},
-      {"empty", {}, true, false, true, false, false, End::Updater, true},
-      {"asked, yes", newer, true, true, true, false, true, End::Question, true},
-      {"asked, no", newer, true, true, true, false, false, End::Question, false},
-      {"no module", newer, true, false, false, false, true, End::Notice, false},
-      {"unsigned module", newer, true, false, true, true, true, End::Notice, false},
-      {"passive", newer, false, true, true, false, true, End::Notice, false},
-      {"passive, same", {.body = "4.31"}, false, true, true, false, true, End::None, false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    World world;
-    world.prepare([&c](Tables& tables) {
-      setFlag(tables, key::起動時にバージョン確認, c.ask);
-      setFlag(tables, key::更新確認メッセージ, c.confirm);
-    });
-    if (!c.module) {
-      QFile::remove(world.path(u"update.exe"_s));
-      world.server.removeFile(u"/data/update.exe"_s);
-    }
-    world.endpoints.signedUpdates = c.signedOnly;
-    serveVersions(world, c.answer);
-    ProgramRun run(world);
-    run.desk.dialogs.answers = {c.yes};
-    whenWaiting(run, [&run] { run.type(QString()); });
-    EXPECT_EQ(run.start(), !c.closes);
-    EXPECT_EQ(run.terminal.updaterRequested(), c.closes);
-    EXPECT_EQ(run.screen().contains(u"Now you can download a latest version 4.32\r\n"_s),
-              c.end == End::Notice);
-    const QStringList asked = textsOf(run.desk.takeSeen().dialogs);
-    EXPECT_EQ(asked, c.end == End::Question
-                         ? QStringList{u"SORAN は Version 4.32 にアップデートされています　　\r\r"
-                                       "最新版をダウンロードしますか？  "_s}
-                         : QStringList());
-    if (!c.closes) {
-      EXPECT_TRUE(run.screen().endsWith(connected));
-    }
-  }
 }
 
 TEST(Start, WaitsForEnterBehindThePassiveNotice) {

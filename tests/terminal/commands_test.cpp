@@ -115,6 +115,11 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
       {u"RJTTRJAA"_s, syntax, {u"SYNTAX ERROR"_s}},
       {u"SQ"_s, syntax, {u"SYNTAX ERROR"_s}},
       {u"ＲＪＴＴ"_s, syntax, {u"SYNTAX ERROR"_s}},
+      {u"SS RJTT ZZZZ"_s,
+       u"\r\n\r\nRJTT  SUNRISE 06:24  SUNSET 16:30   ELV 21  ⊿H -6\r\nZZZZ  NOT FOUND POSITION DATA\r\n"_s +
+           ready,
+       {u"SUNRISE/SUNSET CALCULATION COMMAND"_s}},
+      {u"SS RJT"_s, syntax, {u"SUNRISE/SUNSET CALCULATION COMMAND"_s, u"SYNTAX ERROR"_s}},
       {u"RESET"_s,
        u"\r\n\r\nDATABASE RESET SEQUENCE COMPLETED\r\n"_s + ready,
        {u"DATABASE RESET SEQUENCE"_s},
@@ -143,6 +148,8 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
     EXPECT_TRUE(run.asked().isEmpty());
   }
   EXPECT_EQ(run.program.settings()[key::DBバージョン].value_or(-1), 0);
+  EXPECT_TRUE(run.program.console.recentCodes.contains(u" RJTT ZZZZ "));
+  EXPECT_TRUE(run.program.inputHistory.contains(u" RJTT ZZZZ "));
   run.keys(u"\b\b\b\b\b\b"_s);
   EXPECT_EQ(run.program.console.inputlbl(), QString());
   run.type(u"exit"_s);

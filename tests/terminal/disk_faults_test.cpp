@@ -147,20 +147,6 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
   EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
 }
 
-TEST(DamagedDatabase, UnderAnotherPasswordGivesWayAndIsKept) {
-  World world;
-  prepareOwn(world);
-  const QByteArray foreign = exported(world, u"'another password'"_s);
-  EXPECT_FALSE(foreign.isEmpty());
-  World other;
-  other.prepare();
-  writeWhole(other.path(u"soran.mdb"_s), foreign);
-  ProgramRun run(other);
-  ASSERT_TRUE(run.start());
-  EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
-  EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == foreign);
-}
-
 TEST(OtherFormat, IsToldAndNeverReplaced) {
   World world;
   prepareOwn(world);
@@ -260,38 +246,4 @@ TEST(BusyDatabase, IsNotTakenForADamagedOne) {
   }
   EXPECT_FALSE(fileExists(world.path(u"soran.mdb.damaged"_s)));
   expectOwn(world);
-}
-
-TEST(KilledSettings, AreThoseBeforeOrBehindAWrite) {
-  World world;
-  prepareOwn(world);
-  for (int round = 0; round < 12; ++round) {
-    int first[2];
-    ASSERT_EQ(pipe(first), 0);
-    ChildProcess child([&] {
-      Tables tables;
-      tables.openAllTables(world.path(u"soran.mdb"_s));
-      for (int n = 1;; ++n) {
-        for (const auto key : {key::雲高1, key::視程1, key::RVR1})
-          tables.settings().set(key, n);
-        tables.settings().update();
-        if (n == 1)
-          close(first[1]);
-      }
-    });
-    close(first[1]);
-    char none = 0;
-    EXPECT_EQ(read(first[0], &none, 1), 0); // the first write is done
-    close(first[0]);
-    usleep(useconds_t(round * 1'111));
-    EXPECT_TRUE(child.signal(SIGKILL));
-    child.wait();
-    world.store([](Tables& tables) {
-      EXPECT_EQ(tables.airportRows(), own);
-      EXPECT_NE(tables.settings()[key::雲高1], 1234);
-      const Settings& settings = tables.settings();
-      EXPECT_EQ(settings[key::視程1], settings[key::雲高1]);
-      EXPECT_EQ(settings[key::RVR1], settings[key::雲高1]);
-    });
-  }
 }

@@ -155,46 +155,6 @@ TEST_F(MenusTest, FormsGoAndComeWithTheWindow) {
   EXPECT_EQ(joined(run.desk.takeSeen().forms), u"log|command"_s);
 }
 
-TEST_F(MenusTest, TypedCommandsOpenTheSameForms) {
-  struct Case {
-    const char* line;
-    QString log;
-    QString shown;
-    QString form;
-    QString left; ///< what stays in the typed line
-  };
-  const Case cases[] = {
-      {"ap", u"DISPLAY AIRPORT LIST"_s, echo, u"airport"_s, {}},
-      {"DE", u"DISPLAY AUTO DECODE LIST"_s, echo, u"decodelist"_s, {}},
-      {"GP", u"DISPLAY GROUP LIST"_s, echo, u"company"_s, {}},
-      {"CAM", u"DISPLAY NETWORK CAMERA"_s, echo, u"camera"_s, {}},
-      {"SS RJTT ZZZZ",
-       u"SUNRISE/SUNSET CALCULATION COMMAND"_s,
-       crlf + crlf + u"RJTT  SUNRISE 06:24  SUNSET 16:30   ELV 21  ⊿H -6" + crlf +
-           u"ZZZZ  NOT FOUND POSITION DATA" + crlf + ready,
-       {},
-       {}},
-      {"SS RJT",
-       u"SUNRISE/SUNSET CALCULATION COMMAND|SYNTAX ERROR"_s,
-       crlf + u"SYNTAX ERROR" + crlf + ready,
-       {},
-       {}},
-      {"JAPANESE", {}, {}, u"weather"_s, u"JAPANESE"_s},
-  };
-  run.program.settings().store(key::マニュアル入力時停止, false);
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.line);
-    run.type(QString::fromUtf8(c.line));
-    EXPECT_EQ(joined(run.logged()), c.log);
-    EXPECT_EQ(run.shown(), c.shown);
-    EXPECT_EQ(joined(run.desk.takeSeen().forms), c.form);
-    EXPECT_EQ(run.program.console.inputlbl(), c.left);
-    EXPECT_EQ(run.program.console.padlbl(), QString());
-  }
-  EXPECT_TRUE(run.program.console.recentCodes.contains(u" RJTT ZZZZ "));
-  EXPECT_TRUE(run.program.inputHistory.contains(u" RJTT ZZZZ "));
-}
-
 TEST_F(MenusTest, TheDictionaryFormOpensForTheTableAskedFor) {
   QList<DictionaryMode> modes;
   run.desk.forms.onModal = [&](const ModalForm& shown) {
@@ -213,11 +173,5 @@ TEST_F(MenusTest, OpeningAnEditorHoldsTheWatchOff) {
     run.program.watchTicks = 9;
     menus().choose(name);
     EXPECT_EQ(run.program.watchTicks, 0) << name.toStdString();
-  }
-  for (const bool stops : {false, true}) {
-    run.program.settings().store(key::マニュアル入力時停止, stops);
-    run.terminal.cycle().enableWatch(true);
-    menus().choose(u"menu_airport"_s);
-    EXPECT_EQ(run.terminal.cycle().watchEnabled(), !stops);
   }
 }

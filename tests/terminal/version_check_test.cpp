@@ -160,19 +160,6 @@ TEST_F(VersionCheckTest, TheTypedUpdateAlwaysAsks) {
   EXPECT_TRUE(terminal.updaterRequested());
 }
 
-TEST_F(VersionCheckTest, TheTypedResetRenewsTheDatabaseAtTheNextStart) {
-  start();
-  program.settings().store(key::DBバージョン, 1.0);
-  type(u"RESET");
-  EXPECT_EQ(program.settings()[key::DBバージョン], 0.0);
-  EXPECT_TRUE(program.console.screen().text().contains(u"DATABASE RESET SEQUENCE COMPLETED"));
-  EXPECT_EQ(newestLog(), u"DATABASE RESET SEQUENCE");
-  EXPECT_THAT(
-      desk.dialogs(),
-      ElementsAre(
-          u" 確認 | データベース リセット シーケンスを設定しました　　\r\n\r\nSORAN を再起動してください"_s));
-}
-
 namespace {
 
 struct StartCase {
@@ -186,6 +173,8 @@ struct StartCase {
   bool asked = false;
   bool handedOver = false;
   bool noticed = false;
+  int status = 200;
+  bool signedOnly = false;
 };
 
 class VersionAtStartTest : public VersionCheckTest, public ::testing::WithParamInterface<StartCase> {
@@ -195,7 +184,9 @@ class VersionAtStartTest : public VersionCheckTest, public ::testing::WithParamI
 
 const StartCase startCases[] = {
     {"Same", "4.31\n", true, true},
-    {"Page", "<html>", true, true},
+    {"SameNumber", "4.310\n", true, true},
+    {"Page", "<html>", true, false},
+    {.name = "Failed", .versions = "4.32\n", .check = true, .ask = false, .status = 500},
     {"AskedNo", "4.32\n", true, true, false, true, {}, true},
     {"AskedYes", "4.32\n", true, true, true, true, {}, true, true},
     {"Silent", "4.32\n", true, false, false, true, {}, false, true},
@@ -206,6 +197,12 @@ const StartCase startCases[] = {
     {"WithoutModule", "4.32\n", true, false, false, false, {}, false, false, true},
     {"WithoutModuleAskedYes", "4.32\n", true, true, true, false, {}, true, false, true},
     {"WithoutModuleAskedNo", "4.32\n", true, true, false, false, {}, true},
+    {.name = "UnsignedModule",
+     .versions = "4.32\n",
+     .check = true,
+     .ask = false,
+     .noticed = true,
+     .signedOnly = true},
     {"BehindAFailedUpdate", "4.32\n", true, false, false, true, "failed", false, false, true},
     {"BehindAnUpdate", "4.32\n", true, false, false, true, "done", false, false, true},
 };
@@ -220,7 +217,8 @@ TEST_P(VersionAtStartTest, AsksTellsOrHandsOver) {
     QFile::remove(desk.path(u"update.exe"_s));
   program.settings().store(key::起動時にバージョン確認, c.check);
   program.settings().store(key::更新確認メッセージ, c.ask);
-  desk.setVersions(c.versions);
+  desk.server.setAnswer(u"/data/version.dat"_s, {.body = c.versions, .status = c.status});
+  program.services.endpoints.signedUpdates = c.signedOnly;
   desk.run.desk.dialogs.answers = {c.yes};
   start();
   EXPECT_EQ(terminal.updaterRequested(), c.handedOver);

@@ -134,12 +134,6 @@ TEST_F(ModuleTest, WithoutArgumentsItWorksWhereItLies) {
   EXPECT_EQ(started(), u"new done --home " + installation.home());
 }
 
-TEST_F(ModuleTest, TheDeliveredModuleTakesNoOtherKey) {
-  offer(u"4.32"_s);
-  EXPECT_EQ(runModule({u"--home"_s, installation.home(), u"--program"_s, program}, TestKey(3).publicKey), 1);
-  EXPECT_EQ(started(), u"former failed --home " + installation.home());
-}
-
 TEST_F(ModuleTest, RefusesUnusableArguments) {
   for (const QStringList& arguments : {QStringList{u"--home"_s}, {u"--what"_s}, {u"word"_s}}) {
     EXPECT_EQ(run(testModule, arguments), 2);
