@@ -147,6 +147,20 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
   EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
 }
 
+TEST(DamagedDatabase, UnderAnotherPasswordGivesWayAndIsKept) {
+  World world;
+  prepareOwn(world);
+  const QByteArray foreign = exported(world, u"'another password'"_s);
+  EXPECT_FALSE(foreign.isEmpty());
+  World other;
+  other.prepare();
+  writeWhole(other.path(u"soran.mdb"_s), foreign);
+  ProgramRun run(other);
+  ASSERT_TRUE(run.start());
+  EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
+  EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == foreign);
+}
+
 TEST(OtherFormat, IsToldAndNeverReplaced) {
   World world;
   prepareOwn(world);
