@@ -3,6 +3,7 @@
 #include "reports/sequence.h"
 
 #include "base/files.h"
+#include "base/foreign_text.h"
 #include "base/report_rules.h"
 #include "base/text.h"
 #include "reports/layout.h"
@@ -181,7 +182,7 @@ void CycleFile::findOther(size_t index, const StationCode& code) {
 std::vector<QString> CycleFile::lines(size_t index) const {
   std::vector<QString> lines;
   for (const Stretch& stretch : found_[index])
-    lines.push_back(textOfBytes(text_.mid(stretch.begin, stretch.end - stretch.begin)));
+    lines.push_back(cleaned(textOfBytes(text_.mid(stretch.begin, stretch.end - stretch.begin))));
   return lines;
 }
 

@@ -130,14 +130,13 @@ QString TranslateReport(const StationCode& code, QStringView time, QStringView b
   // Titles and sentences take about six times the room of their groups.
   constexpr qsizetype growth = 6;
   constexpr qsizetype header = 100;
-  QString oneLine;
-  if (body.contains(u'\n')) {
-    oneLine = body.toString();
-    oneLine.replace(u'\n', u' ');
-    body = oneLine;
-  }
+  QString oneLine = body.toString();
+  oneLine.replace(u'\n', u' ');
+  // A report whose line end is missing reads as with one.
+  if (!oneLine.endsWith(u' '))
+    oneLine += u' ';
   try {
-    ReportWalk walk(body, settings, dictionaries);
+    ReportWalk walk(oneLine, settings, dictionaries);
     walk.out.text.reserve(header + growth * body.size());
     tellHeader(walk, code.text(), time);
     tellWind(walk);

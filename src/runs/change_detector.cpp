@@ -5,8 +5,7 @@
 #include "base/report_rules.h"
 #include "base/text.h"
 #include "reports/layout.h"
-
-#include <optional>
+#include "runs/report_intake.h"
 
 namespace soran {
 
@@ -39,33 +38,35 @@ class Comparison {
   void compare(size_t row) {
     const StationCode code(asciiUpper(program_.stationTable.rows()[row].stationCode.text()));
     const Endpoints& endpoints = program_.services.endpoints;
-    if (const auto response = fetch(endpoints.metar, code);
-        response && taken(row, *response, &Station::metarStamp))
-      tell(code, metarNotice(Stamp::of(*response)));
-    if (const auto response = fetch(endpoints.taf, code);
-        response && taken(row, *response, &Station::tafStamp))
-      tell(code, tafNotice(*response));
+    if (const Arrival metar = fetch(endpoints.metar, code, ReportKind::Metar);
+        isNews(row, metar, &Station::metarStamp))
+      tell(code, metarNotice(metar.stamp()));
+    if (const Arrival taf = fetch(endpoints.taf, code, ReportKind::Taf); isNews(row, taf, &Station::tafStamp))
+      tell(code, tafNotice(taf.text));
   }
 
   /// What was told so far, in the order of the table.
   const QStringList& notices() const { return notices_; }
 
  private:
-  std::optional<QString> fetch(const QString& base, const StationCode& code) {
-    const Reply reply = program_.services.inet.open(stationFile(base, code));
-    return reply.isWhole() ? std::optional(reply.text()) : std::nullopt;
+  Arrival fetch(const QString& base, const StationCode& code, ReportKind kind) {
+    return takeIn(program_, code, kind, program_.services.inet.open(stationFile(base, code)));
   }
 
-  /// Stores the response's stamp where it is a new one. The table may have been rebuilt during the wait.
-  bool taken(size_t row, const QString& response, Stamp Station::*field) {
-    if (row >= program_.stationTable.rows().size())
+  /// Whether what came is to be told. Stores its stamp where that is a new one. The table may have been
+  /// rebuilt during the wait.
+  bool isNews(size_t row, const Arrival& arrival, Stamp Station::*field) {
+    using enum Arrival::Standing;
+    if (arrival.standing == Failed || arrival.standing == Older || row >= program_.stationTable.rows().size())
       return false;
     Stamp& stamp = program_.stationTable.rows()[row].*field;
-    const Stamp found = Stamp::of(response);
-    if (found == stamp)
+    if (arrival.stamp() == stamp)
       return false;
-    stamp = found;
+    stamp = arrival.stamp();
     program_.cycleChanged = true;
+    if (arrival.standing == Future)
+      return false;
+    program_.cycleAnnounces = true;
     return true;
   }
 
@@ -89,7 +90,7 @@ void checkForChanges(Program& program) {
   program.console.setBusy(false);
   if (program.settings()[key::自動デコード有効] == false || program.stationTable.stationCount() == 0)
     return;
-  program.cycleChanged = false;
+  program.cycleChanged = program.cycleAnnounces = false;
   Comparison comparison(program);
   for (size_t row = 0; row < program.stationTable.rows().size(); ++row)
     comparison.compare(row);

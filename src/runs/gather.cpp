@@ -9,6 +9,7 @@
 #include "reports/sequence_record.h"
 #include "reports/translate_report.h"
 #include "runs/cycle_files.h"
+#include "runs/report_intake.h"
 #include "runs/station_files.h"
 
 #include <QFile>
@@ -40,19 +41,37 @@ void forEachStation(GatheredRun& run, const std::vector<StationCode>& codes, Run
   progress.ends(run.request, int(codes.size()));
 }
 
+/// What a run shows of what came: one that the watch started keeps to the latest report known, one that the
+/// user started shows what there is.
+const QString& shownOf(const Arrival& arrival, const RunRequest& request) {
+  const bool keepsLatest = request.origin == RunOrigin::Cycle && arrival.standing == Arrival::Standing::Older;
+  return keepsLatest ? arrival.known : arrival.text;
+}
+
+/// The METAR that a translation or a sequence tells of; nothing where there is none.
+std::optional<QString> takeMetar(Program& program, const RunRequest& request, StationFiles& files,
+                                 size_t place) {
+  const Arrival arrival =
+      takeIn(program, files.codes()[place], ReportKind::Metar, files.take(place, ReportKind::Metar));
+  return arrival.isReport() ? std::optional(shownOf(arrival, request)) : std::nullopt;
+}
+
 void gatherReports(Program& program, GatheredRun& run, RunProgress& progress) {
   StationFiles files(program.services, codesOf(run.request.codes), true);
   const auto fetch = [&](size_t place, ReportKind kind) -> LaidOutReport {
-    const std::optional<QString> response = files.take(place, kind);
-    if (!response)
+    const StationCode& code = files.codes()[place];
+    const Arrival arrival = takeIn(program, code, kind, files.take(place, kind));
+    if (!arrival.isReport())
       return {false, QString(),
               kind == ReportKind::Metar ? u"      NO OBSERVATION"_s : u"      NO FORECAST"_s};
-    StationReport report = layoutReport(*response, kind, program.record());
+    const bool older = arrival.standing == Arrival::Standing::Older;
     if (run.request.fullLoad) {
-      if (Station* station = program.stationTable.find(files.codes()[place]))
-        (kind == ReportKind::Metar ? station->metarStamp : station->tafStamp) = report.stamp;
+      if (Station* station = program.stationTable.find(code))
+        (kind == ReportKind::Metar ? station->metarStamp : station->tafStamp) =
+            Stamp::of(older ? arrival.known : arrival.text);
     }
-    return {true, std::move(report.obsTime), std::move(report.body)};
+    StationReport report = layoutReport(shownOf(arrival, run.request), kind, program.record());
+    return {true, std::move(report.obsTime), std::move(report.body), older};
   };
   forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
     station.metar = fetch(place, ReportKind::Metar);
@@ -69,7 +88,7 @@ void gatherTranslations(Program& program, GatheredRun& run, RunProgress& progres
   constexpr Position1 behindTimeGroup = 14;
   StationFiles files(program.services, codesOf(run.request.codes), false);
   forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
-    const std::optional<QString> response = files.take(place, ReportKind::Metar);
+    const std::optional<QString> response = takeMetar(program, run.request, files, place);
     if (!response) {
       station.block = crlf + station.code.text() + u"  NOT FOUND" + crlf;
       return;
@@ -102,7 +121,7 @@ void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
 
   bool latestShown = false;
   forEachStation(run, codes, progress, [&](size_t place, StationResult& station) {
-    const std::optional<QString> latest = stations.take(place, ReportKind::Metar);
+    const std::optional<QString> latest = takeMetar(program, run.request, stations, place);
     SequenceBlock block =
         sequenceBlock(station.code, place, latest, hours, files, program.record(), latestShown);
     run.missingCycleFile = run.missingCycleFile || block.missingFile;

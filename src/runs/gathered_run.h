@@ -14,6 +14,7 @@ struct LaidOutReport {
   bool found = false; ///< false where the file was refused
   QString obsTime;    ///< time label such as 0500Z; empty where it was refused
   QString body;       ///< the laid-out report, or the line that tells that there is none
+  bool older = false; ///< a later one of the station is known
 };
 
 /// What a run found of one station.

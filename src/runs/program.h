@@ -4,6 +4,7 @@
 
 #include "platform/services.h"
 #include "reports/dictionaries.h"
+#include "runs/report_intake.h"
 #include "runs/run_request.h"
 #include "runs/station_table.h"
 #include "screen/console.h"
@@ -32,7 +33,9 @@ struct Program {
   QString inputHistory = QStringLiteral(" "); ///< words typed, blank-delimited, 200 characters at most
 
   StationTable stationTable;
-  bool cycleChanged = false;   ///< the last comparison found a new report
+  KnownReports knownReports;
+  bool cycleChanged = false;   ///< the last comparison found a report that is not shown yet
+  bool cycleAnnounces = false; ///< one of these is to be announced
   QString lastCycleTime;       ///< HH:MM, local, at which the last cycle ended
   bool lastProbeGood = true;   ///< the last probe of the network watch succeeded
   bool minimised = false;      ///< the main window is minimised

@@ -146,7 +146,8 @@ void RunDisplay::tookMetar(const RunRequest& request, const StationResult& stati
   if (request.fullLoad)
     console.addLogEntry(station.code.text() +
                         (isRoutine(station.metar) ? u" METAR RECEIVED"_s : u" SPECI RECEIVED"_s));
-  if (!appendSequenceRecord(program_.services.path(u"data/sequence.dat"), metarText(station)))
+  if (!station.metar.older &&
+      !appendSequenceRecord(program_.services.path(u"data/sequence.dat"), metarText(station)))
     qCWarning(lcPipeline) << "passed over: appending to the sequence record";
 }
 

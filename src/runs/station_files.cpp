@@ -2,19 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runs/station_files.h"
 
+#include "reports/station_text.h"
+
 #include <algorithm>
 
 namespace soran {
-
-namespace {
-
-/// Nothing where the transfer failed or brought a page.
-std::optional<QString> reportIn(const Reply& reply) {
-  const QString text = reply.text();
-  return reply.isWhole() && !text.startsWith(u'<') ? std::optional(text) : std::nullopt;
-}
-
-} // namespace
 
 StationFiles::StationFiles(const Services& services, std::vector<StationCode> codes, bool forecasts)
     : services_(services), codes_(std::move(codes)), forecasts_(forecasts), onTheWay_(codes_.size()) {}
@@ -31,24 +23,21 @@ void StationFiles::beginUpTo(size_t place) {
     const size_t station = begun_++;
     onTheWay_[station].metar =
         services_.inet.begin(addressOf(station, ReportKind::Metar), [this, station](const Reply& reply) {
-          if (forecasts_ && reportIn(reply))
+          if (forecasts_ && reply.isWhole() && readStationText(codes_[station], reply.text()).isReport())
             onTheWay_[station].taf =
                 services_.inet.begin(addressOf(station, ReportKind::Taf), [](const Reply&) {});
         });
   }
 }
 
-std::optional<QString> StationFiles::take(size_t place, ReportKind kind) {
-  Reply reply;
-  if (const int ahead = services_.endpoints.ahead; ahead == 0) {
-    reply = services_.inet.open(addressOf(place, kind));
-  } else {
-    beginUpTo(place + size_t(ahead));
-    auto& transfer = kind == ReportKind::Metar ? onTheWay_[place].metar : onTheWay_[place].taf;
-    reply = transfer->take();
-    transfer.reset();
-  }
-  return reportIn(reply);
+Reply StationFiles::take(size_t place, ReportKind kind) {
+  if (services_.endpoints.ahead == 0)
+    return services_.inet.open(addressOf(place, kind));
+  beginUpTo(place + size_t(services_.endpoints.ahead));
+  auto& transfer = kind == ReportKind::Metar ? onTheWay_[place].metar : onTheWay_[place].taf;
+  Reply reply = transfer->take();
+  transfer.reset();
+  return reply;
 }
 
 } // namespace soran

@@ -7,14 +7,14 @@
 #include "reports/layout.h"
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace soran {
 
 /// The station files that one run asks for. While those of one station are taken, those of the next
 /// `Endpoints::ahead` stations are on the way, by the same requests: a METAR each and, where `forecasts` and
-/// the METAR is there, a TAF. The replies belong to the places of the list and go with the object.
+/// the METAR is a report of the station, a TAF. The replies belong to the places of the list and go with the
+/// object.
 class StationFiles {
  public:
   StationFiles(const Services& services, std::vector<StationCode> codes, bool forecasts);
@@ -24,10 +24,10 @@ class StationFiles {
 
   const std::vector<StationCode>& codes() const { return codes_; }
 
-  /// The text of a file of the station at `place` of the list (from 0), nothing where it was refused or the
-  /// transfer failed. Waits in the event loop; throws Unwind where the program was closed. Asked once for
-  /// each file, for rising places, the TAF behind a METAR that was there.
-  std::optional<QString> take(size_t place, ReportKind kind);
+  /// What came as a file of the station at `place` of the list (from 0), not judged yet. Waits in the event
+  /// loop; throws Unwind where the program was closed. Asked once for each file, for rising places, the TAF
+  /// behind a METAR that was there.
+  Reply take(size_t place, ReportKind kind);
 
  private:
   struct OnTheWay {

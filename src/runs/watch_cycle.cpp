@@ -219,7 +219,7 @@ void WatchCycle::runChanged(int acts) {
   program_.console.setPromptGap(true);
   const GatheredRun run = decode_.gather(decode_.repeated(RunOrigin::Cycle));
   const bool announces = run.request.kind != RunKind::Japanese && run.request.kind != RunKind::Sequence &&
-                         acts == program_.userActs;
+                         program_.cycleAnnounces && acts == program_.userActs;
   show(run, announces ? announceChanges(acts) : QString());
 }
 

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/foreign_text.h"
 #include "base/text.h"
 #include "support/printing.h"
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace soran;
 
 TEST(Text, LeadingNumberReadsTheLongestPlainNumber) {
@@ -63,4 +65,22 @@ TEST(Text, RememberedWordsAreDroppedOldestFirstBeyondTwoHundredCharacters) {
   EXPECT_EQ(list.size(), 200);
   rememberWord(list, u"C");
   EXPECT_EQ(list, QStringLiteral(" ") + QString(193, u'B') + QStringLiteral(" C "));
+}
+
+TEST(ForeignText, MasksWhatMisleads) {
+  const struct {
+    QString text;
+    QString clean;
+  } cases[] = {
+      {u"RJTT 240500Z\t=\r\n"_s, u"RJTT 240500Z\t=\r\n"_s},
+      {u"羽田 Tōkyō ｶﾅ ±・\u3000"_s, u"羽田 Tōkyō ｶﾅ ±・\u3000"_s},
+      {u"葛\U000E0100城 😀"_s, u"葛\U000E0100城 😀"_s},
+      {u"\u202E9999 \u2066\u2069\u200F\u061C"_s, u"·9999 ····"_s},
+      {u"1\u200B2\u200D3\u2060\uFEFF4\u00AD5\u034F"_s, u"1·2·3··4·5·"_s},
+      {u"\x1B[2J\x07\x7F\u0085\u009B0m\f"_s, u"·[2J····0m·"_s},
+      {u"a\u2028b\u2029c\U000E0041d"_s, u"a·b·c·d"_s},
+      {QString(u'x') + QChar(0xD83D) + u'y' + QChar(0xDE00) + QChar(0xD83D), u"x·y··"_s},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(cleaned(c.text), c.clean);
 }

@@ -26,6 +26,7 @@ QString translate(QStringView body, QStringView time = u"0630Z", QStringView cod
 /// The lines between the header and the last line end, with "|" for a line end and "_" for U+3000.
 QString told(QStringView body) {
   QString text = translate(body);
+  EXPECT_EQ(translate(QString(body.toString() + u'\n')), text);
   if (text == untranslatable)
     return text;
   text.remove(0, text.indexOf(u"\r\n\r\n") + 4);
@@ -236,7 +237,7 @@ TEST(TranslateReport, ClosingLinesTakeTheTitlePrintedLast) {
       {u"Q1013 RMK AO2 MAX WIND 45KT $",
        u"|備__考__ ： 降水測定機能のある自動観測装置による観測"
        u"|________最大風速 45ノット|________自動観測装置のメンテナンスが必要"},
-      {u"Q1013 RMK FOG ON RWY34L", u"|備__考__ ： 滑走路 RWY34L上に霧を観測"},
+      {u"Q1013 RMK FOG ON RWY34L", u"|備__考__ ： 滑走路 RWY34L 上に霧を観測"},
   };
   expectToldBehindTemperature(cases);
 }

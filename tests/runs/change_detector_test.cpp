@@ -49,7 +49,7 @@ TEST_F(ChangeDetectorTest, TellsWhichStationChangedAndHow) {
       {"METAR on the half hour", u"05:30"_s, u"05:00"_s, {}, {}, u"RJTT "_s, {u"RJTT METAR CHANGED"_s}, true},
       {"METAR at 50", u"05:50"_s, u"05:00"_s, {}, {}, u"RJTT "_s, {u"RJTT METAR CHANGED"_s}, true},
       {"SPECI", u"05:15"_s, u"05:00"_s, {}, {}, u"RJTT(SPECI) "_s, {u"RJTT SPECI RECEIVED"_s}, true},
-      {"stamp going back", u"04:30"_s, u"05:00"_s, {}, {}, u"RJTT "_s, {u"RJTT METAR CHANGED"_s}, true},
+      {"ahead of its time", u"06:30"_s, u"05:00"_s, {}, {}, {}, {u"RJTT FUTURE REPORT 0630"_s}, true},
       {"TAF", u"05:00"_s, u"06:05"_s, {}, {}, u"RJTT "_s, {u"RJTT TAF   CHANGED"_s}, true},
       {"amended",
        u"05:00"_s,
@@ -83,6 +83,7 @@ TEST_F(ChangeDetectorTest, TellsWhichStationChangedAndHow) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
+    run.program.knownReports = {};
     world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s, u"240500Z FINE"_s);
     world.server.setDelivery(stationsPath, {});
     checkForChanges(run.program);
@@ -109,8 +110,97 @@ TEST_F(ChangeDetectorTest, TellsWhichStationChangedAndHow) {
     forget();
     checkForChanges(run.program);
     EXPECT_FALSE(run.program.cycleChanged);
-    EXPECT_TRUE(run.logged().isEmpty());
+    EXPECT_EQ(run.logged(), QStringList(c.log.filter(u"FUTURE"_s)));
   }
+}
+
+TEST_F(ChangeDetectorTest, RefusesWhatIsNoReportOfTheStation) {
+  const struct {
+    QByteArray body;
+    QString why;
+  } cases[] = {
+      {"2026/11/24 05:30\nRJAA 240530Z 36010KT\n", u"RJTT REFUSED: REPORT OF RJAA"_s},
+      {"", u"RJTT REFUSED: NO REPORT"_s},
+      {"down for maintenance\n", u"RJTT REFUSED: NO REPORT"_s},
+      {"\xEF\xBB\xBF<html>RJTT</html>", u"RJTT REFUSED: NO REPORT"_s},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.body.toStdString());
+    world.server.setFile(stationsPath + u"RJTT.TXT", c.body);
+    forget();
+    // A refused file is a change, once, and so is the good one behind it.
+    checkForChanges(run.program);
+    EXPECT_EQ(run.logged(), (QStringList{c.why, u"RJTT METAR CHANGED"_s}));
+    EXPECT_TRUE(run.program.cycleChanged);
+    checkForChanges(run.program);
+    EXPECT_FALSE(run.program.cycleChanged);
+    run.again();
+    EXPECT_TRUE(run.screen().contains(u"RJTT  NOT FOUND\r\n"));
+    EXPECT_FALSE(run.screen().contains(u"TAF"));
+    world.report(u"RJTT"_s, u"05:00"_s, u"240500Z FINE"_s, u"240500Z FINE"_s);
+    forget();
+    checkForChanges(run.program);
+    EXPECT_EQ(run.logged(), QStringList{u"RJTT METAR CHANGED"_s});
+    run.list(u"RJTT"_s);
+  }
+}
+
+TEST_F(ChangeDetectorTest, PassesOverWhatIsOlderThanTheLatestKnown) {
+  const auto serve = [this](const QString& day, const QString& time) {
+    for (const QString& path : {stationsPath, forecastsPath})
+      world.server.setFile(
+          path + u"RJTT.TXT",
+          (u"2026/11/" + day + u' ' + time + u"\nRJTT 240000Z AT" + day + time + u'\n').toUtf8());
+  };
+  const auto record = [this] { return contents(world.path(u"data/sequence.dat"_s)); };
+  const QStringList older{u"RJTT OLDER REPORT 0430"_s, u"RJTT OLDER REPORT 0430"_s};
+  const QByteArray recorded = record();
+  for (const QString& day : {u"24"_s, u"23"_s}) {
+    SCOPED_TRACE(day.toStdString());
+    serve(day, u"04:30"_s);
+    forget();
+    checkForChanges(run.program);
+    EXPECT_EQ(run.logged(), older);
+    EXPECT_FALSE(run.program.cycleChanged);
+    EXPECT_EQ(station().metarStamp.text(), u"05:00");
+    EXPECT_EQ(station().tafStamp.text(), u"05:00");
+    // Shown to the one who asks for it; the watch goes on from the latest.
+    run.list(u"RJTT"_s);
+    EXPECT_TRUE(run.screen().contains(u"AT" + day + u"04:30"));
+    EXPECT_EQ(run.logged().filter(u"OLDER"_s), older);
+    EXPECT_EQ(station().metarStamp.text(), u"05:00");
+    EXPECT_EQ(record(), recorded);
+  }
+  // Another station's change runs the list anew: this one keeps its latest.
+  serve(u"24"_s, u"05:10"_s);
+  run.list(u"RJTT RJAA"_s);
+  serve(u"24"_s, u"04:30"_s);
+  world.report(u"RJAA"_s, u"05:15"_s, u"240515Z"_s);
+  run.program.runMemory.automatic = false;
+  const QByteArray before = record();
+  run.tick(60);
+  EXPECT_TRUE(run.screen().contains(u"RJAA  SPECI 1415I"));
+  EXPECT_TRUE(run.screen().contains(u"AT2405:10"));
+  EXPECT_FALSE(run.screen().contains(u"04:30"));
+  EXPECT_FALSE(record().mid(before.size()).contains("RJTT"));
+  // Within the day the clock of the stamps is compared with the date.
+  serve(u"25"_s, u"00:00"_s);
+  world.clock.advance(19 * 60 * 60);
+  forget();
+  checkForChanges(run.program);
+  EXPECT_EQ(run.logged(), QStringList{u"RJTT METAR CHANGED"_s});
+}
+
+TEST_F(ChangeDetectorTest, ShowsAReportAheadOfItsTimeAndAnnouncesNothing) {
+  world.report(u"RJTT"_s, u"09:00"_s, u"240900Z AHEAD"_s);
+  run.tick(60);
+  EXPECT_TRUE(run.screen().contains(u"AHEAD"));
+  EXPECT_TRUE(run.logged().contains(u"RJTT FUTURE REPORT 0900"));
+  EXPECT_TRUE(run.desk.takeSeen().sounds.isEmpty());
+  // It holds back nothing that comes in its time.
+  world.report(u"RJTT"_s, u"05:30"_s, u"240530Z"_s);
+  checkForChanges(run.program);
+  EXPECT_EQ(run.logged(), QStringList{u"RJTT METAR CHANGED"_s});
 }
 
 TEST_F(ChangeDetectorTest, LooksAtNothingWhereItIsSwitchedOff) {

@@ -14,8 +14,13 @@ class ClockJumpTest : public ::testing::Test {
       setAutoList(tables, u"RJTT"_s);
       tables.settings().store(key::シーケンス時間, 1);
     });
-    world.report(u"RJTT"_s, u"05:00"_s, u"240500Z"_s, u"240500Z"_s);
+    serve(QDateTime({2026, 11, 23}, {5, 0}, Qt::UTC));
+    world.forecast(u"RJTT"_s, u"05:00"_s, u"TAF RJTT 240500Z\n"_s);
     world.server.setHandler(cyclesPath, [](const QUrl&) { return Answer{.body = "RJTT 240400Z\n"}; });
+  }
+  void serve(const QDateTime& written) {
+    world.server.setFile(stationsPath + u"RJTT.TXT",
+                         written.toString(u"yyyy/MM/dd HH:mm\n'RJTT' ddHHmm'Z'\n"_s).toUtf8());
   }
   void set(const QString& instant) { world.clock = SetClock(QDateTime::fromString(instant, Qt::ISODate)); }
 
@@ -47,7 +52,7 @@ TEST_F(ClockJumpTest, TheCycleGoesOnAndAnnouncesANewReportOnce) {
       {"back to the old year", u"2027-01-01T00:10:00+09:00"_s, u"2026-12-31T23:50:00+09:00"_s, false, 21},
   };
   ASSERT_TRUE(run.begin());
-  QString stamp = u"05:00"_s;
+  QDateTime written({2026, 11, 23}, {5, 0}, Qt::UTC);
   for (const auto& jump : jumps) {
     SCOPED_TRACE(jump.name);
     set(jump.from);
@@ -63,12 +68,11 @@ TEST_F(ClockJumpTest, TheCycleGoesOnAndAnnouncesANewReportOnce) {
     run.tick();
     if (!jump.inPass)
       set(jump.to);
-    stamp = stamp == u"05:00" ? u"05:30"_s : u"05:00"_s;
-    world.report(u"RJTT"_s, stamp, u"24%1Z"_s.arg(QString(stamp).remove(u':')), u"240500Z"_s);
-    world.forecast(u"RJTT"_s, u"05:00"_s, u"TAF RJTT 240500Z\n"_s);
+    written = written.addSecs(30 * 60);
+    serve(written);
     run.logged();
     run.desk.takeSeen();
-    const QString wanted = u"METAR 14"_s + stamp.mid(3) + u"I";
+    const QString wanted = u"METAR "_s + written.addSecs(9 * 60 * 60).toString(u"HHmm"_s) + u"I";
     int waited = 0;
     while (waited < jump.wait && !run.screen().contains(wanted)) {
       run.tick();
