@@ -15,6 +15,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcCycles, "soran.pipeline")
 
+/// The hour's latest beginning, as a date and time.
+QDateTime latestBeginning(const Program& program, UtcHour hour) {
+  const QDateTime now = program.services.clock.now().toUTC();
+  const QDateTime today(now.date(), QTime(hour.value, 0), Qt::UTC);
+  return today <= now ? today : today.addDays(-1);
+}
+
 void download(Program& program, UtcHour hour) {
   const QUrl url(program.services.endpoints.cycles + twoDigits(hour.value) + u"Z.TXT");
   const Reply reply = program.services.inet2.open(url);
@@ -25,12 +32,20 @@ void download(Program& program, UtcHour hour) {
   }
   if (!writeWhole(cycleFilePath(program.services, hour), reply.body + "\r\n"))
     qCWarning(lcCycles) << "passed over: writing cycle file" << hour.value;
+  else
+    program.cycleFileHours[size_t(hour.value)] = latestBeginning(program, hour);
 }
 
 } // namespace
 
 QString cycleFilePath(const Services& services, UtcHour hour) {
   return services.path(u"data/") + twoDigits(hour.value) + u".dat";
+}
+
+bool cycleFileIsThere(const Program& program, UtcHour hour) {
+  const QDateTime& of = program.cycleFileHours[size_t(hour.value)];
+  return fileExists(cycleFilePath(program.services, hour)) &&
+         (!of.isValid() || of == latestBeginning(program, hour));
 }
 
 void refreshCycleFiles(Program& program) {
@@ -42,7 +57,7 @@ void refreshCycleFiles(Program& program) {
   program.cycleDecade = now.minute() / 10;
   const std::vector<UtcHour> hours = sequenceHours(now, program.record(), program.systemZoneOffset);
   for (const UtcHour hour : hours) {
-    if (!fileExists(cycleFilePath(program.services, hour)))
+    if (!cycleFileIsThere(program, hour))
       download(program, hour);
   }
   download(program, hours.back());

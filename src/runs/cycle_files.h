@@ -8,8 +8,12 @@
 namespace soran {
 
 /// Brings the hourly METAR cycle files into the data folder, at most once in each ten minutes of the clock:
-/// those of the window that are missing, and the present hour's always. Waits in the event loop.
+/// those of the window that are missing or of the day before, and the present hour's always. Waits in the
+/// event loop.
 void refreshCycleFiles(Program& program);
+
+/// Whether an hour's file has come. One of the day before is none.
+bool cycleFileIsThere(const Program& program, UtcHour hour);
 
 /// The place of an hour's file: data/NN.dat.
 QString cycleFilePath(const Services& services, UtcHour hour);

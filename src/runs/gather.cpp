@@ -113,7 +113,8 @@ void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
   const CycleFiles files = [&](UtcHour hour) -> const CycleFile* {
     if (const auto known = read.find(hour); known != read.end())
       return &known->second;
-    std::optional<QByteArray> text = wholeFile(cycleFilePath(program.services, hour));
+    std::optional<QByteArray> text =
+        cycleFileIsThere(program, hour) ? wholeFile(cycleFilePath(program.services, hour)) : std::nullopt;
     if (!text)
       return nullptr;
     return &read.emplace(hour, CycleFile(*std::move(text), codes)).first->second;

@@ -10,6 +10,8 @@
 #include "screen/console.h"
 #include "store/tables.h"
 
+#include <QDateTime>
+#include <array>
 #include <memory>
 
 namespace soran {
@@ -34,17 +36,18 @@ struct Program {
 
   StationTable stationTable;
   KnownReports knownReports;
-  bool cycleChanged = false;   ///< the last comparison found a report that is not shown yet
-  bool cycleAnnounces = false; ///< one of these is to be announced
-  QString lastCycleTime;       ///< HH:MM, local, at which the last cycle ended
-  bool lastProbeGood = true;   ///< the last probe of the network watch succeeded
-  bool minimised = false;      ///< the main window is minimised
-  int watchTicks = 0;          ///< seconds since the last pass or key
-  int bufferLevel = 1;         ///< 11 minus the setting バッファ
-  int cycleDecade = 25;        ///< tens digit of the minute of the last refresh of cycle files
-  ZoneOffset systemZoneOffset; ///< machine's offset from UTC, taken at start
-  QString systemZoneName;      ///< its name, without what stands in brackets
-  QString currentPrinter;      ///< chosen last; empty before any choice
+  bool cycleChanged = false;                ///< the last comparison found a report that is not shown yet
+  bool cycleAnnounces = false;              ///< one of these is to be announced
+  QString lastCycleTime;                    ///< HH:MM, local, at which the last cycle ended
+  bool lastProbeGood = true;                ///< the last probe of the network watch succeeded
+  bool minimised = false;                   ///< the main window is minimised
+  int watchTicks = 0;                       ///< seconds since the last pass or key
+  int bufferLevel = 1;                      ///< 11 minus the setting バッファ
+  std::array<QDateTime, 24> cycleFileHours; ///< the hour (UTC) that each cycle file fetched in this run is of
+  int cycleDecade = 25;                     ///< tens digit of the minute of the last refresh of cycle files
+  ZoneOffset systemZoneOffset;              ///< machine's offset from UTC, taken at start
+  QString systemZoneName;                   ///< its name, without what stands in brackets
+  QString currentPrinter;                   ///< chosen last; empty before any choice
 
   Settings& settings() { return tables.settings(); }
   const SettingsRecord& record() { return tables.settings().record(); }

@@ -76,6 +76,9 @@ void WatchCycle::startAutomatic() {
 }
 
 void WatchCycle::run(const RunRequest& request) {
+  // What is asked for now is no sequence that waits for its files.
+  if (request.kind != RunKind::Sequence)
+    timer4_->setEnabled(false);
   decode_.remember(request);
   runAgain(request.origin);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/database.h"
 
+#include "base/foreign_text.h"
 #include "store/cipher.h"
 
 #include <QFile>
@@ -109,8 +110,9 @@ class Statement {
     case SQLITE_FLOAT:
       return sqlite3_column_double(statement_, i);
     case SQLITE_TEXT:
-      return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement_, i)),
-                               sqlite3_column_bytes(statement_, i));
+      // Whoever made the file may have written what misleads.
+      return cleaned(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement_, i)),
+                                       sqlite3_column_bytes(statement_, i)));
     case SQLITE_BLOB:
       return QByteArray(static_cast<const char*>(sqlite3_column_blob(statement_, i)),
                         sqlite3_column_bytes(statement_, i));

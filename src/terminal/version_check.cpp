@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/version_check.h"
 
+#include "base/foreign_text.h"
 #include "base/text.h"
 #include "start/hand_over.h"
 #include "terminal/terminal.h"
@@ -68,7 +69,7 @@ void VersionCheck::onDemand() {
          u"ネットワーク回線が不安定なため、ダウンロードすることができませんでした　　"_s);
     return;
   }
-  const QString version = reply.text().left(versionLength);
+  const QString version = cleaned(reply.text()).left(versionLength);
   if (version.startsWith(u'<')) {
     tell(u"NOT FOUND FILES ON FTP SERVER"_s, u" 情報"_s, u"最新版の SORAN がインストールされています　　"_s);
     cycle.enableWatch(true);

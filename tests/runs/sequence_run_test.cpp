@@ -86,6 +86,41 @@ TEST_F(SequenceRunTest, RetriesUntilTheFilesHaveCome) {
   EXPECT_FALSE(run.cycle.retryEnabled());
 }
 
+TEST_F(SequenceRunTest, AnotherRunEndsTheRetries) {
+  world.report(u"RJTT"_s, u"01:00"_s, u"240100Z L"_s);
+  ASSERT_TRUE(run.begin());
+  for (const bool japanese : {true, false}) {
+    run.sequence(u"RJTT"_s);
+    EXPECT_TRUE(run.cycle.retryEnabled());
+    if (japanese)
+      run.japanese(u"RJTT"_s);
+    else
+      run.list(u"RJTT"_s);
+    EXPECT_FALSE(run.cycle.retryEnabled());
+  }
+}
+
+TEST_F(SequenceRunTest, AFileOfTheDayBeforeIsNone) {
+  world.report(u"RJTT"_s, u"01:00"_s, u"240100Z L"_s);
+  world.server.setHandler(cyclesPath, [](const QUrl&) { return Answer{.body = "RJTT 240100Z X\n"}; });
+  ASSERT_TRUE(run.begin());
+  run.program.settings().store(key::シーケンス時間, 1);
+  refreshCycleFiles(run.program);
+  run.sequence(u"RJTT"_s);
+  EXPECT_FALSE(run.screen().contains(u"LOADING"));
+  world.clock.advance(22 * 60 * 60 + 39 * 60); // 23:59 UTC
+  run.sequence(u"RJTT"_s);
+  EXPECT_EQ(run.screen().count(u"LOADING"), 2);
+  world.clock.advance(60 + 60);
+  run.asked();
+  run.sequence(u"RJTT"_s);
+  EXPECT_EQ(run.screen().count(u"LOADING SEQUENCE DATA AT 0900I"), 1);
+  refreshCycleFiles(run.program);
+  EXPECT_EQ(run.asked(), (QStringList{u"M/RJTT"_s, u"C/23"_s, u"C/00"_s, u"C/00"_s}));
+  run.sequence(u"RJTT"_s);
+  EXPECT_FALSE(run.screen().contains(u"LOADING"));
+}
+
 TEST_F(SequenceRunTest, ShowsItsOwnRecord) {
   world.report(u"RJTT"_s, u"01:00"_s, u"240100Z 10010KT,9999 A"_s);
   world.report(u"RJAA"_s, u"01:15"_s, u"240115Z 20010KT\n     MORE"_s);
