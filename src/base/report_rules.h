@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/text.h"
 #include "base/zone_offset.h"
 
 #include <QStringView>
@@ -14,6 +15,11 @@ namespace soran {
 /// The minute of a report's time, as its figures read; figures that are none read as any number.
 struct MinuteOfHour {
   double value = 0;
+
+  /// The two figures at `pos`, read as a whole number.
+  static MinuteOfHour at(QStringView text, Position1 pos) {
+    return {double(leadingInteger(mid1(text, pos, 2)))};
+  }
 
   /// True where a report of this minute is a METAR: 50 and more, 0 and 30; every other minute makes a SPECI.
   /// Observation schedules of the region served set this rule; the text of a report is not asked.

@@ -13,7 +13,7 @@ Stamp Stamp::of(QStringView response) {
 }
 
 MinuteOfHour Stamp::minute() const {
-  return {double(leadingInteger(mid1(text_, 4, 2)))};
+  return MinuteOfHour::at(text_, 4);
 }
 
 } // namespace soran

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/station_code.h"
 
-#include "base/text.h"
-
 namespace soran {
 
 std::vector<StationCode> codesOf(QStringView codeList) {

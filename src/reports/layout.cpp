@@ -64,7 +64,7 @@ LineHeading lineHeading(const StationCode& code, QStringView line, const Setting
     time = twoDigits(displayedHour(leadingInteger(hhmm.first(qMin<qsizetype>(2, hhmm.size()))), settings)) +
            mid1(hhmm, 3);
   time += displayedZone(settings);
-  const bool routine = MinuteOfHour{double(leadingInteger(mid1(line, 10, 2)))}.isRoutine();
+  const bool routine = MinuteOfHour::at(line, 10).isRoutine();
   return {crlf + code.text() + kindWord(routine) + time, time};
 }
 

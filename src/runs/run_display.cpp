@@ -22,7 +22,7 @@ bool showsReports(RunKind kind) {
 }
 
 bool isRoutine(const LaidOutReport& metar) {
-  return MinuteOfHour{double(leadingInteger(mid1(metar.obsTime, 3, 2)))}.isRoutine();
+  return MinuteOfHour::at(metar.obsTime, 3).isRoutine();
 }
 
 /// The METAR as it stands on the screen.

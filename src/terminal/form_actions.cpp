@@ -24,12 +24,16 @@ void editList(Terminal& terminal, const QString& logLine, const ModalForm& form)
   terminal.forms().showModal(form);
 }
 
-/// The command that shows a form beside the window.
-void showBeside(Terminal& terminal, const QString& logLine, const Form& form) {
-  Console& console = terminal.program().console;
-  console.addLogEntry(logLine);
-  console.setPad(QString());
+/// An entry of the menus that shows a form beside the window.
+void showFromMenu(Terminal& terminal, const QString& logLine, const Form& form) {
+  terminal.program().console.addLogEntry(logLine);
   terminal.forms().show(form);
+}
+
+/// The command that does the same.
+void showBeside(Terminal& terminal, const QString& logLine, const Form& form) {
+  terminal.program().console.setPad(QString());
+  showFromMenu(terminal, logLine, form);
 }
 
 /// False where the user left for the download.
@@ -44,12 +48,6 @@ bool showPdfNotice(Terminal& terminal) {
   if (answer->banner)
     program.services.pages.openExternally(adobe_notice::downloadPage.toString());
   return !answer->banner;
-}
-
-/// An entry of the menus that shows a form beside the window.
-void showFromMenu(Terminal& terminal, const QString& logLine, const Form& form) {
-  terminal.program().console.addLogEntry(logLine);
-  terminal.forms().show(form);
 }
 
 } // namespace

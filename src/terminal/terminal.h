@@ -60,9 +60,6 @@ class Terminal {
   OpenForms& forms() { return forms_; }
   Menus& menus() { return menus_; }
   VersionCheck& versionCheck() { return versionCheck_; }
-  const WatchCycle& cycle() const { return cycle_; }
-  const BrowserPane& pane() const { return pane_; }
-  const OpenForms& forms() const { return forms_; }
 
  private:
   void enter();

@@ -4,6 +4,7 @@
 
 #include "base/colour.h"
 #include "base/text.h"
+#include "reports/colouring_words.h"
 #include "store/settings_record.h"
 
 #include <algorithm>
@@ -37,22 +38,12 @@ class ColouringReference {
   std::vector<soran::AttributeRun> runs(QStringView codes, QStringView group) {
     using namespace soran;
     if (set_[key::天気略語着色] == true) {
-      for (const QStringView word : {u"VC", u"MI", u"BC", u"PR", u"DR", u"BL", u"SH", u"TS", u"FZ", u"DZ",
-                                     u"RA", u"SN", u"SG", u"IC", u"PL", u"GR", u"GS", u"BR", u"FG", u"FU",
-                                     u"VA", u"DU", u"SA", u"HZ", u"PO", u"SQ", u"FC", u"SS", u"DS", u"RE"})
-        weather(word);
-      for (const QStringView word : {u"CAVOK", u"NOSIG"})
-        weather(word);
-      for (const QStringView word : {u"SKC", u"NSC", u"NSW"})
-        weather(word);
-      for (const QStringView word :
-           {QStringView(u"WS"), QStringView(u"RI++"), QStringView(u"-"), QStringView(u"+")})
-        weather(word);
+      for (const auto& weatherWord : colouring::weatherWords)
+        weather(weatherWord.word);
     }
     if (set_[key::SPECI着色] == true) {
-      each(u"SPECI", 5, [&](qsizetype p) { select(p, 11, set_[key::SPECIの色]); });
-      for (const QStringView word : {u"AMD", u"COR", u"TRD"})
-        each(word, 3, [&](qsizetype p) { select(p, 3, set_[key::SPECIの色]); });
+      for (const auto& [word, behind] : colouring::kindWords)
+        each(word, word.size(), [&](qsizetype p) { select(p, word.size() + behind, set_[key::SPECIの色]); });
     }
     if (set_[key::計器気象状態を強調] == true) {
       if (set_[key::CBTCUを強調] == true) {
@@ -70,12 +61,7 @@ class ColouringReference {
                   set_[key::視程3の色]);
     }
     each(u"LOADING", 30, [&](qsizetype p) { select(p, 30, soran::yellow); });
-    for (const QString& word :
-         QStringLiteral(
-             "SAVE,DISABLED,BLW,FCST,FORECAST,FORECASTS,COMPLETED,AIRPORT,PRESS,PRINT,READY,OBSERVATION,"
-             "OVC,TEMPO,GROUP,SCHEDULE,SS ,POSITION,RESET,REDUCE,TSNO,ISSUED,FBL,TRANSLATION, -,SAND,"
-             "RAB,SNB,DZB,TSB,RAE,SNE,DZE,TSE,RECONNECT,ELV 1220,N-,E-,W-,S-")
-             .split(u','))
+    for (const QStringView word : colouring::restoredWords)
       restore(word);
     if (!group.isEmpty())
       restore(group);

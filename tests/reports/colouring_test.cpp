@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+using namespace Qt::StringLiterals;
 using namespace soran;
 
 namespace {
@@ -182,14 +183,17 @@ class Generator {
   bool often() { return below(6) != 0; }
 
   QString text(int pieces) {
-    static const QStringList words =
-        QStringLiteral(
-            "VC MI BC PR DR BL SH TS FZ DZ RA SN SG IC PL GR GS BR FG FU VA DU SA HZ PO SQ FC SS DS RE "
-            "CAVOK NOSIG SKC NSC NSW WS RI++ SPECI AMD COR TRD CB TCU BKN OVC CU ST VV FCST NEXT BECMG "
-            "TEMPO LOADING SAVE DISABLED BLW FORECASTS COMPLETED AIRPORT PRESS PRINT READY OBSERVATION "
-            "GROUP SCHEDULE POSITION RESET REDUCE TSNO ISSUED FBL TRANSLATION SAND RAB SNE RECONNECT "
-            "ELV 1220 N- W- RJSS RJTT 関東 AA R34L/ R16/ R06R/0600V1200 BKN009 OVC/// 6CU008 VV001")
-            .split(u' ');
+    static const QStringList words = [] {
+      QStringList all = u"CB TCU BKN CU ST VV NEXT BECMG LOADING 1220 RJSS RJTT 関東 AA R34L/ R16/ "
+                        "R06R/0600V1200 BKN009 OVC/// 6CU008 VV001"_s.split(u' ');
+      for (const auto& entry : colouring::weatherWords)
+        all.append(entry.word.toString());
+      for (const auto& entry : colouring::kindWords)
+        all.append(entry.word.toString());
+      for (const QStringView word : colouring::restoredWords)
+        all.append(word.toString());
+      return all;
+    }();
     static const QString marks = QStringLiteral("     --++///0123456789R.\r\nSABKNV東");
     QString text;
     while (pieces-- > 0) {

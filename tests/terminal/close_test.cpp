@@ -14,6 +14,7 @@ struct RunToClose {
   const char* name;
   std::function<void(ProgramRun&)> go;
   int fewestTurns; ///< a run that waits less often is none
+  int ahead = 0;   ///< stations asked for ahead of their turn
 };
 
 void PrintTo(const RunToClose& run, std::ostream* out) {
@@ -26,6 +27,16 @@ void typed(ProgramRun& run, const QString& line) {
 
 const RunToClose runs[] = {
     {"Typed", [](ProgramRun& r) { typed(r, u"RJTT RJAA ZZZZ"_s); }, 10},
+    {"TypedAhead", [](ProgramRun& r) { typed(r, u"RJTT RJAA ZZZZ"_s); }, 5, 8},
+    {"RunInsideARun",
+     [](ProgramRun& r) {
+       QTimer::singleShot(0, &r.program.console, [&r] {
+         r.program.console.setInput({});
+         typed(r, u"TTAA"_s);
+       });
+       typed(r, u"RJTT RJAA"_s);
+     },
+     16},
     {"Japanese", [](ProgramRun& r) { typed(r, u"JP RJTT RJAA"_s); }, 4},
     {"Sequence", [](ProgramRun& r) { typed(r, u"SQ RJTT RJAA"_s); }, 4},
     {"Group", [](ProgramRun& r) { typed(r, u"TTAA"_s); }, 8},
@@ -77,6 +88,7 @@ TEST_P(CloseTest, AtEveryTurnOfTheEventLoopUnwinds) {
     SCOPED_TRACE(turn);
     World world;
     prepare(world);
+    world.endpoints.ahead = GetParam().ahead;
     ProgramRun run(world);
     ASSERT_TRUE(run.begin());
     run.desk.printers.names = {u"OFFICE"_s};

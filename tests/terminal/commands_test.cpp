@@ -64,7 +64,7 @@ TEST_F(CommandsTest, ShowsTheReportsOfTypedCodes) {
        {u"M/RJBE"_s, u"T/RJBE"_s}},
       {u"RJCM"_s,
        metarBlock(u"RJCM"_s, u"  METAR 1450I"_s) +
-           u"\r\nRJCM  TAF   1400I\r\n      240500Z 2406/2512 COR  ONA AMD  \r\n",
+           u"\r\nRJCM  TAF   1400I\r\n      240500Z 2406/2512 COR  ONA AMD  \n\r\n",
        {u"RJCM METAR RECEIVED"_s, u"RJCM TAF(AMD) RECEIVED"_s},
        {u"M/RJCM"_s, u"T/RJCM"_s}},
   };

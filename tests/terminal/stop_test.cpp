@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/harness.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 
 using namespace soran;
@@ -125,67 +124,4 @@ TEST(Stop, CloseBoxTakesThePaneAwayFirst) {
   EXPECT_FALSE(run.terminal.ended());
   run.terminal.closeBox();
   EXPECT_TRUE(run.terminal.ended());
-}
-
-TEST(Stop, CloseInTheMiddleOfAWaitUnwinds) {
-  const auto typed = [](ProgramRun& run, const QString& line) { run.type(line); };
-  const struct {
-    const char* name;
-    QString request;                            ///< the slow one
-    std::function<void(ProgramRun&)> begin;     ///< what leads to it
-    std::function<void(ProgramRun&)> meanwhile; ///< what happens during it
-  } cases[] = {
-      {"run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJTT RJAA RJBB"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"forecast", u"T/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
-       [&](ProgramRun& r) { typed(r, u"\b\b\b\bEXIT"_s); }},
-      {"nested run", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"RJAA"_s); },
-       [&](ProgramRun& r) {
-         QTimer::singleShot(20, &r.program.console, [&r] { r.keys(u"\x1B"_s); });
-         r.program.console.setInput({});
-         typed(r, u"TTCC"_s);
-       }},
-      {"probe", u"/data/version.dat"_s, [&](ProgramRun& r) { r.tick(); },
-       [&](ProgramRun& r) { r.terminal.closeBox(); }},
-      {"cycle", u"M/RJAA"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"cycle file", u"C/05"_s, [&](ProgramRun& r) { r.tick(); }, [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"sequence", u"M/RJAA"_s, [&](ProgramRun& r) { typed(r, u"SQ RJTT RJAA"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-      {"update", u"/data/version.dat"_s, [&](ProgramRun& r) { typed(r, u"UPDATE"_s); },
-       [&](ProgramRun& r) { r.keys(u"\x1B"_s); }},
-  };
-  for (size_t i = 0; i < 2 * std::size(cases); ++i) {
-    const auto& c = cases[i / 2];
-    SCOPED_TRACE(c.name);
-    World world;
-    world.endpoints.ahead = i % 2 ? 8 : 0;
-    world.prepare();
-    for (const QString& code : {u"RJTT"_s, u"RJAA"_s, u"RJCC"_s})
-      world.report(code, u"05:00"_s, u"240500Z"_s);
-    ProgramRun run(world);
-    ASSERT_TRUE(run.start());
-    world.server.setDelivery(u"/"_s, {});
-    QString atClose;
-    run.onRequest = [&](const QString& name) {
-      if (name != c.request)
-        return;
-      run.onRequest = [](const QString&) {};
-      world.server.setDelivery(u"/"_s, {.delay = 5'000});
-      QTimer::singleShot(20, &run.program.console, [&] {
-        c.meanwhile(run);
-        if (run.terminal.ended())
-          atClose = run.screen();
-      });
-    };
-    QElapsedTimer time;
-    time.start();
-    c.begin(run);
-    EXPECT_LT(time.elapsed(), 1000);
-    EXPECT_TRUE(run.terminal.ended());
-    EXPECT_EQ(run.screen(), atClose);
-    EXPECT_FALSE(run.program.tables.database().isOpen());
-    EXPECT_FALSE(fileExists(world.path(u"data"_s)));
-    run.tick(30);
-    world.store([](Tables& tables) { EXPECT_EQ(tables.settings()[key::起動回数], 1); });
-  }
 }

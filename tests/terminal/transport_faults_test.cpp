@@ -42,8 +42,8 @@ const TransportFault faults[] = {
     {.name = "no end, quick", .wind = QByteArray(NetInet::largestBody, 'A')},
     {.name = "a line of 5 MB", .wind = QByteArray(5'000'000, 'A'), .shown = QString(5'000'000, u'A')},
     {.name = "invalid UTF-8", .wind = "\xC0\xAF\xE7\xBE", .shown = u"\u00C0\u00AF\u00E7\u00BE"_s},
-    {.name = "Shift_JIS", .wind = "\x89\x48", .shown = u"\u0089H"_s},
-    {.name = "NUL bytes", .wind = QByteArray("1\0\0T", 4), .shown = u"1\0\0T"_s},
+    {.name = "Shift_JIS", .wind = "\x89\x48", .shown = u"·H"_s},
+    {.name = "NUL bytes", .wind = QByteArray("1\0\0T", 4), .shown = u"1··T"_s},
 };
 
 class TransportFaultTest : public ::testing::TestWithParam<TransportFault> {
