@@ -32,7 +32,7 @@ void KnownReports::keep(const StationCode& code, ReportKind kind, Known latest) 
 }
 
 Arrival takeIn(Program& program, const StationCode& code, ReportKind kind, const Reply& reply) {
-  constexpr qint64 toleranceSeconds = 60 * 60;
+  constexpr qint64 toleranceSeconds = 3600;
   if (!reply.isWhole())
     return {};
   StationText report = readStationText(code, reply.text());
