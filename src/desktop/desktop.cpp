@@ -8,7 +8,6 @@
 #include "terminal/actions.h"
 
 #include <QApplication>
-#include <QNetworkReply>
 #include <QTimer>
 
 namespace soran {
@@ -19,6 +18,8 @@ namespace {
 
 // A start that is quicker shows no form that would only flash up.
 constexpr int splashDelay = 200;
+
+constexpr qint64 largestCounterPage = 1 << 16;
 
 bool wasTold(Opening::Result result) {
   return result == Opening::Result::AlreadyRunning || result == Opening::Result::NoNetwork ||
@@ -31,7 +32,8 @@ Desktop::Desktop(Launch& launch)
     : launch_(launch), dialogs_(launch.shutdown()), sounds_(launch.shutdown()),
       pages_(launch.directory() + u"/help"), waiting_(launch.shutdown()),
       program_(launch.services({dialogs_, forms_, sounds_, printers_, pages_, waiting_})), view_(program_),
-      opening_(std::make_unique<Opening>(program_)) {
+      opening_(std::make_unique<Opening>(program_)),
+      counterLine_(makeNetwork(), launch.shutdown(), largestCounterPage) {
   forms_.attach(view_.terminal());
   connect(&view_, &View::stopped, this, &Desktop::onStopped);
 }
@@ -65,12 +67,8 @@ bool Desktop::open(QString& notice) {
 
 // Not by the program's own client, whose transfers the watch waits for.
 void Desktop::countAccess() {
-  constexpr qint64 mostKept = 1 << 16;
-  QNetworkRequest request(QUrl(program_.services.endpoints.update + u"/index2.htm"));
-  request.setTransferTimeout();
-  QNetworkReply* page = counterLine_.get(request);
-  page->setReadBufferSize(mostKept);
-  connect(page, &QNetworkReply::finished, page, &QObject::deleteLater);
+  const QUrl page(program_.services.endpoints.update + u"/index2.htm");
+  counted_ = counterLine_.begin(page, [](const Reply&) {});
 }
 
 bool Desktop::start() {

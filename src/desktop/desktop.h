@@ -12,8 +12,6 @@
 #include "start/launch.h"
 #include "terminal/view.h"
 
-#include <QNetworkAccessManager>
-
 namespace soran {
 
 /// One run of the program with its window.
@@ -52,7 +50,8 @@ class Desktop : public QObject {
   Program program_;
   View view_;
   std::unique_ptr<class Opening> opening_;
-  QNetworkAccessManager counterLine_;
+  NetInet counterLine_;
+  std::unique_ptr<Transfer> counted_;
   std::unique_ptr<MainWindow> window_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHostAddress>
 #include <QSettings>
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,10 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
       e.others.insert(name, value);
   }
   return e;
+}
+
+bool isLoopback(const QUrl& url) {
+  return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
 }
 
 QUrl stationFile(const QString& base, const StationCode& code) {

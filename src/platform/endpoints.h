@@ -32,6 +32,9 @@ struct Endpoints {
   Endpoints overriddenBy(const QString& iniFile) const;
 };
 
+/// The host of an address is this machine by its name or number.
+bool isLoopback(const QUrl& url);
+
 /// A station file's address: the base, the code, ".TXT". A code that is not all letters is percent-encoded.
 QUrl stationFile(const QString& base, const StationCode& code);
 

@@ -17,7 +17,7 @@ enum class NetFailure {
   Unreachable, ///< no name, nobody who listens, no secure connection
   TimedOut,
   Cut,      ///< the answer did not come to its end, or broke the protocol
-  Status,   ///< the server answered with an error status and no page
+  Status,   ///< the server answered with nothing to take: an error status and no page
   TooLarge, ///< more than is taken
   NoFile,   ///< an address of a file that is none, or none that can be read
 };
@@ -26,16 +26,10 @@ enum class NetFailure {
 struct Reply {
   bool ok = false; ///< the transfer came to its end; else the body is empty and `failure` tells why
   QByteArray body = {};
-  /// The transfer ended well as far as it tells, but in the middle of a line, and nobody announced its
-  /// length.
-  bool mayBeCut = false;
   NetFailure failure = NetFailure::None;
   int status = 0; ///< of HTTP, where there was an answer
 
   static Reply failed(NetFailure why, int status = 0) { return {.failure = why, .status = status}; }
-
-  /// An answer that is no stump of a file of lines.
-  bool isWhole() const { return ok && !mayBeCut; }
 
   /// The body as text: UTF-8 where it is valid, else Latin-1.
   QString text() const;
@@ -73,6 +67,9 @@ class Inet {
   /// Ends what is waited for; the wait returns at once with a failed reply. A transfer for which nobody waits
   /// yet goes on, as it would be begun later had it not been begun ahead.
   virtual void cancel() = 0;
+
+  /// What came over a connection was not what its address names: no further transfer uses one that is kept.
+  virtual void distrustConnections() = 0;
 
   /// Seconds after which a transfer that has not ended fails, counted from when it is sent.
   virtual void setRequestTimeout(int seconds) = 0;

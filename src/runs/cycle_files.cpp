@@ -26,7 +26,7 @@ void download(Program& program, UtcHour hour) {
   const QUrl url(program.services.endpoints.cycles + twoDigits(hour.value) + u"Z.TXT");
   const Reply reply = program.services.inet2.open(url);
   // A transfer that failed must not leave another hour's text under this one's name.
-  if (!reply.isWhole()) {
+  if (!reply.ok) {
     qCWarning(lcCycles) << "passed over: cycle file" << hour.value;
     return;
   }

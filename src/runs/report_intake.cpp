@@ -14,9 +14,12 @@ using Standing = Arrival::Standing;
 
 Arrival refused(Program& program, const StationCode& code, const StationText& what) {
   // A page is how a server says that it has no such file, which the run tells by itself.
-  if (what.kind != StationText::Kind::Page)
+  if (what.kind != StationText::Kind::Page) {
+    // Each later answer over its connection might be that to the request before.
+    program.services.inet.distrustConnections();
     program.console.addLogEntry(code.text() + u" REFUSED: " +
                                 (what.other.isEmpty() ? u"NO REPORT"_s : u"REPORT OF " + what.other));
+  }
   return {Standing::Refused, what.text, {}};
 }
 
@@ -33,7 +36,7 @@ void KnownReports::keep(const StationCode& code, ReportKind kind, Known latest) 
 
 Arrival takeIn(Program& program, const StationCode& code, ReportKind kind, const Reply& reply) {
   constexpr qint64 toleranceSeconds = 3600;
-  if (!reply.isWhole())
+  if (!reply.ok)
     return {};
   StationText report = readStationText(code, reply.text());
   if (!report.isReport())

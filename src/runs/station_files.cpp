@@ -23,7 +23,7 @@ void StationFiles::beginUpTo(size_t place) {
     const size_t station = begun_++;
     onTheWay_[station].metar =
         services_.inet.begin(addressOf(station, ReportKind::Metar), [this, station](const Reply& reply) {
-          if (forecasts_ && reply.isWhole() && readStationText(codes_[station], reply.text()).isReport())
+          if (forecasts_ && reply.ok && readStationText(codes_[station], reply.text()).isReport())
             onTheWay_[station].taf =
                 services_.inet.begin(addressOf(station, ReportKind::Taf), [](const Reply&) {});
         });

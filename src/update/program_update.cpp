@@ -9,7 +9,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QHostAddress>
 #include <cstdio>
 
 namespace soran {
@@ -38,8 +37,7 @@ bool renameOver(const QString& from, const QString& to) {
 }
 
 bool isUsersOwnMachine(const QUrl& endpoint) {
-  return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || endpoint.host() == u"localhost" ||
-         QHostAddress(endpoint.host()).isLoopback();
+  return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || isLoopback(endpoint);
 }
 
 bool isSameVersion(double one, double other) {

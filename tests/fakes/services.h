@@ -68,7 +68,7 @@ class FakeServices {
   World& world;
   Shutdown shutdown;
   SteppedTimers timers;
-  std::shared_ptr<QNetworkAccessManager> network = makeNetwork();
+  std::shared_ptr<Network> network = makeNetwork();
   NetInet inet{network, shutdown};
   NetInet inet2{network, shutdown};
   Desk desk;

@@ -3,15 +3,13 @@
 #include "platform/net_inet.h"
 
 #include "platform/endpoint_server.h"
+#include "support/line_server.h"
 #include "support/own_folder.h"
 #include "support/printing.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QNetworkReply>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -30,10 +28,11 @@ class NetInetTest : public ::testing::Test {
 
   EndpointServer server;
   Shutdown shutdown;
-  std::shared_ptr<QNetworkAccessManager> network = makeNetwork();
+  std::shared_ptr<Network> network = makeNetwork();
   NetInet inet{network, shutdown, 100'000};
 };
 
+const QByteArray whole = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n4.31";
 const QByteArray report = "2026/11/24 05:00\nRJTT 240500Z 36010KT 9999 FEW030 12/02 Q1018\n";
 
 } // namespace
@@ -54,7 +53,8 @@ TEST_F(NetInetTest, TellsAnswersFromFailures) {
       {"dripped", {.body = report}, {.dripBytes = 60, .dripPause = 5}, None, report},
       {"late", {.body = report}, {.delay = 100}, None, report},
       {"empty", {}, {}, None},
-      {"no content", {.status = 204}, {}, None},
+      {"empty, chunked", {}, {.chunked = true}, None},
+      {"no content", {.status = 204}, {}, Status},
       {"latin-1", {.body = "caf\xe9"}, {}, None, "caf\xe9"},
       {"error page", {.body = page, .status = 404}, {}, None, page},
       {"refused page", {.body = page, .status = 400}, {}, None, page},
@@ -82,21 +82,11 @@ TEST_F(NetInetTest, TellsAnswersFromFailures) {
     server.setAnswer(u"/file"_s, c.answer);
     server.setDelivery(u"/file"_s, c.delivery);
     const Reply reply = inet.open(at(u"/file"_s));
-    EXPECT_EQ(reply.isWhole(), c.failure == None);
-    if (reply.isWhole()) {
-      EXPECT_EQ(reply.body, c.body);
-    }
-    // The end of a chunked text in the middle of a line is told as such where Qt does not see it.
-    if (!reply.mayBeCut) {
-      EXPECT_EQ(reply.failure, c.failure);
-    }
+    EXPECT_EQ(reply.ok, c.failure == None);
+    EXPECT_EQ(reply.body, c.body);
+    EXPECT_EQ(reply.failure, c.failure);
     EXPECT_FALSE(inet.stillExecuting());
   }
-  // A version without a line end is a version all the same; a report would be a stump.
-  server.setAnswer(u"/file"_s, {.body = "4.31"});
-  server.setDelivery(u"/file"_s, {.chunked = true});
-  const Reply version = inet.open(at(u"/file"_s));
-  EXPECT_TRUE(version.ok && version.body == "4.31" && version.mayBeCut);
   const Reply unknown = inet.open(at(u"/unknown"_s));
   EXPECT_TRUE(unknown.ok && unknown.body.startsWith('<'));
 }
@@ -111,50 +101,116 @@ TEST_F(NetInetTest, FailsWhereThereIsNothingToReach) {
     SCOPED_TRACE(address.toStdString());
     const Reply reply = inet.open(QUrl(address));
     EXPECT_FALSE(reply.ok);
-    // A server that speaks no TLS hangs up.
-    EXPECT_EQ(reply.failure, address.startsWith(u"https") ? NetFailure::Cut : NetFailure::Unreachable);
+    EXPECT_EQ(reply.failure, NetFailure::Unreachable);
   }
 }
 
 TEST_F(NetInetTest, AsksOnceMoreWhereTheConnectionEndedUnanswered) {
-  QTcpServer hasty;
-  ASSERT_TRUE(hasty.listen(QHostAddress::LocalHost));
-  int requests = 0;
-  int unanswered = 100;
-  QObject::connect(&hasty, &QTcpServer::newConnection, &hasty, [&] {
-    QTcpSocket* socket = hasty.nextPendingConnection();
-    QObject::connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
-      socket->readAll();
-      if (++requests > unanswered)
-        socket->write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n4.31");
-      socket->disconnectFromHost();
+  for (const int unanswered : {1, 2}) {
+    LineServer hasty([unanswered](LineServer::Request& request) {
+      request.send(request.number > unanswered ? whole : QByteArray());
+      request.hangUp();
     });
-  });
-  const QUrl address(u"http://127.0.0.1:%1/x"_s.arg(hasty.serverPort()));
-  EXPECT_EQ(NetInet(makeNetwork(), shutdown).open(address).failure, NetFailure::Cut);
-  requests = 0;
-  const std::shared_ptr<QNetworkAccessManager> plain = makeNetwork();
-  const std::unique_ptr<QNetworkReply> reply(plain->get(QNetworkRequest(address)));
-  QEventLoop loop;
-  QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-  loop.exec();
-  ASSERT_EQ(reply->error(), QNetworkReply::RemoteHostClosedError);
-  // So many times the network asks by itself.
-  unanswered = std::exchange(requests, 0);
-  EXPECT_EQ(NetInet(makeNetwork(), shutdown).open(address).body, "4.31");
+    const Reply reply = NetInet(makeNetwork(), shutdown).open(hasty.at(u"/x"_s));
+    EXPECT_EQ(reply.failure, unanswered == 1 ? NetFailure::None : NetFailure::Cut);
+    EXPECT_EQ(hasty.requests.size(), 2);
+  }
 }
 
-TEST_F(NetInetTest, FollowsRedirectsToAnotherServer) {
+TEST_F(NetInetTest, WhatNobodyAskedForAnswersNothing) {
+  const QByteArray newer = QByteArray(whole).replace("31", "32");
+  const QByteArray other = "HTTP/1.1 200 OK\r\nContent-Length: 6\r\n\r\nother\n";
+  const QByteArray tired = "HTTP/1.1 408 Timeout\r\nContent-Length: 1\r\n\r\n<";
+  const QByteArray gone = "HTTP/1.1 400 No\r\nConnection: close\r\nContent-Length: 1\r\n\r\n<";
+  const QByteArray chunks = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\n4.31\r\n0\r\n\r\n";
+  const struct {
+    const char* name;
+    QByteArray first;       // what answers the first request
+    QByteArray idle = {};   // what comes behind it, unasked
+    QByteArray second = {}; // what comes over the same connection for the second request
+    bool firstIsGood = true;
+    int connections = 2;
+  } cases[] = {
+      {.name = "nothing", .first = whole, .second = newer, .connections = 1},
+      {.name = "the former answer again", .first = whole, .second = whole},
+      {.name = "a surplus answer", .first = whole, .idle = other},
+      {.name = "half of one", .first = whole, .idle = other.left(20)},
+      {.name = "a 408", .first = whole, .idle = tired},
+      {.name = "with the answer", .first = whole + other, .firstIsGood = false},
+      {.name = "behind the chunks", .first = chunks + other},
+      {.name = "a surplus answer in between", .first = whole, .second = other + newer},
+      {.name = "a 408 in between", .first = whole, .second = tired},
+      {.name = "an error that hangs up", .first = whole, .second = gone},
+      {.name = "the end of another answer", .first = whole, .second = "4.32" + newer},
+      {.name = "the end", .first = whole},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    LineServer line([&c, &newer](LineServer::Request& request) {
+      if (request.number == 1) {
+        request.send(c.first);
+        if (!c.idle.isEmpty())
+          QTimer::singleShot(20, &request.socket, [request, &c] { request.send(c.idle); });
+      } else if (request.ofConnection == 2) {
+        request.send(c.second);
+        if (c.second.isEmpty())
+          request.hangUp();
+      } else {
+        request.send(newer);
+      }
+    });
+    NetInet client(makeNetwork(), shutdown);
+    EXPECT_EQ(client.open(line.at(u"/1"_s)).ok, c.firstIsGood);
+    QEventLoop loop;
+    after(50, [&loop] { loop.quit(); });
+    loop.exec();
+    EXPECT_EQ(client.open(line.at(u"/2"_s)).body, "4.32");
+    EXPECT_EQ(line.connections(), c.connections);
+  }
+}
+
+TEST_F(NetInetTest, FollowsRedirectsWithinTheServerAlone) {
   EndpointServer other;
   ASSERT_TRUE(other.start());
   other.setFile(u"/b"_s, report);
-  server.setAnswer(u"/a"_s,
-                   {.status = 301, .headers = {{"Location", other.baseAddress().toLatin1() + "/b"}}});
+  server.setFile(u"/b"_s, report);
   QStringList asked;
   inet.onRequest([&](const QUrl& url) { asked.append(url.path()); });
-  EXPECT_EQ(inet.open(at(u"/a"_s)).body, report);
-  EXPECT_EQ(asked, QStringList{u"/a"_s});
-  EXPECT_EQ(other.requests(), QStringList{u"/b"_s});
+  const QByteArray here = server.baseAddress().toLatin1();
+  const struct {
+    QByteArray to;
+    bool followed;
+  } cases[] = {{"/b", true},
+               {here + "/b", true},
+               {other.baseAddress().toLatin1() + "/b", false},
+               {QByteArray(here).replace("127.0.0.1", "localhost") + "/b", false},
+               {QByteArray(here).replace("http:", "https:") + "/b", false},
+               {"file:///etc/hostname", false},
+               {"", false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.to.toStdString());
+    server.setAnswer(u"/a"_s, {.body = "moved\n", .status = 301, .headers = {{"Location", c.to}}});
+    EXPECT_EQ(inet.open(at(u"/a"_s)).body, c.followed ? report : QByteArray());
+  }
+  EXPECT_EQ(asked.size(), qsizetype(std::size(cases)));
+  EXPECT_EQ(other.requests(), QStringList());
+}
+
+TEST_F(NetInetTest, AsksThroughTheProxyOfTheEnvironmentButNeverForLoopback) {
+  LineServer proxy([](LineServer::Request& request) {
+    const bool first = request.target.endsWith("/a");
+    request.send(first ? "HTTP/1.1 302 Moved\r\nContent-Length: 0\r\nLocation: http://c.invalid/b\r\n\r\n"
+                       : whole);
+  });
+  qputenv("http_proxy", proxy.at({}).toEncoded());
+  qputenv("no_proxy", "x.invalid, .y.invalid");
+  EXPECT_EQ(inet.open(QUrl(u"http://b.invalid/a"_s)).body, "4.31");
+  for (const QString& host : {u"x.invalid"_s, u"z.y.invalid"_s, u"[::1]:1"_s})
+    EXPECT_EQ(inet.open(QUrl(u"http://"_s + host)).failure, NetFailure::Unreachable);
+  EXPECT_TRUE(inet.open(at(u"/unknown"_s)).ok);
+  qunsetenv("http_proxy");
+  qunsetenv("no_proxy");
+  EXPECT_EQ(proxy.requests, (QByteArrayList{"http://b.invalid/a", "http://c.invalid/b"}));
 }
 
 TEST_F(NetInetTest, EndsAtTheTimeOutEvenWhileBytesComeIn) {
@@ -289,6 +345,9 @@ TEST_F(NetInetTest, FortyStationsShareOneConnection) {
     EXPECT_EQ((i % 2 ? second : inet).open(at(path)).body, path.toLatin1());
   }
   EXPECT_EQ(server.connections(), 1);
+  inet.distrustConnections();
+  EXPECT_TRUE(second.open(at(u"/1.TXT"_s)).ok);
+  EXPECT_EQ(server.connections(), 2);
 }
 
 TEST_F(NetInetTest, AConnectionThatDiedMeanwhileIsMadeAnew) {

@@ -129,8 +129,11 @@ TEST_F(ChangeDetectorTest, RefusesWhatIsNoReportOfTheStation) {
     world.server.setFile(stationsPath + u"RJTT.TXT", c.body);
     forget();
     // A refused file is a change, once, and so is the good one behind it.
+    const int connections = world.server.connections();
     checkForChanges(run.program);
     EXPECT_EQ(run.logged(), (QStringList{c.why, u"RJTT METAR CHANGED"_s}));
+    // The TAF, which is asked next, must not come over the connection that brought this.
+    EXPECT_EQ(world.server.connections(), connections + 1);
     EXPECT_TRUE(run.program.cycleChanged);
     checkForChanges(run.program);
     EXPECT_FALSE(run.program.cycleChanged);
