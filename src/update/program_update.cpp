@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/foreign_database.h"
 #include "update/carry_over.h"
 
 #include <QFile>
@@ -81,6 +82,15 @@ bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) 
   return writeWhole(local, module, true);
 }
 
+bool ProgramUpdate::fetchDatabase(const QString& local) {
+  const QString foreign = local + u".fetched";
+  const auto remove = qScopeGuard([&foreign] { QFile::remove(foreign); });
+  QFile::remove(local);
+  return fetchFile(databaseAddress.toString(), foreign) &&
+         passOver(lcUpdate(), "taking the rows of a database over",
+                  [&] { copyForeignDatabase(foreign, local); });
+}
+
 bool ProgramUpdate::databaseIsReadOnly() const {
   const QFileInfo database(services_.path(u"soran.mdb"));
   // The mode counts for root too, who may write everything.
@@ -118,11 +128,9 @@ void ProgramUpdate::renewDatabase(double version) {
     return;
   const QString fetched = services_.path(u"data/soran$.mdb");
   const auto remove = qScopeGuard([&fetched] { QFile::remove(fetched); });
-  // What a copy that was killed left would be rolled back into the new file.
-  QFile::remove(fetched + u"-journal");
-  if (!fetchFile(databaseAddress.toString(), fetched))
+  if (!fetchDatabase(fetched))
     return;
-  if (!isWholeDatabase(fetched) || !swapDatabase(fetched)) {
+  if (!swapDatabase(fetched)) {
     qCWarning(lcUpdate) << "passed over: renewing the database";
     return;
   }

@@ -31,6 +31,10 @@ class ProgramUpdate {
   /// the update module. False where nothing was written.
   bool fetchFile(const QString& remote, const QString& local);
 
+  /// Fetches the database and makes the file `local` of its rows. False where there is none, or none that is
+  /// data alone; `local` is gone then.
+  bool fetchDatabase(const QString& local);
+
   /// Renews the update module where its version differs.
   void renewModule(double version);
 
