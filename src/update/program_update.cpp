@@ -160,7 +160,7 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
   if (!carried)
     return false;
   tables_.closeAll();
-  const QByteArray former = contents(database);
+  const QByteArray former = hasHotJournal(database) ? QByteArray() : contents(database);
   const bool swapped = !former.isEmpty() && writeWhole(backup, former, true) && renameOver(newFile, database);
   passOver(lcUpdate(), "opening the database", [&] { tables_.openAllTables(database); });
   return swapped;
