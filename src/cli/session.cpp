@@ -33,6 +33,7 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
                  bool runs)
     : input_(input), output_(output), withRuns_(runs), launch_(options, timers_, std::move(delivered)),
       program_(launch_.services(headless_.frontEnd(*this))), terminal_(program_) {
+  program_.services.startsModule = false;
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
       requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));

@@ -6,8 +6,10 @@
 #include "base/skip.h"
 #include "base/text.h"
 #include "store/foreign_database.h"
+#include "update/accepted_version.h"
 #include "update/carry_over.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QHostAddress>
@@ -22,6 +24,7 @@ namespace {
 Q_LOGGING_CATEGORY(lcUpdate, "soran.store")
 
 constexpr QStringView modulePath = u"update.exe";
+constexpr QStringView acceptedModule = u"module.version";
 constexpr QStringView moduleAddress = u"/data/update.exe";
 constexpr QStringView databaseAddress = u"/data/soran.mdb";
 
@@ -41,6 +44,18 @@ bool renameOver(const QString& from, const QString& to) {
 bool isUsersOwnMachine(const QUrl& endpoint) {
   return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || endpoint.host() == u"localhost" ||
          QHostAddress(endpoint.host()).isLoopback();
+}
+
+bool takesUnsigned(const Endpoints& endpoints) {
+  return !endpoints.signedUpdates && isUsersOwnMachine(QUrl(endpoints.update));
+}
+
+QByteArray sumOf(const QByteArray& bytes) {
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+bool isOlder(const Services& services, const QByteArray& module) {
+  return leadingNumber(moduleVersion(module)) < acceptedVersion(services.path(acceptedModule));
 }
 
 bool isSameVersion(double one, double other) {
@@ -74,12 +89,26 @@ bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
 }
 
 bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) {
-  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
-  const Reply signature = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
-  QFile::remove(local + u".sig");
-  if (isAnswer(signature) && !writeWhole(local + u".sig", signature.body, true))
+  const Reply reply = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
+  // A signature may begin with any byte.
+  const bool answered = isAnswer(reply) || (reply.ok && reply.body.size() == signatureSize);
+  const QByteArray signature = answered ? reply.body : QByteArray();
+  const bool isSigned = signatureFits(module, signature, publicKey_);
+  const bool unsignedToo = takesUnsigned(services_.endpoints);
+  if (isSigned && !unsignedToo && isOlder(services_, module)) {
+    qCWarning(lcUpdate) << "passed over: an update module older than the one before";
     return false;
-  return writeWhole(local, module, true);
+  }
+  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
+  QFile::remove(local + u".sig");
+  if (!signature.isEmpty() && !writeWhole(local + u".sig", signature, true))
+    return false;
+  if (!writeWhole(local, module, true))
+    return false;
+  services_.copiedModule = unsignedToo ? sumOf(module) : QByteArray();
+  const QString version = moduleVersion(module);
+  const QString accepted = services_.path(acceptedModule);
+  return !isSigned || leadingNumber(version) <= acceptedVersion(accepted) || acceptVersion(accepted, version);
 }
 
 bool ProgramUpdate::fetchDatabase(const QString& local) {
@@ -166,14 +195,25 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
   return swapped;
 }
 
+bool ProgramUpdate::readyModule() {
+  if (moduleMayRun(services_, publicKey_))
+    return true;
+  const QString module = services_.path(modulePath);
+  if (!services_.handsOver || !takesUnsigned(services_.endpoints) || QFileInfo(module).size() == 0)
+    return false;
+  if (!services_.startsModule)
+    return true;
+  return fetchFile(moduleAddress.toString(), module) && moduleMayRun(services_, publicKey_);
+}
+
 bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& publicKey) {
   const QString module = services.path(modulePath);
   const QByteArray bytes = contents(module);
   if (!services.handsOver || bytes.isEmpty())
     return false;
-  if (!services.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services.endpoints.update)))
+  if (takesUnsigned(services.endpoints) && sumOf(bytes) == services.copiedModule)
     return true;
-  return signatureFits(bytes, contents(module + u".sig"), publicKey);
+  return signatureFits(bytes, contents(module + u".sig"), publicKey) && !isOlder(services, bytes);
 }
 
 } // namespace soran

@@ -7,6 +7,7 @@
 #include "support/child_process.h"
 #include "support/printing.h"
 
+#include <QCryptographicHash>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -261,12 +262,15 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
     QByteArray module;
     QByteArray signature;
     bool mayRun;
+    bool copied = true; ///< in this run, from the user's own machine
   } cases[] = {
       {"own folder", u"file:///srv/soran"_s, false, module, {}, true},
       {"loopback", u"http://127.0.0.1:8080"_s, false, module, {}, true},
       {"loopback by name", u"http://localhost"_s, false, module, {}, true},
       {"loopback of IPv6", u"http://[::1]:80"_s, false, module, {}, true},
       {"compiled in", u"qrc:/delivered/update"_s, false, module, {}, true},
+      {"left by an earlier run", u"file:///srv/soran"_s, false, module, {}, false, false},
+      {"left and signed", u"file:///srv/soran"_s, false, module, good, true, false},
       {"no module", u"file:///srv/soran"_s, false, {}, {}, false},
       {"folder with signatures", u"file:///srv/soran"_s, true, module, {}, false},
       {"loopback with signatures", u"http://127.0.0.1"_s, true, module, {}, false},
@@ -286,15 +290,58 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
     SCOPED_TRACE(c.name);
     services.endpoints.update = c.endpoint;
     services.endpoints.signedUpdates = c.signedUpdates;
+    services.copiedModule =
+        c.copied ? QCryptographicHash::hash("module", QCryptographicHash::Sha256) : QByteArray();
     QFile::remove(desk.path(u"update.exe"_s));
     if (!c.module.isEmpty())
       writeWhole(desk.path(u"update.exe"_s), c.module);
     writeWhole(desk.path(u"update.exe.sig"_s), c.signature);
     EXPECT_EQ(ProgramUpdate::moduleMayRun(services, makers.publicKey), c.mayRun);
   }
+  services.copiedModule.clear();
   // A program without a key takes no signature for good.
   services.endpoints.update = u"https://soran.example"_s;
   writeWhole(desk.path(u"update.exe"_s), module);
   writeWhole(desk.path(u"update.exe.sig"_s), good);
   EXPECT_FALSE(ProgramUpdate::moduleMayRun(services, {}));
+}
+
+TEST_F(ProgramUpdateTest, ALeftModuleIsCopiedAgainBeforeItRuns) {
+  // The endpoint of before may have been anybody's.
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_EQ(desk.bytes(u"update.exe"_s), "module");
+  desk.server.clearRequests();
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_THAT(desk.server.requests(), IsEmpty());
+  writeWhole(desk.path(u"update.exe"_s), "changed meanwhile");
+  desk.server.removeFile(u"/data/update.exe"_s);
+  EXPECT_FALSE(update.readyModule());
+  services.startsModule = false;
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_FALSE(ProgramUpdate::moduleMayRun(services));
+}
+
+TEST_F(ProgramUpdateTest, NoOlderSignedModuleTakesThePlaceOfANewerOne) {
+  const TestKey makers;
+  services.endpoints.signedUpdates = true;
+  ProgramUpdate signedUpdate(services, tables, services.endpoints.update, makers.publicKey);
+  double served = 2;
+  const auto offer = [&](const QByteArray& module) {
+    desk.server.setFile(u"/data/update.exe"_s, module);
+    desk.server.setFile(u"/data/update.exe.sig"_s, makers.sign(module));
+    signedUpdate.renewModule(++served);
+    return desk.bytes(u"update.exe"_s) == module && ProgramUpdate::moduleMayRun(services, makers.publicKey);
+  };
+  const QByteArray newer = "\177ELF soran-update  soran-update 4.32\n tail";
+  EXPECT_TRUE(offer("without a version"));
+  EXPECT_TRUE(offer(newer));
+  EXPECT_FALSE(offer("soran-update 4.31\n"));
+  EXPECT_FALSE(offer("without a version"));
+  EXPECT_EQ(desk.bytes(u"update.exe"_s), newer);
+  EXPECT_EQ(tables.settings()[key::UPDATEバージョン], 4.0);
+  // Nor where it lies in its place already.
+  writeWhole(desk.path(u"update.exe"_s), "soran-update 4.31\n");
+  writeWhole(desk.path(u"update.exe.sig"_s), makers.sign("soran-update 4.31\n"));
+  EXPECT_FALSE(ProgramUpdate::moduleMayRun(services, makers.publicKey));
+  EXPECT_TRUE(offer("soran-update 4.33\n"));
 }
