@@ -67,6 +67,36 @@ TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
   }
 }
 
+TEST_F(CliTest, OutputThatIsLostIsTold) {
+  const struct {
+    QByteArray call;
+    QByteArray input = {};
+  } cases[] = {
+      {"run RJTT"}, {"batch", R"({"op":"colour","text":"RJTT"})"}, {"session"}, {"--help"}, {"--version"},
+  };
+  for (const auto& c : cases) {
+    for (const QByteArray output : {" > /dev/full", " >&-", " | true", " > /dev/null"}) {
+      SCOPED_TRACE(QByteArray(c.call + output).toStdString());
+      // The reader of a pipe is gone before anything is written.
+      const QByteArray wait = output == " | true" ? "sleep 0.3; " : "";
+      const QByteArray script =
+          "{ { " + wait + "\"$0\" --home \"$1\" " + c.call + "; echo $? >&2; } " + output + "; } 2>&1";
+      QProcess shell;
+      shell.start(u"/bin/sh"_s, {u"-c"_s, QString::fromUtf8(script), commandLine, world.home()});
+      shell.write(c.input + '\n');
+      shell.closeWriteChannel();
+      QElapsedTimer time;
+      time.start();
+      while (shell.state() != QProcess::NotRunning && time.elapsed() < 20'000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+      const QByteArray told = shell.readAll();
+      const bool isLost = output != " > /dev/null";
+      EXPECT_EQ(told.trimmed().endsWith(isLost ? "\n4" : "0"), true) << told.toStdString();
+      EXPECT_EQ(told.contains("soran-cli: cannot write the output: "), isLost) << told.toStdString();
+    }
+  }
+}
+
 TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   const QString file = world.folder.filePath(u"data.json"_s);
   const QString page = world.folder.filePath(u"page.json"_s);
