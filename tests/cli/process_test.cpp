@@ -119,6 +119,7 @@ TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   world.store([](Tables& tables) { storeGroups(tables, {}); });
   EXPECT_EQ(status(u"import"_s, page, "JSON"), 1);
   EXPECT_EQ(status(u"import"_s, world.folder.filePath(u"none"_s), "none"), 1);
+  EXPECT_EQ(status(u"import"_s, world.path(u"soran.mdb"_s), "soran.mdb: データベースは読み込めません"), 1);
   EXPECT_EQ(status(u"export"_s, page + u"/below", "below"), 1);
   route({});
   Cli session(with({u"session"_s}));
@@ -127,6 +128,10 @@ TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   session.end();
   EXPECT_EQ(status(u"import"_s, file), 0);
   route(u"RJTT RJAA"_s);
+  writeWhole(world.path(u"soran.mdb"_s), QByteArray("SQLite format 3\0 of another program", 36), true);
+  EXPECT_EQ(status(u"export"_s, file, "soran.mdb: 形式が異なります"), 1);
+  writeWhole(world.path(u"soran.mdb"_s), "no database");
+  EXPECT_EQ(status(u"import"_s, file, "soran.mdb: データベースではありません"), 1);
 }
 
 TEST_F(CliTest, OneInstanceForEachHome) {
