@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // soran-cli as a process.
 
+#include "base/foreign_text.h"
 #include "cli/cli_fixture.h"
 #include "forms/list_rules.h"
 
@@ -94,6 +95,32 @@ TEST_F(CliTest, OutputThatIsLostIsTold) {
       EXPECT_EQ(told.trimmed().endsWith(isLost ? "\n4" : "0"), true) << told.toStdString();
       EXPECT_EQ(told.contains("soran-cli: cannot write the output: "), isLost) << told.toStdString();
     }
+  }
+}
+
+TEST_F(CliTest, NothingThatMisleadsReachesTheTerminal) {
+  writeWhole(world.folder.filePath(u"data.json"_s),
+             R"({"format":"SORAN data","version":1,"tables":{"\u001b[2J\u202e":[]},"settings":{}})");
+  const struct {
+    QStringList call;
+    QByteArray input;
+    QByteArray shown;
+  } cases[] = {
+      {with({u"import"_s, world.folder.filePath(u"data.json"_s)}), {}, "·[2J·"},
+      {{u"\x1B]0;x\a\u009B\u200B"_s}, {}, "·]0;x···"},
+      {{u"batch"_s},
+       R"({"op":"x","id":"\u001b\u007f\u009b\u202e\ufeff\ud800\udb40\udc41\u3042\t"})",
+       R"("id":"\u001b\u007f\u009b\u202e\ufeff\ud800\udb40\udc41あ\t"})"},
+      {with({u"session"_s}), R"({"keys":"\u202eA"})", R"("input":"\u202eA")"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.shown.toStdString());
+    Cli cli(c.call);
+    cli.send(c.input);
+    cli.end();
+    const QString told = QString::fromUtf8(cli.readAllStandardOutput() + cli.readAllStandardError());
+    EXPECT_TRUE(told.contains(QString::fromUtf8(c.shown))) << told.toStdString();
+    EXPECT_EQ(cleaned(told), told);
   }
 }
 
