@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the delivered database from the text files of a folder: make-database TABLES_DIR PICTURES_DIR OUTPUT.
 
+#include "store/schema.h"
 #include "store/tables.h"
 
 #include <QCoreApplication>
@@ -40,63 +41,25 @@ std::vector<std::pair<QString, QString>> rowsOf(const QString& path) {
   return rows;
 }
 
-struct ListTable {
-  QStringView name;
-  QStringView key;
-  QStringView value;
-};
-constexpr ListTable lists[] = {
-    {table::飛行場情報, u"ICAOコード", u"飛行場名"},
-    {table::自動デコード, u"ICAOコード", u"飛行場名"},
-    {table::カンパニー, u"id", u"route"},
-    {table::気象略語, u"略語", u"意味"},
-    {table::日本語解析, u"略語", u"意味"},
-};
-
-void makeList(Database& database, const ListTable& list, const QString& folder) {
-  const QString name = quotedName(list.name);
-  database.execute(u"CREATE TABLE "_s + name + u" (\"順位\" INTEGER, " + quotedName(list.key) + u" TEXT, " +
-                   quotedName(list.value) + u" TEXT)");
+void makeList(Database& database, QStringView list, const QString& folder) {
+  createTable(database, list);
   int rank = 0;
-  for (const auto& [first, second] : rowsOf(folder + u'/' + list.name + u".tsv"))
-    database.execute(u"INSERT INTO "_s + name + u" VALUES (?, ?, ?)", {++rank, first, second});
+  for (const auto& [first, second] : rowsOf(folder + u'/' + list + u".tsv"))
+    insertRow(database, list, {++rank, first, second});
 }
 
 void makePictures(Database& database, const QString& folder, const QString& pictures) {
-  const QString name = quotedName(table::データ);
-  database.execute(u"CREATE TABLE "_s + name + u" (\"順位\" INTEGER, \"名称\" TEXT, \"データ\" BLOB)");
+  createTable(database, table::データ);
   int rank = 0;
   for (const auto& [item, file] : rowsOf(folder + u'/' + table::データ + u".tsv")) {
     const QByteArray bytes = file.isEmpty() ? QByteArray() : contents(pictures + u'/' + file);
-    database.execute(u"INSERT INTO "_s + name + u" VALUES (?, ?, ?)", {++rank, item, bytes});
-  }
-}
-
-QString declaredType(SettingType type) {
-  switch (type) {
-  case SettingType::Text:
-  case SettingType::Date:
-    return u"TEXT"_s;
-  case SettingType::Version:
-    return QString(); // kept as written, text or number
-  default:
-    return u"INTEGER"_s;
+    insertRow(database, table::データ, {++rank, item, bytes});
   }
 }
 
 void makeSettings(Database& database) {
-  QStringList columns;
-  QStringList marks;
-  QVariantList values;
-  const SettingsRecord standard = SettingsRecord::standard(u"+9"_s);
-  for (size_t i = 0; i < settingSpecs.size(); ++i) {
-    columns.append(quotedName(settingSpecs[i].column) + u' ' + declaredType(settingSpecs[i].type));
-    marks.append(u"?"_s);
-    values.append(standard.value(static_cast<SettingIndex>(i)));
-  }
-  const QString name = quotedName(table::設定);
-  database.execute(u"CREATE TABLE "_s + name + u" (" + columns.join(u", ") + u")");
-  database.execute(u"INSERT INTO "_s + name + u" VALUES (" + marks.join(u", ") + u")", values);
+  createTable(database, table::設定);
+  insertRow(database, table::設定, standardRow());
 }
 
 } // namespace
@@ -111,7 +74,8 @@ int main(int argc, char** argv) {
     Database database;
     database.open(arguments[3], Database::Mode::Create);
     Transaction transaction(database);
-    for (const ListTable& list : lists)
+    for (const QStringView list :
+         {table::飛行場情報, table::自動デコード, table::カンパニー, table::気象略語, table::日本語解析})
       makeList(database, list, arguments[1]);
     makePictures(database, arguments[1], arguments[2]);
     makeSettings(database);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/foreign_text.h"
+
 #include <QLoggingCategory>
 #include <exception>
 
@@ -16,7 +18,7 @@ bool passOver(const QLoggingCategory& category, const char* what, Step&& step) {
     step();
     return true;
   } catch (const std::exception& e) {
-    qCWarning(category).noquote() << "passed over:" << what << "-" << e.what();
+    qCWarning(category).noquote() << "passed over:" << what << "-" << cleaned(QString::fromUtf8(e.what()));
     return false;
   }
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ansi.h"
 
+#include "base/foreign_text.h"
+
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -13,8 +15,6 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QChar replacement = u'\u00B7';
 
 /// The sixteen colours as most terminals show them.
 constexpr std::array<Colour, 16> palette = {
@@ -76,8 +76,7 @@ QByteArray colourParameters(Colour colour, ColourDepth depth) {
 }
 
 bool hasShape(char32_t c) {
-  const QChar::Category category = QChar::category(c);
-  return QChar::isPrint(c) && category != QChar::Separator_Line && category != QChar::Separator_Paragraph;
+  return QChar::isPrint(c) && !isMisleading(c);
 }
 
 } // namespace
@@ -128,7 +127,7 @@ QString printable(QStringView text) {
     else if (c != QChar::ReplacementCharacter && hasShape(c))
       shown += QChar::fromUcs4(c);
     else
-      shown += replacement;
+      shown += maskedCharacter;
   }
   return shown;
 }

@@ -94,17 +94,18 @@ QByteArray answerJob(const QByteArray& line) {
   return lineOf(answer);
 }
 
-void runBatch(LineInput& input, QIODevice& output) {
+bool runBatch(LineInput& input, QIODevice& output) {
   constexpr qsizetype piece = 1 << 16;
   QByteArray pending;
   while (const std::optional<QByteArray> line = input.next()) {
     pending += answerJob(*line);
     if (pending.size() >= piece || !input.isAtHand()) {
-      output.write(pending);
+      if (output.write(pending) != pending.size())
+        return false;
       pending.clear();
     }
   }
-  output.write(pending);
+  return output.write(pending) == pending.size();
 }
 
 } // namespace soran

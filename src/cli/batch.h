@@ -8,8 +8,9 @@
 
 namespace soran {
 
-/// Answers jobs, one a line, until the input ends.
-void runBatch(LineInput& input, QIODevice& output);
+/// Answers jobs, one a line, until the input ends. False where an answer could not be written; no further job
+/// is looked at then.
+bool runBatch(LineInput& input, QIODevice& output);
 
 /// The answer to one line: {"id": ..., "result": ...} or {"id": ..., "error": "..."}.
 QByteArray answerJob(const QByteArray& line);

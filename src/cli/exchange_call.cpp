@@ -7,8 +7,6 @@
 #include "forms/exchange.h"
 #include "store/json_fields.h"
 
-#include <QFile>
-
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -16,37 +14,43 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Runs `work` on the closed program's tables.
-int withTables(const LaunchOptions& options, QIODevice& errors, const std::function<void(Tables&)>& work) {
+int withTables(const LaunchOptions& options, StandardStream& errors,
+               const std::function<void(Tables&)>& work) {
   const QString directory = programDirectory(options);
+  const QString database = directory + u"/soran.mdb";
   FileLock lock(directory + u"/soran.lock");
+  QString why;
   try {
     if (lock.take() == FileLock::Result::Held)
       throw InputError(u"SORAN はすでに起動しています"_s);
     Tables tables;
-    tables.openAllTables(directory + u"/soran.mdb");
+    tables.openAllTables(database);
     work(tables);
     return 0;
+  } catch (const StoreError& e) {
+    why = storeFailure(e, database);
   } catch (const std::runtime_error& e) {
-    errors.write(QByteArray("soran-cli: ") + e.what() + '\n');
-    return 1;
+    why = QString::fromUtf8(e.what());
   }
+  errors.tell(u"soran-cli: "_s + why + u'\n');
+  return 1;
 }
 
 } // namespace
 
-int exportCall(const LaunchOptions& options, const QString& file, QIODevice& errors) {
+int exportCall(const LaunchOptions& options, const QString& file, StandardStream& errors) {
   return withTables(options, errors, [&file](Tables& tables) {
     if (!writeWhole(file, exportedData(tables), true))
       throw InputError(u"cannot write "_s + file);
   });
 }
 
-int importCall(const LaunchOptions& options, const QString& file, QIODevice& errors) {
+int importCall(const LaunchOptions& options, const QString& file, StandardStream& errors) {
   return withTables(options, errors, [&file](Tables& tables) {
     QFile input(file);
     if (!input.open(QIODevice::ReadOnly))
       throw InputError(u"cannot read "_s + file);
-    importData(tables, input.readAll());
+    importFile(tables, input);
   });
 }
 

@@ -7,18 +7,16 @@
 #include "cli/interactive.h"
 #include "cli/run.h"
 #include "cli/session.h"
+#include "cli/standard_stream.h"
 #include "delivered.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <unistd.h>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int badArguments = 2;
 
 QByteArray helpText() {
   return QString::fromUtf8(
@@ -37,12 +35,19 @@ QByteArray helpText() {
       .toUtf8();
 }
 
-int refuse(QFile& errors, const QString& why) {
-  errors.write(QString(u"soran-cli: "_s + why + u"\n").toUtf8());
+int refuse(StandardStream& errors, const QString& why) {
+  errors.tell(u"soran-cli: "_s + why + u'\n');
   return badArguments;
 }
 
-int runCall(LaunchOptions options, QFile& output, QFile& errors) {
+/// The exit status, with a word on output that is lost.
+int told(int status, const StandardStream& output, StandardStream& errors) {
+  if (status == outputLost)
+    errors.tell(u"soran-cli: cannot write the output: "_s + output.errorString() + u'\n');
+  return status;
+}
+
+int runCall(LaunchOptions options, StandardStream& output, StandardStream& errors) {
   const QString call = options.rest.takeFirst();
   if (options.runs && call != u"session")
     return refuse(errors, u"--runs goes with session"_s);
@@ -66,8 +71,7 @@ int runCall(LaunchOptions options, QFile& output, QFile& errors) {
   if (call == u"batch") {
     if (!options.rest.isEmpty())
       return refuse(errors, u"batch takes no further arguments"_s);
-    runBatch(input, output);
-    return 0;
+    return runBatch(input, output) ? 0 : outputLost;
   }
   return refuse(errors, u"unknown call " + call);
 }
@@ -75,30 +79,24 @@ int runCall(LaunchOptions options, QFile& output, QFile& errors) {
 } // namespace
 
 int main(int argc, char** argv) {
+  guardStandardStreams();
   useUtf8();
   QCoreApplication app(argc, argv);
   QCoreApplication::setApplicationName(u"soran"_s);
-  QFile output;
-  QFile errors;
-  if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-      !errors.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
-    return 1;
+  StandardStream output(STDOUT_FILENO);
+  StandardStream errors(STDERR_FILENO);
   const LaunchOptions options = readOptions(QCoreApplication::arguments().mid(1));
   if (!options.error.isEmpty())
     return refuse(errors, options.error);
-  if (options.help) {
-    output.write(helpText());
-    return 0;
-  }
-  if (options.version) {
-    output.write(QString(u"soran-cli "_s + programVersion + u"\n").toUtf8());
-    return 0;
-  }
+  if (options.help)
+    return told(output.writeAll(helpText()) ? 0 : outputLost, output, errors);
+  if (options.version)
+    return told(output.tell(u"soran-cli "_s + programVersion + u'\n') ? 0 : outputLost, output, errors);
   if (options.rest.isEmpty()) {
     if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
       return refuse(errors, u"no call given, and no terminal; see soran-cli --help"_s);
     const TerminalStyle style = terminalStyle(qgetenv("TERM"), qgetenv("COLORTERM"), qgetenv("NO_COLOR"));
     return Interactive(options, delivered::file, style).run();
   }
-  return runCall(options, output, errors);
+  return told(runCall(options, output, errors), output, errors);
 }

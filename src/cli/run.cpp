@@ -45,7 +45,7 @@ class Typist final : public Waiting {
 } // namespace
 
 int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStringList& lines,
-             QIODevice& output, QIODevice& errors) {
+             StandardStream& output, StandardStream& errors) {
   SteppedTimers timers;
   Launch launch(options, timers, std::move(delivered));
   Headless desk;
@@ -55,14 +55,14 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   services.handsOver = false;
   Program program(services);
   if (launch.demo())
-    errors.write("DEMONSTRATION DATA\n");
+    errors.tell(u"DEMONSTRATION DATA\n"_s);
   Opening opening(program);
   if (opening.start() != Opening::Result::Started) {
-    errors.write(u"soran-cli: "_s.append(opening.failure()).append(u'\n').toUtf8());
-    return 1;
+    errors.tell(u"soran-cli: "_s.append(opening.failure()).append(u'\n'));
+    return notStarted;
   }
   desk.onDialog = [&errors](const QString& text) {
-    errors.write(QString(text).replace(u'\r', u'\n').trimmed().append(u'\n').toUtf8());
+    errors.tell(QString(text).replace(u'\r', u'\n').trimmed().append(u'\n'));
   };
   desk.onForm = [&program](const Form& shown) {
     if (std::holds_alternative<form::Picture>(shown))
@@ -77,9 +77,9 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   text.replace(u"\r\n"_s, u"\n"_s);
   if (!text.endsWith(u'\n'))
     text += u'\n';
-  output.write(text.toUtf8());
+  const bool written = output.tell(text);
   terminal.close();
-  return 0;
+  return written ? 0 : outputLost;
 }
 
 } // namespace soran

@@ -33,6 +33,7 @@ Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInpu
                  bool runs)
     : input_(input), output_(output), withRuns_(runs), launch_(options, timers_, std::move(delivered)),
       program_(launch_.services(headless_.frontEnd(*this))), terminal_(program_) {
+  program_.services.startsModule = false;
   launch_.onRequest([this](const QUrl& url) {
     if (!url.path().endsWith(u".sig"))
       requests_.append(url.adjusted(QUrl::RemoveScheme | QUrl::RemoveAuthority).toString(QUrl::FullyEncoded));
@@ -53,7 +54,7 @@ int Session::run() {
     terminal_.start(opening.notice());
   } catch (const Unwind&) {
     writeState();
-    return 0;
+    return status();
   }
   writeState();
   while (!terminal_.ended()) {
@@ -64,14 +65,14 @@ int Session::run() {
       writeState();
     }
   }
-  return 0;
+  return status();
 }
 
 int Session::endedAtOnce() {
   QJsonObject line = state();
   line.insert(u"ended"_s, true);
-  output_.write(lineOf(line));
-  return 1;
+  write(line);
+  return notStarted;
 }
 
 /// The start waits for the Enter key: its state is told here, and the lines of the input are served.
@@ -104,7 +105,7 @@ bool Session::handleNextLine() {
     return true;
   } catch (const InputError& e) {
     answer.insert(u"error"_s, e.fault());
-    output_.write(lineOf(answer));
+    write(answer);
     return false;
   }
 }
@@ -311,8 +312,13 @@ void Session::choose(const QString& name, std::optional<int> index) {
   throw InputError(u"unknown menu \""_s + name + u'"');
 }
 
-void Session::writeState() {
-  output_.write(lineOf(state()));
+/// Nobody could tell any more what the program does: it ends as at the end of the input.
+void Session::write(const QJsonObject& line) {
+  const QByteArray bytes = lineOf(line);
+  if (isLost_ || output_.write(bytes) == bytes.size())
+    return;
+  isLost_ = true;
+  terminal_.close();
 }
 
 QJsonObject Session::state() {

@@ -4,6 +4,7 @@
 
 #include "cli/headless.h"
 #include "cli/line_input.h"
+#include "cli/standard_stream.h"
 #include "start/launch.h"
 #include "store/json_fields.h"
 #include "terminal/terminal.h"
@@ -19,8 +20,8 @@ class Session final : private Waiting {
           bool runs);
   ~Session() override;
 
-  /// Runs from the start to the end of the input or of the program. The exit status: 1 where the start ended
-  /// at once.
+  /// Runs from the start to the end of the input or of the program. The exit status: 0, 1 where the start
+  /// ended at once, or 4 where a line could not be written, which ends the program.
   int run();
 
  private:
@@ -29,13 +30,15 @@ class Session final : private Waiting {
   void handle(Fields event);
   void type(const QString& characters);
   void tick(int seconds);
-  void writeState();
+  void write(const QJsonObject& line);
+  void writeState() { write(state()); }
   QJsonObject state();
   QJsonArray rowsOf(const QString& table);
   void rewrite(Fields& event);
   void setSettings(const QJsonObject& values);
   void choose(const QString& name, std::optional<int> index);
   int endedAtOnce();
+  int status() const { return isLost_ ? outputLost : 0; }
 
   LineInput& input_;
   QIODevice& output_;
@@ -47,6 +50,7 @@ class Session final : private Waiting {
   Terminal terminal_;
   int event_ = 0;
   bool atEnd_ = false;
+  bool isLost_ = false; // a line of the output
   QJsonArray requests_;
   std::optional<QJsonArray> rows_;
   std::optional<QString> tip_;

@@ -4,8 +4,11 @@
 
 #include "base/text.h"
 #include "forms/list_rules.h"
+#include "store/cipher.h"
+#include "store/foreign_database.h"
 #include "store/json_fields.h"
 
+#include <QFileInfo>
 #include <QJsonDocument>
 
 namespace soran {
@@ -51,7 +54,12 @@ Import checkedImport(const QByteArray& json) {
     if (!lists.has(name))
       continue;
     std::vector<EditedRow> rows;
-    for (const QStringList& row : textRows(lists.array(name), name, 2)) {
+    const QList<QStringList> given = textRows(lists.array(name), name, 2);
+    if (given.size() > mostForeignRows)
+      throw InputError(u"too many rows in "_s + name);
+    for (const QStringList& row : given) {
+      if (row[0].toUtf8().size() > largestForeignValue || row[1].toUtf8().size() > largestForeignValue)
+        throw InputError(u"too long a text in "_s + name);
       if (list == table::カンパニー && !isCodeList(trimBlanks(row[1])))
         throw InputError(u"not a list of codes: "_s + row[1]);
       rows.emplace_back(row[0], row[1]);
@@ -104,6 +112,42 @@ void importData(Tables& tables, const QByteArray& json) {
       tables.settings().setValue(index, value);
     tables.settings().update();
   });
+}
+
+void importFile(Tables& tables, QFile& file) {
+  const QString name = QFileInfo(file.fileName()).fileName();
+  // What has no size, a device, ends here too.
+  const QByteArray bytes = file.read(largestForeignDatabase + 1);
+  if (cipher::isDatabase(bytes))
+    throw InputError(name + u": データベースは読み込めません。書き出したデータのファイルを選択してください");
+  if (bytes.size() > largestForeignDatabase)
+    throw InputError(name + u": ファイルが大きすぎます");
+  importData(tables, bytes);
+}
+
+QString storeFailure(const StoreError& error, const QString& path) {
+  using enum StoreError::Kind;
+  const auto reason = [&]() -> QString {
+    switch (error.kind()) {
+    case Busy:
+      return u"他のプログラムが使用中です"_s;
+    case NoPermission:
+      return u"読み書きする権限がありません"_s;
+    case NoSpace:
+      return u"ディスクの空き容量がありません"_s;
+    case InputOutput:
+      return u"読み書きできません"_s;
+    case Corrupt:
+      return u"壊れています"_s;
+    case NotADatabase:
+      return cipher::isDatabaseOfAnotherFormat(path) ? u"形式が異なります"_s
+                                                     : u"データベースではありません"_s;
+    case Other:
+      break;
+    }
+    return u"このプログラムのデータベースとして使えません"_s;
+  };
+  return path + u": " + reason();
 }
 
 } // namespace soran

@@ -5,6 +5,7 @@
 #include "store/tables.h"
 
 #include <QByteArray>
+#include <QFile>
 
 namespace soran {
 
@@ -17,5 +18,12 @@ QByteArray exportedData(const Tables& tables);
 /// is written, and written in one transaction. Throws InputError where it is not what an export writes,
 /// StoreError where it cannot be stored; the database is then as it was.
 void importData(Tables& tables, const QByteArray& json);
+
+/// The same from an open file, which must not be longer than a foreign database may be. One that holds a
+/// database is told as such.
+void importFile(Tables& tables, QFile& file);
+
+/// Why a file of the user's database cannot be used, with its name, for the user.
+QString storeFailure(const StoreError& error, const QString& path);
 
 } // namespace soran

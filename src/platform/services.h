@@ -35,10 +35,14 @@ struct Services : FrontEnd {
   Shutdown& shutdown;
   Endpoints endpoints;
   bool handsOver = true;      ///< a new version may end this run, for the update module to run
+  bool startsModule = true;   ///< what follows such an end runs the module; else the end is only told
   bool demonstration = false; ///< the embedded endpoint serves everything
   QString directory = {};     ///< the program's directory, without trailing slash
   /// The delivered database, for a start that finds no other; may be empty.
   std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
+
+  /// The SHA-256 of the update module that this run copied from the user's own machine; empty where none.
+  QByteArray copiedModule = {};
 
   QString path(QStringView name) const { return directory + u'/' + name; }
 };

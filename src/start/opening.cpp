@@ -97,7 +97,7 @@ void Opening::fetchMissing() {
   firstStart_ = !fileExists(database) && backupsOf(program_.services.path(u"soran.mdb")).isEmpty();
   if (firstStart_) {
     const QString fetched = database + u".new";
-    if (update_.fetchFile(u"/data/soran.mdb"_s, fetched) && isWholeDatabase(fetched))
+    if (update_.fetchDatabase(fetched))
       replaceFile(fetched, database);
     QFile::remove(fetched);
   }
@@ -155,7 +155,7 @@ QString Opening::restorationSource(const QString& target) {
     if (isWholeDatabase(backup) && QFile::copy(backup, target))
       return u"BACKUP"_s;
   }
-  if (update_.fetchFile(u"/data/soran.mdb"_s, target) && isWholeDatabase(target))
+  if (update_.fetchDatabase(target))
     return u"DELIVERED FILE"_s;
   if (writeWhole(target, program_.services.deliveredDatabase(), true) && isWholeDatabase(target))
     return u"DELIVERED FILE"_s;

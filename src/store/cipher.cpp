@@ -78,10 +78,12 @@ QStringList parameters(QStringView schema) {
 
 bool isDatabaseOfAnotherFormat(const QString& path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return false;
-  const QByteArray beginning = file.read(largestPage);
-  return beginning.startsWith(QByteArrayView("SQLite format 3\0", 16)) || isUnderOurKey(beginning);
+  return file.open(QIODevice::ReadOnly) && isDatabase(file.read(largestPage));
+}
+
+bool isDatabase(const QByteArray& beginning) {
+  return beginning.startsWith(QByteArrayView("SQLite format 3\0", 16)) ||
+         isUnderOurKey(beginning.first(std::min(beginning.size(), largestPage)));
 }
 
 } // namespace soran::cipher

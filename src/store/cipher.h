@@ -21,4 +21,7 @@ QStringList parameters(QStringView schema);
 /// program's key with other parameters or of a later version of the file format. Reads up to 64 KiB.
 bool isDatabaseOfAnotherFormat(const QString& path);
 
+/// Whether a file that begins with these bytes is a database: a plain one, or one under the program's key.
+bool isDatabase(const QByteArray& beginning);
+
 } // namespace soran::cipher

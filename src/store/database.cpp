@@ -6,6 +6,7 @@
 #include "store/cipher.h"
 
 #include <QFile>
+#include <QUrl>
 #include <sqlite3.h>
 
 namespace soran {
@@ -125,6 +126,63 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
+// The library asks after so many instructions, and is told to stop when the turns are used up: a hundred
+// times what the delivered database takes.
+constexpr int instructionsATurn = 10'000;
+constexpr int mostTurns = 5'000;
+
+int isUsedUp(void* turns) {
+  int& left = *static_cast<int*>(turns);
+  return --left < 0 ? 1 : 0;
+}
+
+/// Bounds what a statement, or the text of a schema, can ask for.
+void confine(sqlite3* handle, int& turns) {
+  constexpr struct {
+    int id;
+    int most;
+  } limits[] = {
+      {SQLITE_LIMIT_LENGTH, 8 << 20}, // a row of several values
+      {SQLITE_LIMIT_SQL_LENGTH, 64 << 10},   {SQLITE_LIMIT_COLUMN, 500},
+      {SQLITE_LIMIT_EXPR_DEPTH, 20},         {SQLITE_LIMIT_COMPOUND_SELECT, 1},
+      {SQLITE_LIMIT_FUNCTION_ARG, 4},        {SQLITE_LIMIT_ATTACHED, 0},
+      {SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 0}, {SQLITE_LIMIT_VARIABLE_NUMBER, 0},
+      {SQLITE_LIMIT_TRIGGER_DEPTH, 0},       {SQLITE_LIMIT_WORKER_THREADS, 0},
+  };
+  for (const auto& limit : limits)
+    sqlite3_limit(handle, limit.id, limit.most);
+#ifdef SQLITE_DBCONFIG_DEFENSIVE
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+#endif
+#ifdef SQLITE_DBCONFIG_TRUSTED_SCHEMA
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+#endif
+  sqlite3_progress_handler(handle, instructionsATurn, isUsedUp, &turns);
+}
+
+/// Allows the reading of columns, unless a view or a trigger does it, and what tells of tables and indexes.
+int allowPlainReading(void*, int action, const char* first, const char*, const char*, const char* through) {
+  switch (action) {
+  case SQLITE_SELECT:
+  case SQLITE_READ:
+    return through ? SQLITE_DENY : SQLITE_OK;
+  case SQLITE_PRAGMA:
+    for (const char* allowed : {"table_info", "table_xinfo", "index_list", "index_xinfo"}) {
+      if (qstricmp(first, allowed) == 0)
+        return SQLITE_OK;
+    }
+    return SQLITE_DENY;
+  default:
+    return SQLITE_DENY;
+  }
+}
+
+/// The address under which the library takes a file as it is: locks, journals and logs beside it do not
+/// count.
+QByteArray addressAsItIs(const QString& path) {
+  return "file:" + QUrl::toPercentEncoding(path, "/") + "?immutable=1";
+}
+
 } // namespace
 
 StoreError::StoreError(const std::string& what, int code)
@@ -136,8 +194,11 @@ void Database::Closer::operator()(sqlite3* handle) const {
 
 void Database::open(const QString& path, Mode mode) {
   sqlite3* raw = nullptr;
-  const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
-  const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags, nullptr);
+  const bool isForeign = mode == Mode::Foreign;
+  const int flags = isForeign ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI
+                              : SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+  const QByteArray name = isForeign ? addressAsItIs(path) : QFile::encodeName(path);
+  const int result = sqlite3_open_v2(name.constData(), &raw, flags, nullptr);
   handle_.reset(raw);
   if (result != SQLITE_OK) {
     handle_.reset();
@@ -145,9 +206,15 @@ void Database::open(const QString& path, Mode mode) {
   }
   try {
     sqlite3_busy_timeout(raw, 2000);
+    if (isForeign) {
+      turns_ = std::make_unique<int>(mostTurns);
+      confine(raw, *turns_);
+    }
     query(u"PRAGMA key = "_s + cipher::key());
     stateCipher(u"main"_s);
     query(u"SELECT count(*) FROM sqlite_master"_s);
+    if (isForeign)
+      sqlite3_set_authorizer(raw, allowPlainReading, nullptr);
   } catch (...) {
     handle_.reset();
     throw;
@@ -166,6 +233,13 @@ std::vector<QVariantList> Database::query(const QString& statement, const QVaria
   while (s.step())
     rows.push_back(s.row());
   return rows;
+}
+
+void Database::forEachRow(const QString& statement,
+                          const std::function<void(const QVariantList&)>& take) const {
+  Statement s(handle_.get(), statement, {});
+  while (s.step())
+    take(s.row());
 }
 
 QStringList Database::columns(const QString& table) const {

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -44,6 +45,8 @@ class Database {
   enum class Mode {
     Existing, ///< the file must exist; opened read-only where it cannot be written
     Create,   ///< made where it does not exist
+    Foreign, ///< of unknown make: opened read-only, without any journal beside it and with bounds on all that
+             ///< it can make the library do; nothing but columns of plain tables can be read
   };
 
   Database() = default;
@@ -62,6 +65,9 @@ class Database {
   /// The rows of a query, each a list of the columns' values. Text arrives as QString, bytes as QByteArray.
   std::vector<QVariantList> query(const QString& statement, const QVariantList& parameters = {}) const;
 
+  /// Hands the rows of a query over one by one.
+  void forEachRow(const QString& statement, const std::function<void(const QVariantList&)>& take) const;
+
   /// The column names of a table, empty where there is no such table.
   QStringList columns(const QString& table) const;
 
@@ -78,6 +84,7 @@ class Database {
   struct Closer {
     void operator()(sqlite3* handle) const;
   };
+  std::unique_ptr<int> turns_; // what a foreign file may still cost; outlives the connection
   std::unique_ptr<sqlite3, Closer> handle_;
 };
 

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/json_fields.h"
 
+#include "base/foreign_text.h"
 #include "base/text.h"
 #include "base/utc.h"
 
 #include <QJsonDocument>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -29,6 +31,27 @@ QDate plainDate(QStringView text) {
     return value;
   };
   return {number(0, 4), number(5, 7), number(8, 10)};
+}
+
+/// The JSON with each character that a terminal obeys, or that misleads who reads it there, as \uXXXX. Halves
+/// of a pair are escaped in it already.
+QByteArray escaped(QByteArray json) {
+  const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
+  if (std::all_of(json.cbegin(), json.cend(), isPlain))
+    return json;
+  const QList<uint> characters = QString::fromUtf8(json).toUcs4();
+  if (std::none_of(characters.begin(), characters.end(), isMisleading))
+    return json;
+  QString text;
+  for (const uint character : characters) {
+    const auto units = QChar::fromUcs4(character);
+    if (!isMisleading(character))
+      text += units;
+    else
+      for (const char16_t unit : units)
+        text += u"\\u%1"_s.arg(uint(unit), 4, 16, QLatin1Char('0'));
+  }
+  return text.toUtf8();
 }
 
 } // namespace
@@ -218,7 +241,7 @@ QJsonArray runsJson(const std::vector<AttributeRun>& runs) {
 }
 
 QByteArray lineOf(const QJsonObject& object) {
-  return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+  return escaped(QJsonDocument(object).toJson(QJsonDocument::Compact)) + '\n';
 }
 
 } // namespace soran

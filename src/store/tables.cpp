@@ -140,6 +140,13 @@ bool isWholeDatabase(const QString& path) {
   }
 }
 
+bool hasHotJournal(const QString& path) {
+  QFile journal(path + u"-journal");
+  char first = 0;
+  // The library begins a journal with zeros, and ends it so where it does not delete it.
+  return journal.open(QIODevice::ReadOnly) && journal.getChar(&first) && first != 0;
+}
+
 void compactDatabase(const QString& path, const QString& temporary) {
   if (!fileExists(path))
     throw StoreError("no database to compact");
@@ -160,6 +167,8 @@ void compactDatabase(const QString& path, const QString& temporary) {
   }
   if (!isWholeDatabase(temporary))
     throw StoreError("the compacted copy is not whole");
+  if (hasHotJournal(path))
+    throw StoreError("the database has a journal");
   QFile::setPermissions(temporary, QFile::ReadOwner | QFile::WriteOwner);
   // Qt's rename does not replace an existing file; this one does, in one step.
   if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) != 0)

@@ -92,6 +92,10 @@ class Tables {
 /// row.
 bool isWholeDatabase(const QString& path);
 
+/// True where a journal beside the closed database file would be rolled back into it at the next opening. It
+/// belongs to this very file: another one must not take its place before that.
+bool hasHotJournal(const QString& path);
+
 /// Writes a compacted copy of the closed database file beside it, checks the copy and renames it over. Throws
 /// StoreError; the file is then untouched.
 void compactDatabase(const QString& path, const QString& temporary);

@@ -3,6 +3,7 @@
 #include "terminal/data_exchange.h"
 
 #include "base/files.h"
+#include "base/foreign_text.h"
 #include "forms/exchange.h"
 #include "store/json_fields.h"
 #include "terminal/terminal.h"
@@ -69,10 +70,10 @@ void importUserData(Terminal& terminal) {
   if (!agreed(terminal, u"現在のリストと設定を置き換えますか？　　"_s))
     return;
   try {
-    importData(program.tables, file.readAll());
+    importFile(program.tables, file);
   } catch (const std::runtime_error& e) {
     program.console.addLogEntry(u"CANCEL DATA IMPORT COMMAND"_s);
-    tell(terminal, u"読み込むことができないファイルです　　\r\n\r\n" + QString::fromUtf8(e.what()));
+    tell(terminal, u"読み込むことができないファイルです　　\r\n\r\n" + cleaned(QString::fromUtf8(e.what())));
     return;
   }
   program.console.addLogEntry(u"DATA IMPORT COMPLETED"_s);

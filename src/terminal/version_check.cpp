@@ -23,6 +23,11 @@ Reply askForVersion(Program& program) {
   return program.services.inet.open(QUrl(program.baseUrl + u"/data/version.dat"));
 }
 
+bool moduleIsReady(Program& program) {
+  Services& services = program.services;
+  return ProgramUpdate(services, program.tables, services.endpoints.update).readyModule();
+}
+
 /// True where the user wants it. Throws Unwind where the program was closed meanwhile.
 bool isWanted(const QString& version, const Services& services) {
   const bool yes = services.dialogs.question(u" 確認"_s, question(version));
@@ -51,7 +56,7 @@ bool VersionCheck::atStart() {
   }
   if (settings[key::更新確認メッセージ] == true && !isWanted(number, program.services))
     return true;
-  if (!ProgramUpdate::moduleMayRun(program.services)) {
+  if (!moduleIsReady(program)) {
     passiveNotice(number);
     return true;
   }
@@ -88,7 +93,7 @@ void VersionCheck::offer(const QString& version) {
   program.console.addLogEntry(u"FOUND LATEST VERSION ON FTP SERVER"_s);
   if (!isWanted(version, program.services))
     return;
-  if (ProgramUpdate::moduleMayRun(program.services))
+  if (moduleIsReady(program))
     terminal_.closeForUpdate();
   showNotice(version, program.console.screen().text().size());
   terminal_.cycle().enableWatch(true);

@@ -29,15 +29,22 @@ void carryList(const RowSet& rows, Database& database) {
   if (rows.recordCount() == 0)
     return;
   const QString name = quotedName(rows.table());
+  const QStringList known = database.columns(rows.table());
   QStringList columns;
-  for (const QString& column : rows.columns())
-    columns.append(quotedName(column));
+  QStringList quoted;
+  for (const QString& column : rows.columns()) {
+    // One of a newer program stays behind.
+    if (!known.contains(column))
+      continue;
+    columns.append(column);
+    quoted.append(quotedName(column));
+  }
   database.execute(u"DELETE FROM "_s + name);
-  const QString insert = u"INSERT INTO "_s + name + u" (" + columns.join(u", ") + u") VALUES (" +
-                         QStringList(columns.size(), u"?"_s).join(u", ") + u")";
+  const QString insert = u"INSERT INTO "_s + name + u" (" + quoted.join(u", ") + u") VALUES (" +
+                         QStringList(quoted.size(), u"?"_s).join(u", ") + u")";
   for (int i = 0; i < rows.recordCount(); ++i) {
     QVariantList values;
-    for (const QString& column : rows.columns())
+    for (const QString& column : columns)
       values.append(rows.valueAt(i, column));
     database.execute(insert, values);
   }

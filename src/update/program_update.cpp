@@ -5,8 +5,11 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "store/foreign_database.h"
+#include "update/accepted_version.h"
 #include "update/carry_over.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <cstdio>
@@ -20,6 +23,7 @@ namespace {
 Q_LOGGING_CATEGORY(lcUpdate, "soran.store")
 
 constexpr QStringView modulePath = u"update.exe";
+constexpr QStringView acceptedModule = u"module.version";
 constexpr QStringView moduleAddress = u"/data/update.exe";
 constexpr QStringView databaseAddress = u"/data/soran.mdb";
 
@@ -38,6 +42,18 @@ bool renameOver(const QString& from, const QString& to) {
 
 bool isUsersOwnMachine(const QUrl& endpoint) {
   return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || isLoopback(endpoint);
+}
+
+bool takesUnsigned(const Endpoints& endpoints) {
+  return !endpoints.signedUpdates && isUsersOwnMachine(QUrl(endpoints.update));
+}
+
+QByteArray sumOf(const QByteArray& bytes) {
+  return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+bool isOlder(const Services& services, const QByteArray& module) {
+  return leadingNumber(moduleVersion(module)) < acceptedVersion(services.path(acceptedModule));
 }
 
 bool isSameVersion(double one, double other) {
@@ -71,12 +87,35 @@ bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
 }
 
 bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) {
-  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
-  const Reply signature = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
-  QFile::remove(local + u".sig");
-  if (isAnswer(signature) && !writeWhole(local + u".sig", signature.body, true))
+  const Reply reply = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
+  // A signature may begin with any byte.
+  const bool answered = isAnswer(reply) || (reply.ok && reply.body.size() == signatureSize);
+  const QByteArray signature = answered ? reply.body : QByteArray();
+  const bool isSigned = signatureFits(module, signature, publicKey_);
+  const bool unsignedToo = takesUnsigned(services_.endpoints);
+  if (isSigned && !unsignedToo && isOlder(services_, module)) {
+    qCWarning(lcUpdate) << "passed over: an update module older than the one before";
     return false;
-  return writeWhole(local, module, true);
+  }
+  // The signature goes first: a module that is there is not fetched again, so it must never lack its own.
+  QFile::remove(local + u".sig");
+  if (!signature.isEmpty() && !writeWhole(local + u".sig", signature, true))
+    return false;
+  if (!writeWhole(local, module, true))
+    return false;
+  services_.copiedModule = unsignedToo ? sumOf(module) : QByteArray();
+  const QString version = moduleVersion(module);
+  const QString accepted = services_.path(acceptedModule);
+  return !isSigned || leadingNumber(version) <= acceptedVersion(accepted) || acceptVersion(accepted, version);
+}
+
+bool ProgramUpdate::fetchDatabase(const QString& local) {
+  const QString foreign = local + u".fetched";
+  const auto remove = qScopeGuard([&foreign] { QFile::remove(foreign); });
+  QFile::remove(local);
+  return fetchFile(databaseAddress.toString(), foreign) &&
+         passOver(lcUpdate(), "taking the rows of a database over",
+                  [&] { copyForeignDatabase(foreign, local); });
 }
 
 bool ProgramUpdate::databaseIsReadOnly() const {
@@ -116,11 +155,9 @@ void ProgramUpdate::renewDatabase(double version) {
     return;
   const QString fetched = services_.path(u"data/soran$.mdb");
   const auto remove = qScopeGuard([&fetched] { QFile::remove(fetched); });
-  // What a copy that was killed left would be rolled back into the new file.
-  QFile::remove(fetched + u"-journal");
-  if (!fetchFile(databaseAddress.toString(), fetched))
+  if (!fetchDatabase(fetched))
     return;
-  if (!isWholeDatabase(fetched) || !swapDatabase(fetched)) {
+  if (!swapDatabase(fetched)) {
     qCWarning(lcUpdate) << "passed over: renewing the database";
     return;
   }
@@ -150,10 +187,21 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
   if (!carried)
     return false;
   tables_.closeAll();
-  const QByteArray former = contents(database);
+  const QByteArray former = hasHotJournal(database) ? QByteArray() : contents(database);
   const bool swapped = !former.isEmpty() && writeWhole(backup, former, true) && renameOver(newFile, database);
   passOver(lcUpdate(), "opening the database", [&] { tables_.openAllTables(database); });
   return swapped;
+}
+
+bool ProgramUpdate::readyModule() {
+  if (moduleMayRun(services_, publicKey_))
+    return true;
+  const QString module = services_.path(modulePath);
+  if (!services_.handsOver || !takesUnsigned(services_.endpoints) || QFileInfo(module).size() == 0)
+    return false;
+  if (!services_.startsModule)
+    return true;
+  return fetchFile(moduleAddress.toString(), module) && moduleMayRun(services_, publicKey_);
 }
 
 bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& publicKey) {
@@ -161,9 +209,9 @@ bool ProgramUpdate::moduleMayRun(const Services& services, const QByteArray& pub
   const QByteArray bytes = contents(module);
   if (!services.handsOver || bytes.isEmpty())
     return false;
-  if (!services.endpoints.signedUpdates && isUsersOwnMachine(QUrl(services.endpoints.update)))
+  if (takesUnsigned(services.endpoints) && sumOf(bytes) == services.copiedModule)
     return true;
-  return signatureFits(bytes, contents(module + u".sig"), publicKey);
+  return signatureFits(bytes, contents(module + u".sig"), publicKey) && !isOlder(services, bytes);
 }
 
 } // namespace soran

@@ -6,6 +6,8 @@
 
 namespace soran {
 
+inline constexpr qsizetype signatureSize = 64; ///< bytes
+
 /// True where `signature` (64 bytes) is the Ed25519 signature (RFC 8032) of `message` by the owner of
 /// `publicKey` (32 bytes).
 bool signatureFits(const QByteArray& message, const QByteArray& signature, const QByteArray& publicKey);

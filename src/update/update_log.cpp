@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/update_log.h"
 
+#include "base/foreign_text.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <cstdio>
@@ -10,7 +12,8 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-void UpdateLog::tell(const QString& line) const {
+void UpdateLog::tell(const QString& text) const {
+  const QString line = cleaned(text);
   std::fputs(QString(line + u'\n').toUtf8().constData(), stderr);
   constexpr qint64 longest = 64LL * 1024;
   QFile file(path_);

@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/updater.h"
 
-#include "base/files.h"
 #include "base/text.h"
 #include "base/version.h"
 #include "store/tables.h"
+#include "update/accepted_version.h"
 #include "update/signature.h"
 #include "update/update_error.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -21,13 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView acceptedVersionFile = u"update.version";
-constexpr qint64 signatureSize = 64;
-
-QString storedText(const QString& path) {
-  QFile file(path);
-  constexpr qint64 longest = 16;
-  return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.read(longest)).trimmed() : QString();
-}
 
 } // namespace
 
@@ -67,7 +59,7 @@ Updater::Outcome Updater::update() {
   const bool current = std::all_of(manifest.files.begin(), manifest.files.end(), inPlace);
   if (!current)
     stageFiles(manifest, place);
-  if (!writeWhole(homePath(acceptedVersionFile), manifest.version.toLatin1() + '\n', true))
+  if (!acceptVersion(homePath(acceptedVersionFile), manifest.version))
     throw UpdateError(u"バージョンを記録できません"_s);
   // Before the exchange: a program whose version reads 0 records its own at the next start, be it the former
   // one or the new one. The other way round a new program could stand beside an old version for good.
@@ -107,7 +99,7 @@ Manifest Updater::fetchManifest() {
 void Updater::refuseOlder(const QString& version) const {
   double newest = leadingNumber(programVersion);
   // A program that never was updated has no such file.
-  newest = std::max(newest, leadingNumber(storedText(homePath(acceptedVersionFile))));
+  newest = std::max(newest, acceptedVersion(homePath(acceptedVersionFile)));
   if (leadingNumber(version) < newest)
     throw UpdateError(u"サーバーのバージョンが古いため、更新できません: Version " + version);
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "updater/module.h"
 
-#include "base/version.h"
 #include "start/hand_over.h"
 #include "update/update_log.h"
 #include "update/updater.h"
@@ -25,6 +24,9 @@ constexpr const char* helpText = "soran-update: SORAN を新しいバージョ�
                                  "  --help            この説明\n"
                                  "  --version         バージョン\n\n"
                                  "指定がなければ、このモジュールのあるディレクトリを使います\n";
+
+/// What the program looks for in a module's bytes, to take none that is older than the one before.
+constexpr const char* versionLine = "soran-update " SORAN_MODULE_VERSION "\n";
 
 struct Arguments {
   UpdateJob job;
@@ -94,8 +96,7 @@ int runModule(const QStringList& arguments, const QByteArray& publicKey) {
     return badArguments;
   }
   if (given.help || given.version) {
-    const QString version = u"soran-update " + programVersion + u'\n';
-    std::fputs(given.help ? helpText : version.toUtf8().constData(), stdout);
+    std::fputs(given.help ? helpText : versionLine, stdout);
     return 0;
   }
   complete(given.job);

@@ -3,6 +3,7 @@
 // The built program on a pseudo terminal.
 
 #include "base/files.h"
+#include "delivered.h"
 #include "support/child_process.h"
 #include "support/own_folder.h"
 
@@ -10,6 +11,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QMap>
 #include <QProcess>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -23,6 +26,7 @@ using namespace Qt::StringLiterals;
 using soran::ChildProcess;
 using soran::OwnFolder;
 using soran::writeWhole;
+namespace delivered = soran::delivered;
 
 namespace {
 
@@ -32,7 +36,12 @@ const QByteArray prompt = "DEMONSTRATION DATA > ";
 
 class Terminal {
  public:
-  explicit Terminal(const QByteArray& colorTerm = "truecolor") {
+  /// With files in its directory the program takes its endpoints from there, and shows no demonstration.
+  explicit Terminal(const QByteArray& colorTerm = "truecolor", const QMap<QString, QByteArray>& files = {}) {
+    for (auto i = files.cbegin(); i != files.cend(); ++i) {
+      QDir().mkpath(QFileInfo(home_.filePath(i.key())).path());
+      EXPECT_TRUE(writeWhole(home_.filePath(i.key()), i.value()));
+    }
     const winsize size = {.ws_row = 40, .ws_col = 100, .ws_xpixel = 0, .ws_ypixel = 0};
     const QByteArray path = program.toUtf8();
     const QByteArray directory = home_.path().toUtf8();
@@ -43,7 +52,8 @@ class Terminal {
       setenv("LC_ALL", "C.UTF-8", 1);
       setenv("PATH", search.constData(), 1);
       unsetenv("NO_COLOR");
-      execl(path.constData(), path.constData(), "--demo", "--home", directory.constData(), nullptr);
+      execl(path.constData(), path.constData(), "--home", directory.constData(),
+            files.isEmpty() ? "--demo" : nullptr, nullptr);
       _exit(127);
     };
     child_.emplace(run, master_, size);
@@ -188,13 +198,16 @@ TEST(InteractiveTerminal, AsksInTheMiddleOfACommand) {
 }
 
 TEST(InteractiveTerminal, HandsOverToTheUpdateModuleOnItsTerminal) {
-  Terminal terminal("");
+  const QByteArray module =
+      "#!/bin/sh\n[ -t 0 ] && [ ! -e \"${0%/*}/data\" ] && echo MODULE \"$SORAN_PROGRAM\"\n"
+      "stty -a | grep -q ' icanon.* echo ' && echo LINES\nexit 5\n";
+  Terminal terminal("", {{u"endpoints.ini"_s, "[endpoints]\nupdate=./served\nmetar=./none/\ntaf=./none/\n"},
+                         {u"served/data/version.dat"_s, "4.31\n1.00\n1.00\n"},
+                         {u"served/data/soran.mdb"_s, delivered::file(u"update/data/soran.mdb"_s)},
+                         {u"served/data/update.exe"_s, module},
+                         {u"update.exe"_s, "#!/bin/sh\necho LEFT BY ANOTHER\n"}});
   terminal.readTo("READY / PRESS ESC TO EXIT\r\n");
-  terminal.readTo(prompt);
-  const QString module = terminal.home() + u"/update.exe";
-  soran::writeWhole(module,
-                    "#!/bin/sh\n[ -t 0 ] && [ ! -e \"${0%/*}/data\" ] && echo MODULE \"$SORAN_PROGRAM\"\n"
-                    "stty -a | grep -q ' icanon.* echo ' && echo LINES\nexit 5\n");
+  terminal.readTo("> ");
   terminal.type("UPDATE\r");
   terminal.readTo("[y/N] ");
   terminal.type("y\r");

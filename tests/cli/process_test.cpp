@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // soran-cli as a process.
 
+#include "base/foreign_text.h"
 #include "cli/cli_fixture.h"
 #include "forms/list_rules.h"
 
@@ -67,6 +68,62 @@ TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
   }
 }
 
+TEST_F(CliTest, OutputThatIsLostIsTold) {
+  const struct {
+    QByteArray call;
+    QByteArray input = {};
+  } cases[] = {
+      {"run RJTT"}, {"batch", R"({"op":"colour","text":"RJTT"})"}, {"session"}, {"--help"}, {"--version"},
+  };
+  for (const auto& c : cases) {
+    for (const QByteArray output : {" > /dev/full", " >&-", " | true", " > /dev/null"}) {
+      SCOPED_TRACE(QByteArray(c.call + output).toStdString());
+      // The reader of a pipe is gone before anything is written.
+      const QByteArray wait = output == " | true" ? "sleep 0.3; " : "";
+      const QByteArray script =
+          "{ { " + wait + "\"$0\" --home \"$1\" " + c.call + "; echo $? >&2; } " + output + "; } 2>&1";
+      QProcess shell;
+      shell.start(u"/bin/sh"_s, {u"-c"_s, QString::fromUtf8(script), commandLine, world.home()});
+      shell.write(c.input + '\n');
+      shell.closeWriteChannel();
+      QElapsedTimer time;
+      time.start();
+      while (shell.state() != QProcess::NotRunning && time.elapsed() < 20'000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+      const QByteArray told = shell.readAll();
+      const bool isLost = output != " > /dev/null";
+      EXPECT_EQ(told.trimmed().endsWith(isLost ? "\n4" : "0"), true) << told.toStdString();
+      EXPECT_EQ(told.contains("soran-cli: cannot write the output: "), isLost) << told.toStdString();
+    }
+  }
+}
+
+TEST_F(CliTest, NothingThatMisleadsReachesTheTerminal) {
+  writeWhole(world.folder.filePath(u"data.json"_s),
+             R"({"format":"SORAN data","version":1,"tables":{"\u001b[2J\u202e":[]},"settings":{}})");
+  const struct {
+    QStringList call;
+    QByteArray input;
+    QByteArray shown;
+  } cases[] = {
+      {with({u"import"_s, world.folder.filePath(u"data.json"_s)}), {}, "·[2J·"},
+      {{u"\x1B]0;x\a\u009B\u200B"_s}, {}, "·]0;x···"},
+      {{u"batch"_s},
+       R"({"op":"x","id":"\u001b\u007f\u009b\u202e\ufeff\ud800\udb40\udc41\u3042\t"})",
+       R"("id":"\u001b\u007f\u009b\u202e\ufeff\ud800\udb40\udc41あ\t"})"},
+      {with({u"session"_s}), R"({"keys":"\u202eA"})", R"("input":"\u202eA")"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.shown.toStdString());
+    Cli cli(c.call);
+    cli.send(c.input);
+    cli.end();
+    const QString told = QString::fromUtf8(cli.readAllStandardOutput() + cli.readAllStandardError());
+    EXPECT_TRUE(told.contains(QString::fromUtf8(c.shown))) << told.toStdString();
+    EXPECT_EQ(cleaned(told), told);
+  }
+}
+
 TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   const QString file = world.folder.filePath(u"data.json"_s);
   const QString page = world.folder.filePath(u"page.json"_s);
@@ -89,6 +146,7 @@ TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   world.store([](Tables& tables) { storeGroups(tables, {}); });
   EXPECT_EQ(status(u"import"_s, page, "JSON"), 1);
   EXPECT_EQ(status(u"import"_s, world.folder.filePath(u"none"_s), "none"), 1);
+  EXPECT_EQ(status(u"import"_s, world.path(u"soran.mdb"_s), "soran.mdb: データベースは読み込めません"), 1);
   EXPECT_EQ(status(u"export"_s, page + u"/below", "below"), 1);
   route({});
   Cli session(with({u"session"_s}));
@@ -97,6 +155,10 @@ TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   session.end();
   EXPECT_EQ(status(u"import"_s, file), 0);
   route(u"RJTT RJAA"_s);
+  writeWhole(world.path(u"soran.mdb"_s), QByteArray("SQLite format 3\0 of another program", 36), true);
+  EXPECT_EQ(status(u"export"_s, file, "soran.mdb: 形式が異なります"), 1);
+  writeWhole(world.path(u"soran.mdb"_s), "no database");
+  EXPECT_EQ(status(u"import"_s, file, "soran.mdb: データベースではありません"), 1);
 }
 
 TEST_F(CliTest, OneInstanceForEachHome) {

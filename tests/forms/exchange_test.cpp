@@ -66,6 +66,34 @@ TEST_F(ExchangeTest, WhatIsNotWholeChangesNothing) {
   EXPECT_EQ(exportedData(desk), before);
 }
 
+TEST_F(ExchangeTest, TakesNoDatabaseAndNothingBeyondItsBounds) {
+  const auto lists = [](const QByteArray& rows) -> QByteArray {
+    return R"({"format":"SORAN data","version":1,"tables":{"カンパニー":[)" + rows + "]},\"settings\":{}}";
+  };
+  const struct {
+    QByteArray bytes;
+    QString reason;
+  } cases[] = {
+      {delivered::file(u"update/data/soran.mdb"_s), u"file: データベースは"_s},
+      {QByteArray("SQLite format 3\0plain", 21), u"file: データベースは"_s},
+      {QByteArray((64 << 20) + 1, ' '), u"file: ファイルが大きすぎます"_s},
+      {lists("[\"A\",\"\"]" + QByteArray(",[\"A\",\"\"]").repeated(100'000)), u"too many rows"_s},
+      {lists("[\"A\",\"" + QByteArray(2 << 20, 'A') + "\"]"), u"too long"_s},
+  };
+  const QByteArray before = exportedData(desk);
+  for (const auto& c : cases) {
+    QFile file(directory.filePath(u"file"_s));
+    ASSERT_TRUE(writeWhole(file.fileName(), c.bytes) && file.open(QIODevice::ReadOnly));
+    try {
+      importFile(desk, file);
+      ADD_FAILURE() << c.reason.toStdString();
+    } catch (const InputError& e) {
+      EXPECT_TRUE(e.fault().contains(c.reason)) << e.what();
+    }
+  }
+  EXPECT_EQ(exportedData(desk), before);
+}
+
 TEST_F(ExchangeTest, AFailureInTheMiddleUndoesAll) {
   const QByteArray before = exportedData(desk);
   EXPECT_THROW(desk.inOneTransaction([this] {

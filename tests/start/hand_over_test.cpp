@@ -6,6 +6,7 @@
 #include "support/printing.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -19,10 +20,11 @@ namespace {
 class HandOverTest : public ::testing::Test {
  protected:
   HandOverTest() {
-    writeWhole(desk.path(u"update.exe"_s),
-               "#!/bin/sh\necho $# \"$SORAN_PROGRAM\" \"$SORAN_ENDPOINTS\" \"$SORAN_UPDATE_OUTCOME\" > part "
-               "&& mv part report\n",
-               true);
+    const QByteArray module =
+        "#!/bin/sh\necho $# \"$SORAN_PROGRAM\" \"$SORAN_ENDPOINTS\" \"$SORAN_UPDATE_OUTCOME\" > part "
+        "&& mv part report\n";
+    writeWhole(desk.path(u"update.exe"_s), module, true);
+    services.copiedModule = QCryptographicHash::hash(module, QCryptographicHash::Sha256);
   }
   QString report() const {
     QElapsedTimer timer;
@@ -32,13 +34,14 @@ class HandOverTest : public ::testing::Test {
     return QString::fromUtf8(desk.bytes(u"report"_s)).trimmed();
   }
   Updating desk;
+  Services services = desk.services();
 };
 
 } // namespace
 
 TEST_F(HandOverTest, StartsTheModuleWithoutArguments) {
   qputenv(updateOutcome, "failed");
-  const bool started = handOver(desk.services(), u"/etc/own.ini"_s);
+  const bool started = handOver(services, u"/etc/own.ini"_s);
   qunsetenv(updateOutcome);
   ASSERT_TRUE(started);
   EXPECT_EQ(report(), u"0 " + QCoreApplication::applicationFilePath() + u" /etc/own.ini");
@@ -48,11 +51,13 @@ TEST_F(HandOverTest, StartsTheModuleWithoutArguments) {
 }
 
 TEST_F(HandOverTest, StartsNothingThatMayNotRun) {
-  Services services = desk.services();
   services.endpoints.signedUpdates = true;
   EXPECT_FALSE(handOver(services, {}));
   EXPECT_FALSE(QFileInfo(desk.path(u"update.exe"_s)).isExecutable());
   QFile::remove(desk.path(u"update.exe"_s));
   services.endpoints.signedUpdates = false;
+  writeWhole(desk.path(u"update.exe"_s), "left by an earlier run", true);
+  EXPECT_FALSE(handOver(services, {}));
+  QFile::remove(desk.path(u"update.exe"_s));
   EXPECT_FALSE(handOver(services, {}));
 }

@@ -7,6 +7,7 @@
 #include "support/child_process.h"
 #include "support/printing.h"
 
+#include <QCryptographicHash>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -159,6 +160,65 @@ TEST_F(ProgramUpdateTest, ABadDownloadReplacesNothing) {
   EXPECT_THAT(tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
 }
 
+TEST_F(ProgramUpdateTest, ADownloadedDatabaseIsDataAlone) {
+  const QString makeSchema = u"PRAGMA writable_schema = 1"_s;
+  const QString row = u"INSERT INTO 気象略語 (順位, 略語, 意味) "_s;
+  const QString many = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "_s;
+  const struct {
+    const char* name;
+    QStringList statements;
+    bool taken = false;
+  } cases[] = {
+      {"a view named like a table",
+       {u"DROP TABLE データ"_s, u"CREATE VIEW データ AS SELECT 1 順位, 2 名称, 3 データ"_s}},
+      {"a further view", {u"CREATE VIEW v AS SELECT 1"_s}},
+      {"a view that calls itself a table",
+       {u"DROP TABLE データ"_s, u"CREATE VIEW データ AS SELECT 1 順位, 2 名称, 3 データ"_s, makeSchema,
+        u"UPDATE sqlite_master SET type = 'table' WHERE type = 'view'"_s}},
+      {"a trigger", {u"CREATE TRIGGER t AFTER UPDATE ON 設定 BEGIN DELETE FROM カンパニー; END"_s}},
+      {"a trigger that calls itself an index",
+       {u"CREATE TRIGGER t AFTER UPDATE ON 設定 BEGIN DELETE FROM カンパニー; END"_s, makeSchema,
+        u"UPDATE sqlite_master SET type = 'index' WHERE type = 'trigger'"_s}},
+      {"a virtual table", {u"CREATE VIRTUAL TABLE f USING fts4(x)"_s}},
+      {"a virtual table in the place of a plain one",
+       {u"DROP TABLE データ"_s, makeSchema,
+        u"INSERT INTO sqlite_master VALUES ('table', 'データ', 'データ', 0, 'CREATE VIRTUAL TABLE データ USING fts4(順位, 名称, データ)')"_s}},
+      {"a generated column",
+       {u"DROP TABLE データ"_s, u"CREATE TABLE データ (順位, 名称, データ)"_s, makeSchema,
+        u"UPDATE sqlite_master SET sql = 'CREATE TABLE データ (順位, 名称, データ AS (zeroblob(99)))' "
+        "WHERE name = 'データ'"_s}},
+      {"an index of an expression", {u"CREATE INDEX i ON 気象略語 (upper(略語))"_s}},
+      {"an index of some rows", {u"CREATE INDEX i ON 気象略語 (略語) WHERE 順位 > 1"_s}},
+      {"a further table", {u"CREATE TABLE 別 (a)"_s}},
+      {"a table without a column of ours",
+       {u"DROP TABLE データ"_s, u"CREATE TABLE データ (順位 INTEGER, 名称 TEXT)"_s}},
+      {"200,000 rows", {many.arg(200'000) + row + u"SELECT i, 'A', 'a' FROM n"}},
+      {"a text of 2 MB", {row + u"VALUES (1, 'A', replace(hex(zeroblob(1000000)), '0', 'x'))"}},
+      {"a picture of 2 MB", {u"UPDATE データ SET データ = zeroblob(2000000)"_s}},
+      {"a file of 70 MB", {many.arg(80) + u"INSERT INTO データ SELECT i, 'A', randomblob(900000) FROM n"}},
+      {"an index of columns", {u"CREATE UNIQUE INDEX i ON 気象略語 (順位, 略語)"_s}, true},
+      {"a further column", {u"ALTER TABLE 気象略語 ADD COLUMN 新 TEXT DEFAULT 'x'"_s}, true},
+      {"90,000 rows", {many.arg(90'000) + row + u"SELECT i, 'A', 'a' FROM n"}, true},
+  };
+  const QByteArray before = desk.bytes(u"soran.mdb"_s);
+  double version = 2;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    desk.server.setFile(u"/data/soran.mdb"_s, desk.database([&c](Tables& t) {
+      for (const QString& statement : c.statements)
+        t.database().execute(statement);
+    }));
+    update.renewDatabase(++version);
+    EXPECT_EQ(tables.settings()[key::DBバージョン], c.taken ? version : 1.0);
+    EXPECT_EQ(desk.bytes(u"soran.mdb"_s) == before, !c.taken);
+    EXPECT_THAT(tables.groupRows(), ElementsAre(Group{u"MINE"_s, u"RJTT"_s}));
+    EXPECT_THAT(QDir(desk.path(u"data"_s)).entryList(QDir::Files), IsEmpty());
+  }
+  // Nothing of the file itself is there.
+  EXPECT_EQ(tables.database().query(u"SELECT 1 FROM sqlite_master"_s).size(), allTables.size());
+  EXPECT_EQ(tables.abbreviations().columns(), listColumns(table::気象略語));
+}
+
 TEST_F(ProgramUpdateTest, AReadOnlyDatabaseStaysWithoutAWord) {
   QFile::setPermissions(desk.path(u"soran.mdb"_s), QFile::ReadOwner);
   const QByteArray before = desk.bytes(u"soran.mdb"_s);
@@ -202,12 +262,15 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
     QByteArray module;
     QByteArray signature;
     bool mayRun;
+    bool copied = true; ///< in this run, from the user's own machine
   } cases[] = {
       {"own folder", u"file:///srv/soran"_s, false, module, {}, true},
       {"loopback", u"http://127.0.0.1:8080"_s, false, module, {}, true},
       {"loopback by name", u"http://localhost"_s, false, module, {}, true},
       {"loopback of IPv6", u"http://[::1]:80"_s, false, module, {}, true},
       {"compiled in", u"qrc:/delivered/update"_s, false, module, {}, true},
+      {"left by an earlier run", u"file:///srv/soran"_s, false, module, {}, false, false},
+      {"left and signed", u"file:///srv/soran"_s, false, module, good, true, false},
       {"no module", u"file:///srv/soran"_s, false, {}, {}, false},
       {"folder with signatures", u"file:///srv/soran"_s, true, module, {}, false},
       {"loopback with signatures", u"http://127.0.0.1"_s, true, module, {}, false},
@@ -227,15 +290,58 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
     SCOPED_TRACE(c.name);
     services.endpoints.update = c.endpoint;
     services.endpoints.signedUpdates = c.signedUpdates;
+    services.copiedModule =
+        c.copied ? QCryptographicHash::hash("module", QCryptographicHash::Sha256) : QByteArray();
     QFile::remove(desk.path(u"update.exe"_s));
     if (!c.module.isEmpty())
       writeWhole(desk.path(u"update.exe"_s), c.module);
     writeWhole(desk.path(u"update.exe.sig"_s), c.signature);
     EXPECT_EQ(ProgramUpdate::moduleMayRun(services, makers.publicKey), c.mayRun);
   }
+  services.copiedModule.clear();
   // A program without a key takes no signature for good.
   services.endpoints.update = u"https://soran.example"_s;
   writeWhole(desk.path(u"update.exe"_s), module);
   writeWhole(desk.path(u"update.exe.sig"_s), good);
   EXPECT_FALSE(ProgramUpdate::moduleMayRun(services, {}));
+}
+
+TEST_F(ProgramUpdateTest, ALeftModuleIsCopiedAgainBeforeItRuns) {
+  // The endpoint of before may have been anybody's.
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_EQ(desk.bytes(u"update.exe"_s), "module");
+  desk.server.clearRequests();
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_THAT(desk.server.requests(), IsEmpty());
+  writeWhole(desk.path(u"update.exe"_s), "changed meanwhile");
+  desk.server.removeFile(u"/data/update.exe"_s);
+  EXPECT_FALSE(update.readyModule());
+  services.startsModule = false;
+  EXPECT_TRUE(update.readyModule());
+  EXPECT_FALSE(ProgramUpdate::moduleMayRun(services));
+}
+
+TEST_F(ProgramUpdateTest, NoOlderSignedModuleTakesThePlaceOfANewerOne) {
+  const TestKey makers;
+  services.endpoints.signedUpdates = true;
+  ProgramUpdate signedUpdate(services, tables, services.endpoints.update, makers.publicKey);
+  double served = 2;
+  const auto offer = [&](const QByteArray& module) {
+    desk.server.setFile(u"/data/update.exe"_s, module);
+    desk.server.setFile(u"/data/update.exe.sig"_s, makers.sign(module));
+    signedUpdate.renewModule(++served);
+    return desk.bytes(u"update.exe"_s) == module && ProgramUpdate::moduleMayRun(services, makers.publicKey);
+  };
+  const QByteArray newer = "\177ELF soran-update  soran-update 4.32\n tail";
+  EXPECT_TRUE(offer("without a version"));
+  EXPECT_TRUE(offer(newer));
+  EXPECT_FALSE(offer("soran-update 4.31\n"));
+  EXPECT_FALSE(offer("without a version"));
+  EXPECT_EQ(desk.bytes(u"update.exe"_s), newer);
+  EXPECT_EQ(tables.settings()[key::UPDATEバージョン], 4.0);
+  // Nor where it lies in its place already.
+  writeWhole(desk.path(u"update.exe"_s), "soran-update 4.31\n");
+  writeWhole(desk.path(u"update.exe.sig"_s), makers.sign("soran-update 4.31\n"));
+  EXPECT_FALSE(ProgramUpdate::moduleMayRun(services, makers.publicKey));
+  EXPECT_TRUE(offer("soran-update 4.33\n"));
 }

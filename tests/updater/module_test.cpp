@@ -6,6 +6,7 @@
 #include "platform/endpoint_server.h"
 #include "start/hand_over.h"
 #include "support/printing.h"
+#include "update/accepted_version.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -141,6 +142,7 @@ TEST_F(ModuleTest, RefusesUnusableArguments) {
   }
   EXPECT_EQ(run(testModule, {u"--version"_s}), 0);
   EXPECT_EQ(output, u"soran-update 4.31\n");
+  EXPECT_EQ(moduleVersion(bytesOf(testModule)), u"4.31");
   EXPECT_EQ(run(testModule, {u"--help"_s}), 0);
   EXPECT_TRUE(output.contains(u"--endpoints FILE"));
   EXPECT_FALSE(fileExists(report));

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "store/schema.h"
+
+#include "store/tables.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString declaredType(SettingType type) {
+  switch (type) {
+  case SettingType::Text:
+  case SettingType::Date:
+    return u" TEXT"_s;
+  case SettingType::Version:
+    return u" "_s; // kept as written, text or number
+  default:
+    return u" INTEGER"_s;
+  }
+}
+
+/// The columns of a table, each quoted and with its type.
+QStringList declarations(QStringView table) {
+  QStringList columns;
+  if (table == table::設定) {
+    for (const SettingSpec& spec : settingSpecs)
+      columns.append(quotedName(spec.column) + declaredType(spec.type));
+    return columns;
+  }
+  for (const QString& column : columnsOf(table))
+    columns.append(quotedName(column));
+  columns[0] += u" INTEGER";
+  columns[1] += u" TEXT";
+  columns[2] += table == table::データ ? u" BLOB" : u" TEXT";
+  return columns;
+}
+
+} // namespace
+
+QStringList columnsOf(QStringView table) {
+  if (table == table::データ)
+    return {u"順位"_s, u"名称"_s, u"データ"_s};
+  if (table != table::設定)
+    return listColumns(table);
+  QStringList columns;
+  for (const SettingSpec& spec : settingSpecs)
+    columns.append(spec.column.toString());
+  return columns;
+}
+
+void createTable(Database& database, QStringView table) {
+  database.execute(u"CREATE TABLE "_s + quotedName(table) + u" (" + declarations(table).join(u", ") + u")");
+}
+
+void insertRow(Database& database, QStringView table, const QVariantList& row) {
+  database.execute(u"INSERT INTO "_s + quotedName(table) + u" VALUES (" +
+                       QStringList(row.size(), u"?"_s).join(u", ") + u")",
+                   row);
+}
+
+QVariantList standardRow() {
+  const SettingsRecord standard = SettingsRecord::standard(u"+9"_s);
+  QVariantList values;
+  for (size_t i = 0; i < settingSpecs.size(); ++i)
+    values.append(standard.value(static_cast<SettingIndex>(i)));
+  return values;
+}
+
+} // namespace soran
