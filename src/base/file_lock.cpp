@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/file_lock.h"
 
+#include "base/plain_file.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 #include <cerrno>
@@ -46,7 +48,10 @@ FileLock::Result FileLock::take(int milliseconds) {
   const QDeadlineTimer deadline(milliseconds);
   int tries = 3; // at least: one that lets go may be between its two steps
   for (;;) {
-    const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly);
+    if (replaceable(path_) == FileFault::NotPlain)
+      return Result::Foreign;
+    const int file =
+        ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownerOnly);
     if (file < 0)
       return Result::Impossible;
     const bool locked = lockNow(file);

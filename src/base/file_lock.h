@@ -18,6 +18,7 @@ class FileLock {
   enum class Result {
     Taken,
     Held,       ///< by another one
+    Foreign,    ///< what has the file's name is no plain file
     Impossible, ///< the file cannot be made or locked
   };
   /// Takes the lock; waits up to that many milliseconds for another one to let it go.

@@ -24,17 +24,28 @@ bool makePrivateDirectory(const QString& path) {
 }
 
 bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate) {
+  return replaceWhole(path, bytes, isPrivate, Links::Refused) == FileFault::None;
+}
+
+FileFault replaceWhole(const QString& path, const QByteArray& bytes, bool isPrivate, Links links) {
+  if (const FileFault fault = replaceable(path, links); fault != FileFault::None)
+    return fault;
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
-    return false;
-  if (isPrivate && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
-    return false;
-  // A small file is written only when the buffer goes, and of an error there the commit tells nothing.
-  if (file.write(bytes) != bytes.size() || !file.flush()) {
+  const auto failed = [&file] {
+    const QFileDevice::FileError error = file.error();
     file.cancelWriting();
-    return false;
-  }
-  return file.commit();
+    return error == QFileDevice::PermissionsError || error == QFileDevice::OpenError ? FileFault::NoPermission
+           : error == QFileDevice::ResourceError                                     ? FileFault::NoSpace
+                                                                                     : FileFault::Failed;
+  };
+  if (!file.open(QIODevice::WriteOnly))
+    return failed();
+  if (isPrivate && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
+    return failed();
+  // A small file is written only when the buffer goes, and of an error there the commit tells nothing.
+  if (file.write(bytes) != bytes.size() || !file.flush())
+    return failed();
+  return file.commit() ? FileFault::None : failed();
 }
 
 QString textOfBytes(const QByteArray& bytes) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/plain_file.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringView>
@@ -19,6 +21,9 @@ bool makePrivateDirectory(const QString& path);
 /// its former content or all of the new. With `isPrivate` only the user may read it. False where it failed;
 /// the former content is then untouched.
 bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate = false);
+
+/// The same, and why it failed. What is no plain file is not replaced, a link only where it is followed.
+FileFault replaceWhole(const QString& path, const QByteArray& bytes, bool isPrivate, Links links);
 
 /// The bytes as text: UTF-8 where they are valid UTF-8, else Latin-1.
 QString textOfBytes(const QByteArray& bytes);

@@ -40,17 +40,18 @@ int withTables(const LaunchOptions& options, StandardStream& errors,
 
 int exportCall(const LaunchOptions& options, const QString& file, StandardStream& errors) {
   return withTables(options, errors, [&file](Tables& tables) {
-    if (!writeWhole(file, exportedData(tables), true))
-      throw InputError(u"cannot write "_s + file);
+    if (const FileFault fault = replaceWhole(file, exportedData(tables), true, Links::Followed);
+        fault != FileFault::None)
+      throw InputError(u"cannot write "_s + file + u": " + faultLine(fault));
   });
 }
 
 int importCall(const LaunchOptions& options, const QString& file, StandardStream& errors) {
   return withTables(options, errors, [&file](Tables& tables) {
-    QFile input(file);
-    if (!input.open(QIODevice::ReadOnly))
-      throw InputError(u"cannot read "_s + file);
-    importFile(tables, input);
+    if (const FileFault fault = readPlainFile(file, largestListFile, Links::Followed).fault;
+        fault != FileFault::None)
+      throw InputError(u"cannot read "_s + file + u": " + faultLine(fault, largestListFile));
+    importFile(tables, file);
   });
 }
 

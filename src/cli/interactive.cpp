@@ -99,8 +99,8 @@ int Interactive::run() {
 }
 
 int Interactive::failedStart(const Opening& opening, Opening::Result result) {
-  // These were told by a message already.
-  if (result != Opening::Result::AlreadyRunning && result != Opening::Result::OtherFormat)
+  // All others were told by a message already.
+  if (result == Opening::Result::NoNetwork)
     output_.tell(u"soran-cli: " + opening.failure());
   return 1;
 }

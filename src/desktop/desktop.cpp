@@ -21,11 +21,6 @@ constexpr int splashDelay = 200;
 
 constexpr qint64 largestCounterPage = 1 << 16;
 
-bool wasTold(Opening::Result result) {
-  return result == Opening::Result::AlreadyRunning || result == Opening::Result::NoNetwork ||
-         result == Opening::Result::OtherFormat;
-}
-
 } // namespace
 
 Desktop::Desktop(Launch& launch)
@@ -57,8 +52,6 @@ bool Desktop::open(QString& notice) {
       notice = opening_->notice();
       return true;
     }
-    if (!wasTold(result))
-      dialogs_.message(u" 確認"_s, opening_->failure() + u"　　");
   } catch (const Unwind&) {
     // The user closed the form.
   }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/exchange.h"
 
+#include "base/plain_file.h"
 #include "base/text.h"
 #include "forms/list_rules.h"
 #include "store/cipher.h"
@@ -114,40 +115,14 @@ void importData(Tables& tables, const QByteArray& json) {
   });
 }
 
-void importFile(Tables& tables, QFile& file) {
-  const QString name = QFileInfo(file.fileName()).fileName();
-  // What has no size, a device, ends here too.
-  const QByteArray bytes = file.read(largestForeignDatabase + 1);
-  if (cipher::isDatabase(bytes))
+void importFile(Tables& tables, const QString& path) {
+  const QString name = QFileInfo(path).fileName();
+  const FileBytes file = readPlainFile(path, largestListFile, Links::Followed);
+  if (!file.ok())
+    throw InputError(name + u": " + faultText(file.fault, largestListFile));
+  if (cipher::isDatabase(file.bytes))
     throw InputError(name + u": データベースは読み込めません。書き出したデータのファイルを選択してください");
-  if (bytes.size() > largestForeignDatabase)
-    throw InputError(name + u": ファイルが大きすぎます");
-  importData(tables, bytes);
-}
-
-QString storeFailure(const StoreError& error, const QString& path) {
-  using enum StoreError::Kind;
-  const auto reason = [&]() -> QString {
-    switch (error.kind()) {
-    case Busy:
-      return u"他のプログラムが使用中です"_s;
-    case NoPermission:
-      return u"読み書きする権限がありません"_s;
-    case NoSpace:
-      return u"ディスクの空き容量がありません"_s;
-    case InputOutput:
-      return u"読み書きできません"_s;
-    case Corrupt:
-      return u"壊れています"_s;
-    case NotADatabase:
-      return cipher::isDatabaseOfAnotherFormat(path) ? u"形式が異なります"_s
-                                                     : u"データベースではありません"_s;
-    case Other:
-      break;
-    }
-    return u"このプログラムのデータベースとして使えません"_s;
-  };
-  return path + u": " + reason();
+  importData(tables, file.bytes);
 }
 
 } // namespace soran

@@ -5,7 +5,7 @@
 #include "store/tables.h"
 
 #include <QByteArray>
-#include <QFile>
+#include <QString>
 
 namespace soran {
 
@@ -19,11 +19,8 @@ QByteArray exportedData(const Tables& tables);
 /// StoreError where it cannot be stored; the database is then as it was.
 void importData(Tables& tables, const QByteArray& json);
 
-/// The same from an open file, which must not be longer than a foreign database may be. One that holds a
-/// database is told as such.
-void importFile(Tables& tables, QFile& file);
-
-/// Why a file of the user's database cannot be used, with its name, for the user.
-QString storeFailure(const StoreError& error, const QString& path);
+/// The same from a plain file of largestListFile bytes at most; the error names it. One that holds a database
+/// is told as such.
+void importFile(Tables& tables, const QString& path);
 
 } // namespace soran

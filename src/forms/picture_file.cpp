@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/picture_file.h"
 
-#include <QFile>
+#include "base/plain_file.h"
+
 #include <algorithm>
 #include <array>
 
@@ -18,13 +19,10 @@ bool isPicture(const QByteArray& bytes) {
 }
 
 std::optional<QByteArray> readPicture(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
+  FileBytes file = readPlainFile(path, largestPicture, Links::Followed);
+  if (!file.ok() || !isPicture(file.bytes))
     return std::nullopt;
-  QByteArray bytes = file.read(largestPicture + 1);
-  if (!isPicture(bytes))
-    return std::nullopt;
-  return bytes;
+  return std::move(file.bytes);
 }
 
 } // namespace soran

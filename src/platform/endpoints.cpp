@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/endpoints.h"
 
+#include "base/plain_file.h"
 #include "base/text.h"
 
 #include <QDir>
@@ -43,9 +44,12 @@ Endpoints Endpoints::builtIn(const QString& delivered) {
   return e;
 }
 
-Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
+Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const {
   Endpoints e = *this;
-  if (!QFileInfo(iniFile).isReadable())
+  const FileFault fault = readPlainFile(iniFile, largestSettingsFile, Links::Followed).fault;
+  if (why)
+    *why = fault;
+  if (fault != FileFault::None)
     return e;
   QSettings ini(iniFile, QSettings::IniFormat);
   ini.beginGroup(u"endpoints"_s);
@@ -65,6 +69,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile) const {
     else
       e.others.insert(name, value);
   }
+  if (why && ini.status() == QSettings::AccessError)
+    *why = FileFault::Failed;
   return e;
 }
 

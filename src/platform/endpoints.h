@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/plain_file.h"
 #include "base/station_code.h"
 
 #include <QHash>
@@ -28,8 +29,8 @@ struct Endpoints {
 
   /// These addresses, with those keys of the section [endpoints] of an INI file that it has. A value that
   /// begins with "./" is a folder beside the INI file. A file that does not exist or cannot be read changes
-  /// nothing.
-  Endpoints overriddenBy(const QString& iniFile) const;
+  /// nothing, and `why` tells why.
+  Endpoints overriddenBy(const QString& iniFile, FileFault* why = nullptr) const;
 };
 
 /// The host of an address is this machine by its name or number.

@@ -37,6 +37,7 @@ struct Services : FrontEnd {
   bool handsOver = true;      ///< a new version may end this run, for the update module to run
   bool startsModule = true;   ///< what follows such an end runs the module; else the end is only told
   bool demonstration = false; ///< the embedded endpoint serves everything
+  QString fault = {};         ///< why the program must not start, in words; empty where it may
   QString directory = {};     ///< the program's directory, without trailing slash
   /// The delivered database, for a start that finds no other; may be empty.
   std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/sequence_record.h"
 
+#include "base/plain_file.h"
 #include "base/text.h"
-
-#include <QFile>
 
 namespace soran {
 
@@ -35,11 +34,7 @@ QStringView counted(QStringView line) {
 } // namespace
 
 bool appendSequenceRecord(const QString& path, const QString& record) {
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
-    return false;
-  const QByteArray bytes = (record + crlf).toUtf8();
-  return file.write(bytes) == bytes.size() && file.flush();
+  return appendToPlainFile(path, (record + crlf).toUtf8()) == FileFault::None;
 }
 
 QString sequenceRecordBlock(QStringView text, const StationCode& code) {

@@ -22,11 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Bytes of the largest cycle file or sequence record that is read.
+constexpr qint64 largestRecord = 64LL << 20;
+
 std::optional<QByteArray> wholeFile(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return std::nullopt;
-  return file.readAll();
+  FileBytes file = readPlainFile(path, largestRecord);
+  return file.ok() ? std::optional(std::move(file.bytes)) : std::nullopt;
 }
 
 /// Asks for every station in turn.

@@ -135,8 +135,13 @@ void Printing::saveScreen() {
   }
   const Clock& clock = program_.services.clock;
   const QString text = console.screen().text() + crlf + dateText(clock) + u' ' + timeText(clock) + crlf;
-  if (!writeWhole(file, text.toUtf8()))
+  if (const FileFault fault = replaceWhole(file, text.toUtf8(), false, Links::Followed);
+      fault != FileFault::None) {
+    program_.services.dialogs.message(u" 確認"_s, u"ファイルに書き出すことができませんでした　　\r\n\r\n" +
+                                                      file + u"\r\n" + faultText(fault));
+    program_.services.shutdown.check();
     return cancelSave();
+  }
   console.appendScreen(crlf + u"FILE SAVE COMPLETED");
   console.addLogEntry(u"FILE SAVE COMPLETED"_s);
   console.setPromptGap(true);

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "start/launch.h"
 
+#include "base/plain_file.h"
 #include "imagery/sources.h"
 #include "start/demo_pictures.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace soran {
@@ -61,8 +61,10 @@ LaunchOptions readOptions(const QStringList& arguments) {
     } else if (argument == u"--endpoints") {
       options.endpoints = value(argument);
       // A misspelt name must not send the program to the built-in hosts.
-      if (options.error.isEmpty() && !QFileInfo(options.endpoints).isReadable())
-        options.error = u"--endpoints: cannot read " + options.endpoints;
+      const FileFault fault = readPlainFile(options.endpoints, largestSettingsFile, Links::Followed).fault;
+      if (options.error.isEmpty() && fault != FileFault::None)
+        options.error =
+            u"--endpoints: cannot read " + options.endpoints + u": " + faultLine(fault, largestSettingsFile);
     } else if (argument == u"--now") {
       const QString text = value(argument);
       options.now = readInstant(text);
@@ -110,12 +112,19 @@ Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile deliv
     startDemo(delivered_);
     return;
   }
-  endpoints_ = endpoints_.overriddenBy(installed(u"endpoints.ini"));
-  endpoints_ = endpoints_.overriddenBy(options.endpoints.isEmpty() ? directory_ + u"/endpoints.ini"
-                                                                   : options.endpoints);
+  takeEndpoints(installed(u"endpoints.ini"));
+  takeEndpoints(options.endpoints.isEmpty() ? directory_ + u"/endpoints.ini" : options.endpoints);
 }
 
 Launch::~Launch() = default;
+
+void Launch::takeEndpoints(const QString& file) {
+  FileFault fault = FileFault::None;
+  endpoints_ = endpoints_.overriddenBy(file, &fault);
+  // One that is there says whom to ask. Without it the program would ask others.
+  if (fault != FileFault::None && fault != FileFault::Missing)
+    fault_ = QDir::toNativeSeparators(file) + u": " + faultText(fault, largestSettingsFile);
+}
 
 void Launch::startDemo(const DeliveredFile& delivered) {
   server_ = std::make_unique<EndpointServer>();
@@ -147,6 +156,7 @@ Services Launch::services(const FrontEnd& frontEnd) {
   Services services{frontEnd, *clock_, timers_, inet_, inet2_, shutdown_, endpoints_};
   services.demonstration = demo();
   services.directory = directory_;
+  services.fault = fault_;
   services.deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); };
   return services;
 }

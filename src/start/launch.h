@@ -64,12 +64,14 @@ class Launch {
 
  private:
   void startDemo(const DeliveredFile& delivered);
+  void takeEndpoints(const QString& file);
 
   Shutdown shutdown_;
   Timers& timers_;
   DeliveredFile delivered_;
   QString directory_;
   QString endpointsFile_;
+  QString fault_; // why the program must not start
   std::unique_ptr<Clock> clock_;
   SetClock* setClock_ = nullptr;
   Endpoints endpoints_;

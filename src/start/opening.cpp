@@ -27,14 +27,19 @@ bool isAnswer(const Reply& reply) {
   return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
 }
 
-/// The first name that no earlier damaged database has; the last one is used again and again.
-QString damagedName(const QString& database) {
-  constexpr int mostKept = 9;
-  QString name = database + u".damaged";
-  const auto isThere = [](const QString& file) { return fileExists(file) || fileExists(file + u"-journal"); };
-  for (int i = 2; i <= mostKept && isThere(name); ++i)
-    name = database + u".damaged" + QString::number(i);
-  return name;
+/// Only what the library found to be damaged, in a file of which every byte could be read, is to be replaced
+/// by an older copy; an empty one holds nothing that could be lost. Whatever cannot be opened just now is
+/// whole for all that is known.
+bool isLost(const QString& database, const std::optional<StoreError>& error) {
+  constexpr qint64 largestDatabase = 1LL << 30; // bytes
+  if (!nameIsTaken(database))
+    return true;
+  const FileBytes file = readPlainFile(database, largestDatabase);
+  if (!file.ok() || file.bytes.isEmpty() || !error)
+    return file.ok() && file.bytes.isEmpty();
+  // An early release of the library tells a page whose code is wrong as a failure of its own.
+  return error->kind() == StoreError::Kind::Corrupt || error->kind() == StoreError::Kind::NotADatabase ||
+         (error->kind() == StoreError::Kind::Other && !cipher::isUndamaged(file.bytes));
 }
 
 bool replaceFile(const QString& from, const QString& to) {
@@ -56,23 +61,38 @@ std::optional<QString> serverAddress(const QString& text) {
 }
 
 Opening::Result Opening::start() {
-  const QString& directory = program_.services.directory;
-  if (!claimDirectory(directory))
-    return failed(Result::NoDirectory, u"プログラムのディレクトリを作成できません"_s);
+  if (!program_.services.fault.isEmpty())
+    return failed(Result::NoEndpoints, program_.services.fault);
+  switch (directory_.claim()) {
+  case OwnDirectory::Result::Claimed:
+    break;
+  case OwnDirectory::Result::Foreign:
+    return failed(Result::NoDirectory,
+                  u"SORAN のものではないファイルがあるため、このディレクトリは使えません: "_s +
+                      QDir::toNativeSeparators(directory_.foreignFolder()));
+  case OwnDirectory::Result::Impossible:
+    return failed(Result::NoDirectory, u"プログラムのディレクトリを作成できません: "_s +
+                                           QDir::toNativeSeparators(program_.services.directory));
+  }
   // Where the directory cannot be written there is nothing that two instances could spoil.
-  if (lock_.take() == FileLock::Result::Held) {
+  switch (lock_.take()) {
+  case FileLock::Result::Held:
     program_.services.dialogs.message(u" 確認"_s, u"SORAN はすでに起動しています  "_s);
-    return failed(Result::AlreadyRunning, u"SORAN はすでに起動しています"_s);
+    failure_ = u"SORAN はすでに起動しています"_s;
+    return Result::AlreadyRunning;
+  case FileLock::Result::Foreign:
+    return failed(Result::NoDirectory,
+                  faultText(FileFault::NotPlain) + u": " + program_.services.path(u"soran.lock"));
+  default:
+    break;
   }
   program_.services.inet.setRequestTimeout(60);
   program_.networkAvailable = networkIsThere();
   if (!program_.networkAvailable && program_.services.endpoints.probe.isEmpty()) {
     program_.services.forms.showModal(form::NoConnection{});
-    return failed(Result::NoNetwork, u"インターネットに接続できません"_s);
-  }
-  for (const QString& folder : {u"sound"_s, u"data"_s}) {
-    if (!makePrivateDirectory(directory + u'/' + folder))
-      qCWarning(lcTerminal) << "passed over: making the folder" << folder;
+    failure_ = u"インターネットに接続できません"_s;
+    withdraw();
+    return Result::NoNetwork;
   }
   fetchMissing();
   if (const Result opened = openDatabase(); opened != Result::Started)
@@ -94,7 +114,7 @@ bool Opening::networkIsThere() {
 void Opening::fetchMissing() {
   const QString database = databasePath();
   // Where there is a copy of one, it is lost and to be restored.
-  firstStart_ = !fileExists(database) && backupsOf(program_.services.path(u"soran.mdb")).isEmpty();
+  firstStart_ = !nameIsTaken(database) && backupsOf(program_.services.path(u"soran.mdb")).isEmpty();
   if (firstStart_) {
     const QString fetched = database + u".new";
     if (update_.fetchDatabase(fetched))
@@ -113,81 +133,107 @@ void Opening::fetchMissing() {
 
 Opening::Result Opening::failed(Result result, const QString& why) {
   failure_ = why;
+  withdraw();
+  program_.services.dialogs.message(u" 確認"_s, why);
   return result;
 }
 
+void Opening::withdraw() {
+  lock_.release();
+  directory_.withdraw();
+}
+
 Opening::Result Opening::openDatabase() {
-  auto why = StoreError::Kind::Other;
-  const auto openTables = [this, &why] {
+  std::optional<StoreError> error;
+  const auto openTables = [&] {
     try {
       program_.tables.openAllTables(databasePath());
     } catch (const StoreError& e) {
-      why = e.kind();
+      error = e;
       throw;
     }
   };
-  const auto open = [this, &openTables] {
+  const auto open = [&] {
     return passOver(lcTerminal(), "opening the database", openTables) &&
            program_.tables.byName(table::設定)->recordCount() == 1;
   };
   if (open())
     return Result::Started;
   program_.tables.closeAll();
-  if (why == StoreError::Kind::NotADatabase && cipher::isDatabaseOfAnotherFormat(databasePath())) {
-    const QString text = u"データベースの形式が異なるため、開くことができません　　\r\n\r\n" +
-                         QDir::toNativeSeparators(databasePath());
-    program_.services.dialogs.message(u" 確認"_s, text);
-    return failed(Result::OtherFormat,
-                  u"データベースの形式が異なるため、開くことができません: " + databasePath());
-  }
-  // One that cannot be opened just now, held by another process or not to be read, is whole for all that is
-  // known, and is not to be replaced by an older one.
-  const bool isLost = !fileExists(databasePath()) || why == StoreError::Kind::Corrupt ||
-                      why == StoreError::Kind::NotADatabase || why == StoreError::Kind::Other;
-  if (isLost && restoreDatabase() && open())
+  const QString database = databasePath();
+  if (error && error->kind() == StoreError::Kind::NotADatabase && cipher::isDatabaseOfAnotherFormat(database))
+    return failed(Result::OtherFormat, u"データベースの形式が異なるため、開くことができません　　\r\n\r\n" +
+                                           QDir::toNativeSeparators(database));
+  if (isLost(database, error) && restoreDatabase() && open())
     return Result::Started;
-  return failed(Result::NoDatabase, u"データベースを開けません: " + databasePath());
+  const StoreError why = error.value_or(StoreError("rows are missing", StoreError::Kind::Other));
+  return failed(Result::NoDatabase,
+                u"データベースを開けません: " + storeFailure(why, QDir::toNativeSeparators(database)));
 }
 
-QString Opening::restorationSource(const QString& target) {
+Opening::Origin Opening::restorationSource(const QString& target) {
   QFile::remove(target);
   for (const QString& backup : backupsOf(program_.services.path(u"soran.mdb"))) {
+    const QDateTime made = QFileInfo(backup).lastModified();
     if (isWholeDatabase(backup) && QFile::copy(backup, target))
-      return u"BACKUP"_s;
+      return {u"BACKUP"_s, made};
   }
   if (update_.fetchDatabase(target))
-    return u"DELIVERED FILE"_s;
+    return {u"DELIVERED FILE"_s, {}};
   if (writeWhole(target, program_.services.deliveredDatabase(), true) && isWholeDatabase(target))
-    return u"DELIVERED FILE"_s;
+    return {u"DELIVERED FILE"_s, {}};
   QFile::remove(target);
   return {};
 }
 
 bool Opening::restoreDatabase() {
-  QString source = restorationSource(databasePath() + u".new");
-  if (source.isEmpty()) {
+  const QString database = databasePath();
+  origin_ = restorationSource(database + u".new");
+  if (origin_.name.isEmpty()) {
     // The directory cannot be written: the weather can be read all the same, from a database that goes at
     // exit.
     spare_ = std::make_unique<QTemporaryDir>();
-    source = restorationSource(databasePath());
     notice_ = u"DATABASE CANNOT BE WRITTEN / NOTHING WILL BE STORED"_s;
-    return !source.isEmpty();
+    return !restorationSource(databasePath()).name.isEmpty();
   }
-  const QString database = databasePath();
-  // What cannot be read today may be mended by hand tomorrow.
-  const QString damaged = damagedName(database);
-  if (fileExists(database))
-    replaceFile(database, damaged);
-  // Its journal goes with it: beside the restored file it would be rolled back into that one.
-  QFile::remove(damaged + u"-journal");
-  if (fileExists(database + u"-journal"))
-    replaceFile(database + u"-journal", damaged + u"-journal");
-  if (!replaceFile(database + u".new", database))
+  const bool isThere = fileExists(database);
+  const QString stamp = program_.services.clock.now().toString(u"yyyyMMdd-HHmmss");
+  const QString damaged = freeName(database + u".damaged-" + stamp);
+  if (!putAside(database, damaged) || !replaceFile(database + u".new", database)) {
+    QFile::remove(database + u".new");
     return false;
+  }
   QFile::setPermissions(database, QFile::ReadOwner | QFile::WriteOwner);
   if (!firstStart_)
-    notice_ = u"DATABASE RESTORED FROM " + source;
+    tellRestoration(isThere ? damaged : QString());
   return true;
+}
+
+/// What cannot be read today may be mended by hand tomorrow. Its journal goes with it: beside the restored
+/// file it would be rolled back into that one.
+bool Opening::putAside(const QString& database, const QString& damaged) {
+  const QString journal = database + u"-journal";
+  return (!fileExists(journal) || replaceFile(journal, damaged + u"-journal")) &&
+         (!fileExists(database) || replaceFile(database, damaged));
+}
+
+void Opening::tellRestoration(const QString& damaged) {
+  const QDateTime now = program_.services.clock.now();
+  const QString made = origin_.made.toOffsetFromUtc(now.offsetFromUtc()).toString(u"yyyy/MM/dd HH:mm");
+  const bool isBackup = origin_.made.isValid();
+  notice_ =
+      u"DATABASE RESTORED FROM " + origin_.name + crlf +
+      (isBackup ? u"COPY OF "_s + made + u" / LATER ENTRIES ARE MISSING" : u"YOUR ENTRIES ARE MISSING"_s);
+  if (!damaged.isEmpty())
+    notice_ += crlf + u"DAMAGED FILE KEPT AS " + QFileInfo(damaged).fileName();
+  QString text = damaged.isEmpty() ? u"データベースがありません　　\r\n\r\n"_s
+                                   : u"データベースが壊れています　　\r\n\r\n"_s;
+  text += isBackup ? made + u" の控えから復元しました。それより後に入力した内容はありません　　"
+                   : u"配布時のデータベースに戻しました。入力した内容はありません　　"_s;
+  if (!damaged.isEmpty())
+    text += u"\r\n壊れたファイルは次の名前で残してあります　　\r\n" + QDir::toNativeSeparators(damaged);
+  program_.services.dialogs.message(u" 確認"_s, text);
+  program_.services.shutdown.check();
 }
 
 void Opening::recordVersion() {

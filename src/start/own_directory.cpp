@@ -6,7 +6,12 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QRegularExpression>
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace soran {
 
@@ -14,46 +19,149 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString markOf(const QString& directory) {
-  return directory + u"/.soran";
+Q_LOGGING_CATEGORY(lcOwn, "soran.start")
+
+constexpr const char* markName = ".soran";
+constexpr QStringView scratchFolders[] = {u"data", u"help"};
+
+QString markOf(const QString& folder) {
+  return folder + u'/' + QString::fromLatin1(markName);
 }
 
-/// The names of the files that a run of the program leaves in its data folder.
+bool writeMark(const QString& folder) {
+  return writeWhole(markOf(folder),
+                    "This folder belongs to SORAN, which empties its folders data and help at every exit.\n",
+                    true);
+}
+
+/// A folder that is open, not through a link.
+class OpenFolder {
+ public:
+  explicit OpenFolder(const QString& path)
+      : number_(
+            ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {}
+  ~OpenFolder() {
+    if (number_ >= 0)
+      ::close(number_);
+  }
+  OpenFolder(const OpenFolder&) = delete;
+  OpenFolder& operator=(const OpenFolder&) = delete;
+
+  bool isOpen() const { return number_ >= 0; }
+  /// A plain file stands under that name.
+  bool holds(const QByteArray& name) const {
+    if (!isOpen())
+      return false;
+    const int file = ::openat(number_, name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
+    struct stat status {};
+    const bool found = file >= 0 && ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+    if (file >= 0)
+      ::close(file);
+    return found;
+  }
+  void remove(const QByteArray& name) const {
+    if (holds(name))
+      ::unlinkat(number_, name.constData(), 0);
+  }
+
+ private:
+  int number_;
+};
+
+/// The names of the files that a run of the program leaves in its folders: of `data`, and the pages of
+/// `help`.
 bool isOwnFile(const QString& name) {
   static const QRegularExpression own(
-      uR"(^(?:\d\d\.dat|sequence\.dat|figure\.dat|version\.dat|soran\$\.mdb)$)"_s);
+      uR"(^(?:\d\d\.dat|sequence\.dat|figure\.dat|version\.dat|soran\$\.mdb(?:\.fetched|-journal)?|[a-z0-9_-]+\.(?:html?|css|png|svg)|\.soran)$)"_s);
   return own.match(name).hasMatch();
 }
 
-bool holdsForeignFiles(const QString& folder) {
-  const QStringList names =
-      QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-  return !std::all_of(names.begin(), names.end(), isOwnFile);
+QStringList namesIn(const QString& folder) {
+  return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+}
+
+/// Whether the program may empty the folder. `known` is true where its directory was marked by an earlier
+/// release.
+bool isOwnFolder(const QString& path, bool known) {
+  const OpenFolder folder(path);
+  if (!folder.isOpen())
+    return false;
+  if (folder.holds(markName))
+    return true;
+  const QStringList names = namesIn(path);
+  return names.isEmpty() || (known && std::ranges::all_of(names, isOwnFile));
 }
 
 } // namespace
 
-bool claimDirectory(const QString& directory) {
-  if (!makePrivateDirectory(directory))
+bool OwnDirectory::make(const QString& folder) {
+  const QString parent = QFileInfo(QDir::cleanPath(folder)).absolutePath();
+  if (QFileInfo(folder).isDir())
+    return true;
+  if (parent != folder && !make(parent))
     return false;
-  const QString mark = markOf(directory);
-  if (!fileExists(mark) && !holdsForeignFiles(directory + u"/data") &&
-      !holdsForeignFiles(directory + u"/help"))
-    writeWhole(mark,
-               "This directory belongs to SORAN. Its folders data and help are emptied at every exit.\n",
-               true);
+  if (!makePrivateDirectory(folder))
+    return false;
+  madeFolders_.append(folder);
   return true;
 }
 
-void removeScratchFolder(const QString& directory, const QString& folder) {
-  const QString path = directory + u'/' + folder;
-  const QFileInfo info(path);
-  if (!fileExists(markOf(directory)) || !info.isDir() || info.isSymLink())
-    return;
-  const QFileInfoList files =
-      QDir(path).entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot);
-  for (const QFileInfo& file : files)
-    QFile::remove(file.filePath());
+void OwnDirectory::mark(const QString& folder) {
+  const QString file = markOf(folder);
+  if (!nameIsTaken(file) && writeMark(folder))
+    madeMarks_.append(file);
+}
+
+OwnDirectory::Result OwnDirectory::claim() {
+  // The directory itself may be reached through a link: the user named it.
+  const bool known = replaceable(markOf(directory_)) == FileFault::None && nameIsTaken(markOf(directory_));
+  for (const QStringView name : scratchFolders) {
+    const QString folder = directory_ + u'/' + name;
+    if (nameIsTaken(folder) && !isOwnFolder(folder, known)) {
+      foreign_ = folder;
+      return Result::Foreign;
+    }
+  }
+  if (!make(directory_))
+    return Result::Impossible;
+  mark(directory_);
+  for (const QStringView name : {u"sound", u"data"}) {
+    if (!make(directory_ + u'/' + name))
+      qCWarning(lcOwn) << "passed over: making the folder" << name;
+  }
+  for (const QStringView name : scratchFolders) {
+    const QString folder = directory_ + u'/' + name;
+    if (QFileInfo(folder).isDir())
+      mark(folder);
+  }
+  return Result::Claimed;
+}
+
+void OwnDirectory::withdraw() {
+  for (const QString& file : std::as_const(madeMarks_))
+    QFile::remove(file);
+  while (!madeFolders_.isEmpty())
+    QDir().rmdir(madeFolders_.takeLast());
+}
+
+bool makeScratchFolder(const QString& folder) {
+  return QFileInfo(folder).isDir() || (makePrivateDirectory(folder) && writeMark(folder));
+}
+
+void removeScratchFolder(const QString& directory, const QString& name) {
+  const QString path = directory + u'/' + name;
+  {
+    const OpenFolder folder(path);
+    if (!folder.isOpen() || !folder.holds(markName))
+      return;
+    QStringList names = namesIn(path).filter(QRegularExpression(u"^[^.]"_s));
+    names.removeIf([](const QString& file) { return !isOwnFile(file); });
+    for (const QString& file : std::as_const(names))
+      folder.remove(QFile::encodeName(file));
+    // The mark goes last, and stays with what is not ours to delete.
+    if (namesIn(path) == QStringList{QString::fromLatin1(markName)})
+      folder.remove(markName);
+  }
   QDir().rmdir(path);
 }
 

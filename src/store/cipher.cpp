@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "store/cipher.h"
 
+#include "base/plain_file.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QMessageAuthenticationCode>
 #include <QPasswordDigestor>
+#include <QtEndian>
 #include <algorithm>
 
 namespace soran::cipher {
@@ -32,14 +35,18 @@ QByteArray authenticationKey(QCryptographicHash::Algorithm algorithm, QByteArray
   return QPasswordDigestor::deriveKeyPbkdf2(algorithm, rawKey(), salt, 2, 32);
 }
 
-/// Whether a first page carries the code that `key` gives: salt, encrypted text, vector, code, filling.
-bool isAuthentic(const QByteArray& page, QCryptographicHash::Algorithm algorithm, const QByteArray& key) {
+/// Whether a page of that number (from 1) carries the code that `key` gives: the salt on the first one,
+/// encrypted text, vector, code, filling.
+bool isAuthentic(const QByteArray& page, quint32 number, QCryptographicHash::Algorithm algorithm,
+                 const QByteArray& key) {
   const qsizetype codeSize = QCryptographicHash::hashLength(algorithm);
   const qsizetype reserved = (vectorSize + codeSize + cipherBlock - 1) / cipherBlock * cipherBlock;
   const qsizetype signedEnd = page.size() - reserved + vectorSize;
   QMessageAuthenticationCode code(algorithm, key);
-  code.addData(page.sliced(saltSize, signedEnd - saltSize));
-  code.addData(QByteArray("\x01\x00\x00\x00", 4)); // the page's number
+  const qsizetype signedFrom = number == 1 ? saltSize : 0;
+  code.addData(page.sliced(signedFrom, signedEnd - signedFrom));
+  const quint32 littleEndian = qToLittleEndian(number);
+  code.addData(QByteArray(reinterpret_cast<const char*>(&littleEndian), sizeof littleEndian));
   return code.result() == page.sliced(signedEnd, codeSize);
 }
 
@@ -48,7 +55,7 @@ bool isUnderOurKey(const QByteArray& beginning) {
   for (const auto algorithm : {Sha1, Sha256, Sha512}) {
     const QByteArray key = authenticationKey(algorithm, beginning.left(saltSize));
     for (qsizetype size = 512; size <= beginning.size(); size *= 2) {
-      if (isAuthentic(beginning.left(size), algorithm, key))
+      if (isAuthentic(beginning.left(size), 1, algorithm, key))
         return true;
     }
   }
@@ -78,7 +85,21 @@ QStringList parameters(QStringView schema) {
 
 bool isDatabaseOfAnotherFormat(const QString& path) {
   QFile file(path);
-  return file.open(QIODevice::ReadOnly) && isDatabase(file.read(largestPage));
+  return replaceable(path) == FileFault::None && file.open(QIODevice::ReadOnly) &&
+         isDatabase(file.read(largestPage));
+}
+
+bool isUndamaged(const QByteArray& file) {
+  constexpr qsizetype pageSize = 1024;
+  const QByteArray key = authenticationKey(QCryptographicHash::Sha1, file.left(saltSize));
+  quint32 number = 0;
+  for (qsizetype at = 0; at < file.size(); at += pageSize) {
+    const QByteArray page =
+        QByteArray::fromRawData(file.constData() + at, std::min(pageSize, file.size() - at));
+    if (page.size() < pageSize || !isAuthentic(page, ++number, QCryptographicHash::Sha1, key))
+      return false;
+  }
+  return number > 0;
 }
 
 bool isDatabase(const QByteArray& beginning) {

@@ -21,6 +21,9 @@ QStringList parameters(QStringView schema);
 /// program's key with other parameters or of a later version of the file format. Reads up to 64 KiB.
 bool isDatabaseOfAnotherFormat(const QString& path);
 
+/// Whether every page of a file in the program's own format carries its right code.
+bool isUndamaged(const QByteArray& file);
+
 /// Whether a file that begins with these bytes is a database: a plain one, or one under the program's key.
 bool isDatabase(const QByteArray& beginning);
 

@@ -3,8 +3,10 @@
 #include "store/daily_backup.h"
 
 #include "base/files.h"
+#include "store/cipher.h"
 #include "store/tables.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -15,6 +17,8 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qint64 largestDatabase = 1LL << 30; // bytes
 
 QString dailyCopy(const QString& database) {
   return database + u".day";
@@ -28,12 +32,18 @@ void backUpDaily(const QString& database, const Clock& clock) {
   // One of a later time was made under a clock that was wrong.
   if (copy.exists() && std::abs(copy.lastModified().secsTo(clock.now())) < day)
     return;
-  QFile file(database);
-  if (!isWholeDatabase(database) || !file.open(QIODevice::ReadOnly))
-    return;
-  const QByteArray bytes = file.readAll();
-  if (bytes.size() == file.size())
-    writeWhole(copy.filePath(), bytes, true);
+  const FileBytes whole = isWholeDatabase(database) ? readPlainFile(database, largestDatabase) : FileBytes();
+  if (!whole.bytes.isEmpty() && makeRoomForCopy(copy.filePath(), clock))
+    writeWhole(copy.filePath(), whole.bytes, true);
+}
+
+bool makeRoomForCopy(const QString& copy, const Clock& clock) {
+  constexpr qint64 tolerance = 60;
+  const bool isOfAnother = cipher::isDatabaseOfAnotherFormat(copy) && !isWholeDatabase(copy);
+  const bool isLater = clock.now().secsTo(QFileInfo(copy).lastModified()) > tolerance;
+  if (!nameIsTaken(copy) || !(isOfAnother || isLater))
+    return true;
+  return QFile::rename(copy, freeName(copy + u'-' + clock.now().toString(u"yyyyMMdd-HHmmss")));
 }
 
 QStringList backupsOf(const QString& database) {

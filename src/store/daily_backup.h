@@ -10,9 +10,13 @@
 namespace soran {
 
 /// Copies the closed database file to its name with ".day", where the copy that is there is not of the last
-/// 24 hours. A file that is not a whole database replaces no copy; what cannot be written leaves the former
-/// one.
+/// 24 hours (makeRoomForCopy). A file that is not a whole database replaces no copy; what cannot be written
+/// leaves the former one.
 void backUpDaily(const QString& database, const Clock& clock);
+
+/// Makes room for a new copy of that name: one of another format, or of a later time than it is now, is kept
+/// under a name with the date. False where that cannot be done.
+bool makeRoomForCopy(const QString& copy, const Clock& clock);
 
 /// The copies of a database that there are, the newest first: that of the day, and that before its last
 /// renewal.

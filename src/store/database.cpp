@@ -3,6 +3,7 @@
 #include "store/database.h"
 
 #include "base/foreign_text.h"
+#include "base/plain_file.h"
 #include "store/cipher.h"
 
 #include <QFile>
@@ -193,6 +194,11 @@ void Database::Closer::operator()(sqlite3* handle) const {
 }
 
 void Database::open(const QString& path, Mode mode) {
+  // The library follows links, and makes a database out of nothing behind one.
+  for (const QStringView journal : {u"", u"-journal", u"-wal"}) {
+    if (replaceable(path + journal) == FileFault::NotPlain)
+      throw StoreError("no plain file", StoreError::Kind::NotPlain);
+  }
   sqlite3* raw = nullptr;
   const bool isForeign = mode == Mode::Foreign;
   const int flags = isForeign ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI
@@ -280,6 +286,33 @@ Transaction::~Transaction() {
 void Transaction::commit() {
   database_.execute(u"COMMIT"_s);
   open_ = false;
+}
+
+QString storeFailure(const StoreError& error, const QString& path) {
+  using enum StoreError::Kind;
+  const auto reason = [&]() -> QString {
+    switch (error.kind()) {
+    case Busy:
+      return u"他のプログラムが使用中です"_s;
+    case NoPermission:
+      return u"読み書きする権限がありません"_s;
+    case NoSpace:
+      return u"ディスクの空き容量がありません"_s;
+    case InputOutput:
+      return u"読み書きできません"_s;
+    case Corrupt:
+      return u"壊れています"_s;
+    case NotPlain:
+      return faultText(FileFault::NotPlain);
+    case NotADatabase:
+      return cipher::isDatabaseOfAnotherFormat(path) ? u"形式が異なります"_s
+                                                     : u"データベースではありません"_s;
+    case Other:
+      break;
+    }
+    return u"このプログラムのデータベースとして使えません"_s;
+  };
+  return path + u": " + reason();
 }
 
 QString quotedName(QStringView name) {

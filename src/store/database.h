@@ -22,11 +22,13 @@ class StoreError : public std::runtime_error {
     NoSpace,      ///< the disk is full
     InputOutput,  ///< the file could not be opened, read or written for another reason
     Corrupt,      ///< the file was read and is damaged
+    NotPlain,     ///< a link, a folder or the like stands in its place, or in that of its journal
     NotADatabase, ///< the file was read and is no database under the program's key
     Other,        ///< the operation does not fit the tables, or the program itself refused it
   };
 
   explicit StoreError(const std::string& what) : std::runtime_error(what) {}
+  StoreError(const std::string& what, Kind kind) : std::runtime_error(what), kind_(kind) {}
   /// `code` is the library's extended result code.
   StoreError(const std::string& what, int code);
 
@@ -101,6 +103,9 @@ class Transaction {
   Database& database_;
   bool open_ = true;
 };
+
+/// Why a file of the user's database cannot be used, with its name, for the user.
+QString storeFailure(const StoreError& error, const QString& path);
 
 /// A name of a table or a column as it stands in a statement.
 QString quotedName(QStringView name);

@@ -47,8 +47,10 @@ void exportUserData(Terminal& terminal) {
   if (fileExists(path) &&
       !agreed(terminal, QFileInfo(path).fileName() + u" はすでに存在します  \r\r上書きしますか？　　"))
     return;
-  if (!writeWhole(path, exportedData(program.tables), true)) {
-    tell(terminal, u"ファイルに書き出すことができませんでした　　"_s);
+  if (const FileFault fault = replaceWhole(path, exportedData(program.tables), true, Links::Followed);
+      fault != FileFault::None) {
+    tell(terminal,
+         u"ファイルに書き出すことができませんでした　　\r\n\r\n" + path + u"\r\n" + faultText(fault));
     return;
   }
   program.console.addLogEntry(u"DATA EXPORT COMPLETED"_s);
@@ -62,15 +64,17 @@ void importUserData(Terminal& terminal) {
   program.services.shutdown.check();
   if (!choice || choice->isEmpty())
     return;
-  QFile file(absolute(terminal, *choice));
-  if (!file.open(QIODevice::ReadOnly)) {
-    tell(terminal, u"ファイルを開くことができませんでした　　"_s);
+  const QString path = absolute(terminal, *choice);
+  if (const FileFault fault = readPlainFile(path, largestListFile, Links::Followed).fault;
+      fault != FileFault::None) {
+    tell(terminal, u"ファイルを開くことができませんでした　　\r\n\r\n" + path + u"\r\n" +
+                       faultText(fault, largestListFile));
     return;
   }
   if (!agreed(terminal, u"現在のリストと設定を置き換えますか？　　"_s))
     return;
   try {
-    importFile(program.tables, file);
+    importFile(program.tables, path);
   } catch (const std::runtime_error& e) {
     program.console.addLogEntry(u"CANCEL DATA IMPORT COMMAND"_s);
     tell(terminal, u"読み込むことができないファイルです　　\r\n\r\n" + cleaned(QString::fromUtf8(e.what())));

@@ -69,7 +69,9 @@ void loadTerminal(Program& program, const QString& notice) {
   console.appendScreen(crlf.toString());
   const QString failure =
       outcomeOfUpdate() == u"failed" ? u"PROGRAM UPDATE FAILED / SEE UPDATE.LOG"_s : QString();
-  for (const QString& line : {notice, failure}) {
+  QStringList lines = notice.split(crlf.toString());
+  lines.append(failure);
+  for (const QString& line : std::as_const(lines)) {
     if (line.isEmpty())
       continue;
     console.appendScreen(line + crlf);

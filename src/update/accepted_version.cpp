@@ -6,15 +6,11 @@
 #include "base/text.h"
 #include "update/manifest.h"
 
-#include <QFile>
-
 namespace soran {
 
 double acceptedVersion(const QString& file) {
-  QFile stored(file);
-  constexpr qint64 longest = 16;
-  return stored.open(QIODevice::ReadOnly) ? leadingNumber(QString::fromLatin1(stored.read(longest)).trimmed())
-                                          : 0;
+  constexpr qint64 longest = 4096;
+  return leadingNumber(QString::fromLatin1(readPlainFile(file, longest).bytes).trimmed());
 }
 
 bool acceptVersion(const QString& file, const QString& version) {

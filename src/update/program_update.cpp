@@ -3,8 +3,11 @@
 #include "update/program_update.h"
 
 #include "base/files.h"
+#include "base/own_folder.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "platform/net_inet.h"
+#include "store/daily_backup.h"
 #include "store/foreign_database.h"
 #include "update/accepted_version.h"
 #include "update/carry_over.h"
@@ -32,8 +35,7 @@ bool isAnswer(const Reply& reply) {
 }
 
 QByteArray contents(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  return readPlainFile(path, NetInet::largestBody).bytes;
 }
 
 bool renameOver(const QString& from, const QString& to) {
@@ -41,7 +43,8 @@ bool renameOver(const QString& from, const QString& to) {
 }
 
 bool isUsersOwnMachine(const QUrl& endpoint) {
-  return endpoint.isLocalFile() || endpoint.scheme() == u"qrc" || isLoopback(endpoint);
+  return (endpoint.isLocalFile() && isOwnFolder(endpoint.toLocalFile())) || endpoint.scheme() == u"qrc" ||
+         isLoopback(endpoint);
 }
 
 bool takesUnsigned(const Endpoints& endpoints) {
@@ -188,7 +191,8 @@ bool ProgramUpdate::swapDatabase(const QString& newFile) {
     return false;
   tables_.closeAll();
   const QByteArray former = hasHotJournal(database) ? QByteArray() : contents(database);
-  const bool swapped = !former.isEmpty() && writeWhole(backup, former, true) && renameOver(newFile, database);
+  const bool swapped = !former.isEmpty() && makeRoomForCopy(backup, services_.clock) &&
+                       writeWhole(backup, former, true) && renameOver(newFile, database);
   passOver(lcUpdate(), "opening the database", [&] { tables_.openAllTables(database); });
   return swapped;
 }

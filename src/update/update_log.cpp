@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/update_log.h"
 
+#include "base/files.h"
 #include "base/foreign_text.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <cstdio>
 
 namespace soran {
@@ -16,11 +16,13 @@ void UpdateLog::tell(const QString& text) const {
   const QString line = cleaned(text);
   std::fputs(QString(line + u'\n').toUtf8().constData(), stderr);
   constexpr qint64 longest = 64LL * 1024;
-  QFile file(path_);
-  const QIODevice::OpenMode keep = file.size() > longest ? QIODevice::Truncate : QIODevice::Append;
+  const QByteArray entry =
+      QString(QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8();
   // Where there is nowhere to write, the line was told all the same.
-  if (file.open(QIODevice::WriteOnly | keep))
-    file.write(QString(QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
+  if (readPlainFile(path_, longest).fault == FileFault::TooLarge)
+    writeWhole(path_, entry, true);
+  else
+    appendToPlainFile(path_, entry);
 }
 
 } // namespace soran

@@ -28,7 +28,10 @@ Endpoints endpointsOf(const UpdateJob& job) {
       QFileInfo(QFileInfo(job.program).canonicalPath() + u"/../share/soran/endpoints.ini")
           .canonicalFilePath();
   const QString own = job.endpointsFile.isEmpty() ? job.home + u"/endpoints.ini" : job.endpointsFile;
-  return Endpoints().overriddenBy(installed).overriddenBy(own);
+  FileFault fault = FileFault::None;
+  const Endpoints endpoints = Endpoints().overriddenBy(installed).overriddenBy(own, &fault);
+  // One that is there and cannot be read might name another endpoint.
+  return fault == FileFault::None || fault == FileFault::Missing ? endpoints : Endpoints();
 }
 
 Updater::Updater(UpdateJob job, std::function<void(const QString&)> tell)

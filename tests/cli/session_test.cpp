@@ -197,10 +197,14 @@ TEST_F(CliTest, SessionExportsAndImportsByItsMenus) {
   EXPECT_EQ(choose("menu_export", "\"SORAN.json\"", "\"no\""),
             (QStringList{again, u"DATA EXPORT COMMAND"_s}));
   EXPECT_EQ(choose("menu_export", "\"none/x\"", ""),
-            (QStringList{u"ファイルに書き出すことができませんでした　　"_s, u"DATA EXPORT COMMAND"_s}));
+            (QStringList{u"ファイルに書き出すことができませんでした　　\r\n\r\n"_s + world.home() +
+                             u"/none/x\r\n読み書きする権限がありません",
+                         u"DATA EXPORT COMMAND"_s}));
   EXPECT_EQ(choose("menu_import", "null", ""), QStringList{u"DATA IMPORT COMMAND"_s});
   EXPECT_EQ(choose("menu_import", "\"none\"", ""),
-            (QStringList{u"ファイルを開くことができませんでした　　"_s, u"DATA IMPORT COMMAND"_s}));
+            (QStringList{u"ファイルを開くことができませんでした　　\r\n\r\n"_s + world.home() +
+                             u"/none\r\nファイルがありません",
+                         u"DATA IMPORT COMMAND"_s}));
   EXPECT_EQ(choose("menu_import", "\"endpoints.ini\"", "\"yes\"").last(), u"CANCEL DATA IMPORT COMMAND");
   EXPECT_EQ(choose("menu_import", "\"SORAN.json\"", "\"no\""),
             (QStringList{replace, u"DATA IMPORT COMMAND"_s}));

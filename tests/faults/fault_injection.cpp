@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Preloaded into a program under test, it counts the calls that change files below one folder, and makes one
-// of them go wrong. The environment tells how:
+// Preloaded into a program under test, it counts the calls that change files below one folder, or all calls
+// on them, and makes one of them go wrong. The environment tells how:
 //
 //   SORAN_FAULT_FOLDER  the folder; calls on other files are neither counted nor touched
 //   SORAN_FAULT_TRACE   a file that gets the name of each counted call and its path, one a line
 //   SORAN_FAULT_AT      the number, from 1, of the call that goes wrong; 0 for none
 //   SORAN_FAULT_KIND    kill: the process ends before the call; torn: a write ends in its middle, and the
-//                       process with it; full: no call from there on gets space; error: that call alone fails
+//                       process with it; full: no call from there on gets space; error: that call alone
+//                       fails. EIO, ENOSPC, EMFILE, EACCES, EINTR: that call alone fails so; short: it reads
+//                       or writes a part. With these, opening and reading are counted too
 
 #include <cerrno>
 #include <climits>
@@ -23,16 +25,24 @@
 
 namespace {
 
-enum class Kind { Kill, Torn, Full, Error };
+enum class Kind { Kill, Torn, Full, Error, Short };
 /// What a call does: only what writes can be torn, and only what writes or makes something wants space.
-enum class Does { Write, Make, Other };
+enum class Does { Write, Read, Make, Other };
 
 struct Plan {
   std::string folder;
   std::string trace;
   long at = 0;
   Kind kind = Kind::Kill;
+  int error = EIO;        ///< what an Error says
+  bool countsAll = false; ///< opening and reading too
 };
+
+constexpr struct {
+  const char* name;
+  int error;
+} namedErrors[] = {
+    {"eio", EIO}, {"enospc", ENOSPC}, {"emfile", EMFILE}, {"eacces", EACCES}, {"eintr", EINTR}};
 
 std::string variable(const char* name) {
   const char* value = std::getenv(name);
@@ -42,12 +52,19 @@ std::string variable(const char* name) {
 const Plan& plan() {
   static const Plan read = [] {
     const std::string kind = variable("SORAN_FAULT_KIND");
-    return Plan{variable("SORAN_FAULT_FOLDER"), variable("SORAN_FAULT_TRACE"),
-                std::atol(variable("SORAN_FAULT_AT").c_str()),
-                kind == "torn"    ? Kind::Torn
-                : kind == "full"  ? Kind::Full
-                : kind == "error" ? Kind::Error
-                                  : Kind::Kill};
+    Plan p{variable("SORAN_FAULT_FOLDER"), variable("SORAN_FAULT_TRACE"),
+           std::atol(variable("SORAN_FAULT_AT").c_str()),
+           kind == "torn"    ? Kind::Torn
+           : kind == "full"  ? Kind::Full
+           : kind == "error" ? Kind::Error
+           : kind == "short" ? Kind::Short
+                             : Kind::Kill};
+    p.countsAll = kind == "short";
+    for (const auto& named : namedErrors) {
+      if (kind == named.name)
+        p.kind = Kind::Error, p.error = named.error, p.countsAll = true;
+    }
+    return p;
   }();
   return read;
 }
@@ -94,8 +111,10 @@ bool goesWrong(const char* call, const char* path, Does does) {
     errno = ENOSPC;
     return does != Does::Other;
   case Kind::Error:
-    errno = EIO;
+    errno = p.error;
     return true;
+  case Kind::Short:
+    return does == Does::Write || does == Does::Read;
   case Kind::Torn:
     if (does == Does::Write)
       return true;
@@ -118,14 +137,26 @@ ssize_t writing(int file, const void* bytes, size_t size, off_t offset) {
     writeAt(file, bytes, size / 2, offset);
     die();
   }
-  return -1;
+  return plan().kind == Kind::Short ? writeAt(file, bytes, (size + 1) / 2, offset) : -1;
+}
+
+ssize_t readAt(int file, void* bytes, size_t size, off_t offset) {
+  return offset < 0 ? ::syscall(SYS_read, file, bytes, size)
+                    : ::syscall(SYS_pread64, file, bytes, size, offset);
+}
+
+ssize_t reading(int file, void* bytes, size_t size, off_t offset) {
+  if (!plan().countsAll || !goesWrong("read", pathOf(file).c_str(), Does::Read))
+    return readAt(file, bytes, size, offset);
+  return plan().kind == Kind::Short ? readAt(file, bytes, (size + 1) / 2, offset) : -1;
 }
 
 int opening(int folder, const char* path, int flags, mode_t mode) {
   // One that is there needs no space to be opened.
   const bool changes =
       (flags & (O_CREAT | O_TRUNC)) != 0 && ((flags & O_TRUNC) != 0 || ::access(path, F_OK) != 0);
-  if (changes && goesWrong("create", path, Does::Make))
+  if (changes ? goesWrong("create", path, Does::Make)
+              : plan().countsAll && goesWrong("open", path, Does::Other))
     return -1;
   return int(::syscall(SYS_openat, folder, path, flags, mode));
 }
@@ -152,6 +183,21 @@ EXPORTED int open(const char* path, int flags, ...) {
   return opening(AT_FDCWD, path, flags, mode);
 }
 EXPORTED int open64(const char* path, int flags, ...) __attribute__((alias("open")));
+EXPORTED int openat(int folder, const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  return folder == AT_FDCWD ? opening(folder, path, flags, mode)
+                            : opening(folder, (pathOf(folder) + '/' + path).c_str(), flags, mode);
+}
+EXPORTED int openat64(int folder, const char* path, int flags, ...) __attribute__((alias("openat")));
+EXPORTED ssize_t read(int file, void* bytes, size_t size) {
+  return reading(file, bytes, size, -1);
+}
+EXPORTED ssize_t pread64(int file, void* bytes, size_t size, off64_t offset) {
+  return reading(file, bytes, size, offset);
+}
 EXPORTED ssize_t write(int file, const void* bytes, size_t size) {
   return writing(file, bytes, size, -1);
 }
@@ -190,6 +236,10 @@ EXPORTED int rmdir(const char* path) noexcept {
 EXPORTED int unlink(const char* path) noexcept {
   return ::access(path, F_OK) == 0 ? onPath("unlink", Does::Other, path, SYS_unlink, path)
                                    : int(::syscall(SYS_unlink, path));
+}
+EXPORTED int unlinkat(int folder, const char* path, int flags) noexcept {
+  const std::string whole = folder == AT_FDCWD ? path : pathOf(folder) + '/' + path;
+  return onPath("unlink", Does::Other, whole.c_str(), SYS_unlinkat, folder, path, flags);
 }
 EXPORTED int link(const char* from, const char* to) noexcept {
   return onPath("link", Does::Make, to, SYS_link, from, to);

@@ -15,10 +15,11 @@
 namespace soran {
 
 /// What goes wrong at one call on a file; see fault_injection.cpp.
-enum class FaultKind { Kill, Torn, Full, Error };
+enum class FaultKind { Kill, Torn, Full, Error, Eio, Enospc, Emfile, Eacces, Eintr, Short };
 
 inline std::string_view nameOf(FaultKind kind) {
-  constexpr std::string_view names[] = {"Kill", "Torn", "Full", "Error"};
+  constexpr std::string_view names[] = {"Kill",   "Torn",   "Full",   "Error", "Eio",
+                                        "Enospc", "Emfile", "Eacces", "Eintr", "Short"};
   return names[size_t(kind)];
 }
 
@@ -36,6 +37,8 @@ inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultK
     while (end < calls.size() && calls[end] == calls[first])
       ++end;
     if (kind == FaultKind::Torn && !calls[first].startsWith(u"write"))
+      continue;
+    if (kind == FaultKind::Short && !calls[first].startsWith(u"write") && !calls[first].startsWith(u"read"))
       continue;
     const bool tried = ++rows[calls[first]] <= rowsTried || !calls.mid(end).contains(calls[first]);
     for (qsizetype i = first; i < end; ++i) {
@@ -55,20 +58,20 @@ class FaultyRun {
         input_(std::move(input)) {}
 
   /// Runs without a fault; the calls in their order, each as its name and its path.
-  QStringList calls() const {
+  QStringList calls(FaultKind kind) const {
     const OwnFolder outside;
     const QString trace = outside.filePath(QStringLiteral("trace"));
-    start({}, 0, trace);
+    start(lowerNameOf(kind), 0, trace);
     QFile file(trace);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
   }
 
-  void run(FaultKind kind, qsizetype at) const {
-    start(QString::fromLatin1(nameOf(kind).data()).toLower(), at, {});
-  }
+  void run(FaultKind kind, qsizetype at) const { start(lowerNameOf(kind), at, {}); }
 
  private:
+  static QString lowerNameOf(FaultKind kind) { return QString::fromLatin1(nameOf(kind).data()).toLower(); }
+
   void start(const QString& kind, qsizetype at, const QString& trace) const {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -136,10 +137,13 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
     EXPECT_EQ(run.program.tables.airportRows(), own);
     EXPECT_EQ(run.program.settings()[key::雲高1], 1234);
     if (run.screen().contains(u"DATABASE RESTORED FROM BACKUP\r\n")) {
-      // The first ones are kept for good, each under a name of its own.
-      const QString kept =
-          path + u".damaged" + (restored > 0 ? QString::number(std::min(restored + 1, 9)) : QString());
+      // Each is kept for good, under a name of its own.
+      const QString kept = path + u".damaged-20261124-142000" +
+                           (restored > 0 ? u'-' + QString::number(restored + 1) : QString());
       EXPECT_TRUE(filesBelow(world.home()).value(kept) == flipped);
+      EXPECT_TRUE(run.screen().contains(u"LATER ENTRIES ARE MISSING\r\nDAMAGED FILE KEPT AS " +
+                                        QFileInfo(kept).fileName()));
+      EXPECT_TRUE(textsOf(run.desk.takeSeen().dialogs).last().endsWith(kept));
       ++restored;
     }
     run.terminal.close();
@@ -158,7 +162,7 @@ TEST(DamagedDatabase, UnderAnotherPasswordGivesWayAndIsKept) {
   ProgramRun run(other);
   ASSERT_TRUE(run.start());
   EXPECT_TRUE(run.screen().contains(u"DATABASE RESTORED FROM DELIVERED FILE\r\n"));
-  EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged"_s)) == foreign);
+  EXPECT_TRUE(filesBelow(other.home()).value(other.path(u"soran.mdb.damaged-20261124-142000"_s)) == foreign);
 }
 
 TEST(OtherFormat, IsToldAndNeverReplaced) {
@@ -195,6 +199,17 @@ TEST(UnopenableDatabase, IsNotReplacedByAnOlderOne) {
       {"unreadable", [](const QString& path) { QFile::setPermissions(path, {}); }},
       {"a folder in the journal's place", [](const QString& path) { QDir().mkdir(path + u"-journal"); }},
       {"a folder in the log's place", [](const QString& path) { QDir().mkdir(path + u"-wal"); }},
+      {"a link in the journal's place", [](const QString& path) { QFile::link(path, path + u"-journal"); }},
+      {"a link to it",
+       [](const QString& path) { QFile::rename(path, path + u"x"), QFile::link(path + u"x", path); }},
+      {"a link that leads nowhere",
+       [](const QString& path) { QFile::rename(path, path + u"x"), QFile::link(path + u"y", path); }},
+      {"a folder in its place",
+       [](const QString& path) { QFile::rename(path, path + u"x"), QDir().mkdir(path); }},
+      {"a pipe in its place",
+       [](const QString& path) {
+         QFile::rename(path, path + u"x"), ::mkfifo(QFile::encodeName(path).constData(), 0600);
+       }},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -211,10 +226,14 @@ TEST(UnopenableDatabase, IsNotReplacedByAnOlderOne) {
       EXPECT_FALSE(run.start());
       EXPECT_EQ(run.result, Opening::Result::NoDatabase);
       EXPECT_TRUE(run.opening.failure().contains(path));
+      EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs), QStringList{run.opening.failure()});
     }
+    const bool isAside = fileExists(path + u"x");
+    if (isAside)
+      world.folder.remove(path), std::rename(qPrintable(path + u"x"), qPrintable(path));
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
     EXPECT_TRUE(contents(path) == bytes);
-    EXPECT_FALSE(fileExists(path + u".damaged"));
+    EXPECT_EQ(QDir(world.home()).entryList({u"*.damaged*"_s}), QStringList());
   }
 }
 
@@ -258,6 +277,6 @@ TEST(BusyDatabase, IsNotTakenForADamagedOne) {
     EXPECT_FALSE(run.start());
     EXPECT_EQ(run.result, Opening::Result::NoDatabase);
   }
-  EXPECT_FALSE(fileExists(world.path(u"soran.mdb.damaged"_s)));
+  EXPECT_EQ(QDir(world.home()).entryList({u"*.damaged*"_s}), QStringList());
   expectOwn(world);
 }

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "start/own_directory.h"
+#include "support/turns.h"
 #include "terminal/harness.h"
 
 #include <QFile>
@@ -87,31 +89,77 @@ TEST(Stop, EmptiesItsOwnFoldersOnly) {
     return QDir(world.path(folder))
         .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
   };
-  // A directory of somebody else: what lies in its folders stays.
-  for (const QString& folder : {u"data"_s, u"help"_s}) {
-    world.folder.remove(world.home());
-    QDir().mkpath(world.path(folder));
-    writeWhole(world.path(folder + u"/thesis.txt"), "x");
-    runOnce();
-    EXPECT_EQ(filesIn(folder), QStringList{u"thesis.txt"_s});
-  }
-  // Its own: plain files go, links and folders stay, and nothing behind a link is touched.
-  world.folder.remove(world.home());
+  // Its own: what it left goes; links, folders and what is not its own stay, and nothing behind a link is
+  // touched.
   runOnce();
   EXPECT_FALSE(fileExists(world.path(u"data"_s)));
+  for (const QString& folder : {u"data"_s, u"help"_s})
+    EXPECT_TRUE(makeScratchFolder(world.path(folder)));
   QDir().mkpath(world.path(u"data/folder"_s));
-  QDir().mkpath(world.path(u"help"_s));
-  writeWhole(world.path(u"data/.hidden"_s), "x");
-  writeWhole(world.path(u"help/help.html"_s), "x");
-  QFile::link(outside + u"/kept", world.path(u"data/link"_s));
+  for (const QString& name : {u"data/05.dat"_s, u"data/thesis.txt"_s, u"data/.hidden"_s, u"help/help.html"_s})
+    writeWhole(world.path(name), "x");
+  QFile::link(outside + u"/kept", world.path(u"data/06.dat"_s));
   QFile::link(outside, world.path(u"data/linked"_s));
   runOnce();
-  EXPECT_EQ(filesIn(u"data"_s), (QStringList{u"folder"_s, u"link"_s, u"linked"_s}));
+  EXPECT_EQ(filesIn(u"data"_s),
+            (QStringList{u".hidden"_s, u".soran"_s, u"folder"_s, u"linked"_s, u"thesis.txt"_s}));
   EXPECT_FALSE(fileExists(world.path(u"help"_s)));
-  world.folder.remove(world.path(u"data"_s));
-  QFile::link(outside, world.path(u"data"_s));
-  runOnce();
   EXPECT_EQ(contents(outside + u"/kept"), "x");
+}
+
+TEST(Start, RefusesADirectoryThatHoldsWhatIsNotItsOwn) {
+  const struct {
+    const char* name;
+    std::function<void(const World&)> lay;
+    bool starts = false;
+  } cases[] = {
+      {"a file of somebody",
+       [](const World& w) { QDir().mkpath(w.path(u"data"_s)), writeWhole(w.path(u"data/05.dat"_s), "x"); }},
+      {"pages of somebody",
+       [](const World& w) {
+         QDir().mkpath(w.path(u"help"_s)), writeWhole(w.path(u"help/help.html"_s), "x");
+       }},
+      {"a link",
+       [](const World& w) { QDir().mkpath(w.home()), QFile::link(w.folder.path(), w.path(u"data"_s)); }},
+      {"a file in its place",
+       [](const World& w) { QDir().mkpath(w.home()), writeWhole(w.path(u"data"_s), "x"); }},
+      {"an earlier release's with a thesis",
+       [](const World& w) {
+         QDir().mkpath(w.path(u"data"_s));
+         writeWhole(w.path(u".soran"_s), "x"), writeWhole(w.path(u"data/thesis.txt"_s), "x");
+       }},
+      {"a linked lock",
+       [](const World& w) { QDir().mkpath(w.home()), QFile::link(w.path(u"x"_s), w.path(u"soran.lock"_s)); }},
+      {"an earlier release's own",
+       [](const World& w) {
+         QDir().mkpath(w.path(u"data"_s));
+         writeWhole(w.path(u".soran"_s), "x"), writeWhole(w.path(u"data/05.dat"_s), "x");
+       },
+       true},
+      {"empty", [](const World& w) { QDir().mkpath(w.path(u"data"_s)); }, true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    World world;
+    c.lay(world);
+    const auto before = filesBelow(world.folder.path());
+    ProgramRun run(world);
+    EXPECT_EQ(run.start(), c.starts);
+    if (c.starts) {
+      EXPECT_TRUE(fileExists(world.path(u"data/.soran"_s)));
+      continue;
+    }
+    EXPECT_EQ(run.result, Opening::Result::NoDirectory);
+    EXPECT_TRUE(filesBelow(world.folder.path()) == before);
+    EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs), QStringList{run.opening.failure()});
+    EXPECT_TRUE(run.opening.failure().contains(world.home()));
+  }
+  // One that ends for another reason leaves nothing either.
+  World world;
+  world.server.stop();
+  ProgramRun run(world);
+  EXPECT_FALSE(run.start());
+  EXPECT_FALSE(fileExists(world.home()));
 }
 
 TEST(Stop, CloseBoxTakesThePaneAwayFirst) {

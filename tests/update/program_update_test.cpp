@@ -255,6 +255,15 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
   const TestKey makers;
   const QByteArray module = "module";
   const QByteArray good = makers.sign(module);
+  const auto folder = [&](const QString& name, QFile::Permissions others) {
+    QDir().mkpath(desk.path(name));
+    QFile::setPermissions(desk.path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | others);
+    return QUrl::fromLocalFile(desk.path(name)).toString();
+  };
+  const QString own = folder(u"own"_s, QFile::ReadOther | QFile::ExeOther);
+  const QString shared = folder(u"shared"_s, QFile::WriteOther | QFile::ExeOther);
+  const QString below = folder(u"shared/below"_s, {});
+  QFile::link(desk.path(u"shared"_s), desk.path(u"link"_s));
   const struct {
     const char* name;
     QString endpoint;
@@ -264,17 +273,22 @@ TEST_F(ProgramUpdateTest, RunsTheModuleOnlyWhereItMayBeTrusted) {
     bool mayRun;
     bool copied = true; ///< in this run, from the user's own machine
   } cases[] = {
-      {"own folder", u"file:///srv/soran"_s, false, module, {}, true},
+      {"own folder", own, false, module, {}, true},
       {"loopback", u"http://127.0.0.1:8080"_s, false, module, {}, true},
       {"loopback by name", u"http://localhost"_s, false, module, {}, true},
       {"loopback of IPv6", u"http://[::1]:80"_s, false, module, {}, true},
       {"compiled in", u"qrc:/delivered/update"_s, false, module, {}, true},
-      {"left by an earlier run", u"file:///srv/soran"_s, false, module, {}, false, false},
-      {"left and signed", u"file:///srv/soran"_s, false, module, good, true, false},
-      {"no module", u"file:///srv/soran"_s, false, {}, {}, false},
-      {"folder with signatures", u"file:///srv/soran"_s, true, module, {}, false},
+      {"folder of all", shared, false, module, {}, false},
+      {"folder of all, signed", shared, false, module, good, true},
+      {"folder below one of all", below, false, module, {}, false},
+      {"link to one of all", QUrl::fromLocalFile(desk.path(u"link"_s)).toString(), false, module, {}, false},
+      {"folder that is not there", own + u'x', false, module, {}, false},
+      {"left by an earlier run", own, false, module, {}, false, false},
+      {"left and signed", own, false, module, good, true, false},
+      {"no module", own, false, {}, {}, false},
+      {"folder with signatures", own, true, module, {}, false},
       {"loopback with signatures", u"http://127.0.0.1"_s, true, module, {}, false},
-      {"signed folder", u"file:///srv/soran"_s, true, module, good, true},
+      {"signed folder", own, true, module, good, true},
       {"host", u"https://soran.example"_s, false, module, {}, false},
       {"signed host", u"https://soran.example"_s, false, module, good, true},
       {"altered", u"https://soran.example"_s, false, "modulE", good, false},

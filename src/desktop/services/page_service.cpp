@@ -4,6 +4,7 @@
 
 #include "base/files.h"
 #include "desktop/widgets/browser_frame.h"
+#include "start/own_directory.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -20,7 +21,7 @@ Q_LOGGING_CATEGORY(lcPages, "soran.desktop")
 /// Lays the program's own pages out in the folder and gives the address of `page` there.
 QUrl laidOut(const QUrl& page, const QString& folder) {
   const QDir source(u':' + QUrl(page).adjusted(QUrl::RemoveFilename).path());
-  if (!makePrivateDirectory(folder))
+  if (!makeScratchFolder(folder))
     return {};
   for (const QString& name : source.entryList(QDir::Files)) {
     QFile file(source.filePath(name));

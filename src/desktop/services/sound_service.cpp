@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/services/sound_service.h"
 
+#include "base/plain_file.h"
+
 #include <QAudioDevice>
 #include <QEventLoop>
 #include <QFile>
@@ -47,10 +49,8 @@ int waveLength(const QByteArray& file) {
 }
 
 void SoundService::play(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return;
-  const int length = waveLength(file.readAll());
+  constexpr qint64 largestSound = 64LL << 20; // bytes
+  const int length = waveLength(readPlainFile(path, largestSound).bytes);
   if (length == 0 || QMediaDevices::defaultAudioOutput().isNull())
     return;
   QEventLoop loop;
