@@ -12,6 +12,9 @@
 /// Rules of the field that several readers of reports share.
 namespace soran {
 
+/// The two kinds of reports (WMO No. 306, FM 15/16 and FM 51).
+enum class ReportKind { Metar, Taf };
+
 /// The minute of a report's time, as its figures read; figures that are none read as any number.
 struct MinuteOfHour {
   double value = 0;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/report_rules.h"
 #include "base/stamp.h"
 #include "base/station_code.h"
 #include "store/settings_record.h"
@@ -9,9 +10,6 @@
 #include <QString>
 
 namespace soran {
-
-/// The two kinds of station files (WMO No. 306, FM 15/16 and FM 51).
-enum class ReportKind { Metar, Taf };
 
 /// A station file, laid out.
 struct StationReport {

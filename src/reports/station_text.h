@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
+#include <optional>
 
 namespace soran {
 
@@ -25,6 +26,8 @@ struct StationText {
   QString other = {};
   /// When the file was written: its first line, "2026/11/24 05:00" in UTC. Invalid where that says no time.
   QDateTime time = {};
+  /// What the source itself says of a METAR: true for SPECI; nothing where it does not say.
+  std::optional<bool> isSpecial = {};
 
   bool isReport() const { return kind == Kind::Report; }
 };
