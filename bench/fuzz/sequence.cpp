@@ -6,6 +6,7 @@
 // missing.
 #include "reports/sequence.h"
 
+#include "base/foreign_text.h"
 #include "base/text.h"
 #include "reports/sequence_record.h"
 #include "targets.h"
@@ -17,13 +18,13 @@ namespace soran::fuzz {
 
 namespace {
 
-/// The lines of a code by plain search.
+/// The lines of a code by plain search, as they are shown.
 std::vector<QString> linesBySearch(const QByteArray& text, const StationCode& code) {
   std::vector<QString> lines;
   const QByteArray word = code.text().toUtf8();
   for (qsizetype at = word.isEmpty() ? -1 : text.indexOf(word); at >= 0;) {
     const qsizetype end = text.indexOf('\n', at + word.size());
-    lines.push_back(textOfBytes(text.mid(at, end < 0 ? -1 : end - at)));
+    lines.push_back(cleaned(textOfBytes(text.mid(at, end < 0 ? -1 : end - at))));
     at = end < 0 ? -1 : text.indexOf(word, end);
   }
   return lines;
