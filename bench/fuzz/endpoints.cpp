@@ -25,7 +25,7 @@ void endpoints(QByteArrayView input) {
             "a file without a section changes nothing");
   for (const QString& address : {read.update, read.metar, read.taf, read.cycles, read.home, read.probe}) {
     require(!address.startsWith(u"./"), "a folder beside the file is told from the root on");
-    stationFile(address, StationCode(QStringLiteral("RJTT")));
+    read.reportSources().front().address(ReportKind::Metar, std::array{StationCode(QStringLiteral("RJTT"))});
   }
   QFile file(path);
   require(file.open(QIODevice::ReadOnly) && file.readAll() == input, "reading writes nothing");

@@ -27,6 +27,30 @@ QChar keyOf(const QString& name) {
   return *key;
 }
 
+QJsonArray sourcesJson(const Program& program) {
+  QJsonArray sources;
+  size_t place = 0;
+  for (const ReportSource& source : program.services.endpoints.reportSources())
+    sources.append(
+        QJsonObject{{u"name"_s, source.name},
+                    {u"away"_s, program.sourceHealth.isAway(place++, program.services.clock.now())}});
+  return sources;
+}
+
+/// An object from the codes of the last run to what `tell` tells of the METAR and of the TAF; null where a
+/// report was refused.
+template <class Tell>
+QJsonObject servedJson(const Program& program, Tell tell) {
+  QJsonObject served;
+  for (const auto& [code, by] : program.servedBy) {
+    const auto value = [&](size_t kind) {
+      return by.names[kind].isEmpty() ? QJsonValue() : QJsonValue(tell(by, kind));
+    };
+    served.insert(code, QJsonArray{value(0), value(1)});
+  }
+  return served;
+}
+
 } // namespace
 
 Session::Session(const LaunchOptions& options, DeliveredFile delivered, LineInput& input, QIODevice& output,
@@ -351,6 +375,12 @@ QJsonObject Session::state() {
                                               {u"timer1"_s, cycle.trayTimerEnabled()}}},
                     {u"ended"_s, terminal_.ended()},
                     {u"update"_s, terminal_.updaterRequested()}};
+  state.insert(u"sources"_s, sourcesJson(program_));
+  state.insert(u"from"_s,
+               servedJson(program_, [](const ServedBy& by, size_t kind) { return by.names[kind]; }));
+  state.insert(u"asked"_s, servedJson(program_, [](const ServedBy& by, size_t kind) {
+                 return by.asked[kind].toString(Qt::ISODate);
+               }));
   if (withRuns_)
     state.insert(u"runs"_s, runsJson(console.screen().runs()));
   if (rows_)

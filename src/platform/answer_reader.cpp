@@ -161,6 +161,12 @@ void AnswerReader::readField(const QByteArray& name, QByteArrayView value) {
     if (!location_.isEmpty() && location_ != value)
       refuse(NetFailure::Cut);
     location_ = value.toByteArray();
+  } else if (name == "etag") {
+    validators_.tag = value.toByteArray();
+  } else if (name == "last-modified") {
+    validators_.modified = value.toByteArray();
+  } else if (name == "retry-after") {
+    retryAfter_ = value.toByteArray();
   }
 }
 
@@ -172,6 +178,8 @@ void AnswerReader::beginBody() {
   headIsRead_ = true;
   if (length_ && chunked_) {
     refuse(NetFailure::Cut);
+  } else if (status_ == 304 && mayBeUnchanged_) {
+    part_ = Part::Whole;
   } else if (!bringsBody()) {
     refuse(NetFailure::Status);
   } else if (chunked_) {

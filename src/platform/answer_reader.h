@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/courtesy.h"
 #include "platform/inet.h"
 
 #include <QByteArray>
@@ -21,6 +22,9 @@ class AnswerReader {
   /// A body has at most `bodyLimit` bytes. One that ends with its connection is taken only where
   /// `endsAreTold`: where a connection that was cut cannot look like one that was closed.
   AnswerReader(qint64 bodyLimit, bool endsAreTold) : bodyLimit_(bodyLimit), endsAreTold_(endsAreTold) {}
+
+  /// It was asked whether a body changed, so that 304 is an answer: a whole one without a body.
+  void expectNotModified() { mayBeUnchanged_ = true; }
 
   /// The next bytes that came, in their order.
   void add(QByteArrayView bytes);
@@ -45,7 +49,10 @@ class AnswerReader {
   int status() const { return status_; } ///< 0 before the status line
   bool isRedirect() const;               ///< a status that sends to the address of location()
   const QByteArray& location() const { return location_; }
-  bool hasLength() const { return length_.has_value(); } ///< a Content-Length was told
+  bool isUnchanged() const { return status_ == 304 && isWhole(); }
+  const Validators& validators() const { return validators_; }
+  const QByteArray& retryAfter() const { return retryAfter_; } ///< of Retry-After, as it was told
+  bool hasLength() const { return length_.has_value(); }       ///< a Content-Length was told
   /// The connection may serve another request behind a whole answer.
   bool keepsOpen() const { return !closes_; }
   const QByteArray& body() const { return body_; }
@@ -77,11 +84,14 @@ class AnswerReader {
   bool chunked_ = false;
   bool closes_ = false;
   bool isText_ = true;
+  bool mayBeUnchanged_ = false;
   bool headIsRead_ = false;
   bool untouched_ = true;
   bool surplus_ = false;
   qint64 missing_ = 0; // bytes of the body, or of its chunk, that are still to come
   QByteArray location_;
+  Validators validators_;
+  QByteArray retryAfter_;
   QByteArray body_;
 };
 

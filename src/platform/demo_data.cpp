@@ -176,6 +176,17 @@ void DemoData::serveOn(EndpointServer& server) const {
     const bool known = number && name.size() == 2 && hour >= 0 && hour < 24;
     return answer(known ? std::optional(cycleFile(hour)) : std::nullopt);
   });
+  server.setHandler(u"/api/data/isigmet"_s, [this](const QUrl&) { return Answer{.body = sigmet()}; });
+}
+
+QByteArray DemoData::sigmet() const {
+  const QDateTime from = clock_.now().toUTC().addSecs(-3600);
+  const auto group = [&](int hours) { return from.addSecs(hours * 3600LL).toString(u"ddHH00"); };
+  return QString(
+             u"RJJJ SIGMET D01 VALID " + group(0) + u'/' + group(4) +
+             u" RJTD-\nRJJJ FUKUOKA FIR SEV TURB FCST WI N3640 E13830 - N3640 E14130 - N3430 E14130 - N3430 "
+             "E13830 - N3640 E13830 FL280/380 MOV E 25KT NC=\n")
+      .toUtf8();
 }
 
 } // namespace soran

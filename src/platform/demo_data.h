@@ -37,7 +37,11 @@ class DemoData {
   /// oldest first: each a stamp line, a line and an empty line.
   QByteArray cycleFile(int hour) const;
 
-  /// Serves the three kinds of file under /pub/data/. The object must outlive the requests to `server`.
+  /// A SIGMET of the Fukuoka region, in force since an hour ago.
+  QByteArray sigmet() const;
+
+  /// Serves the three kinds of file under /pub/data/, and the SIGMET under /api/data/isigmet. The object must
+  /// outlive the requests to `server`.
   void serveOn(EndpointServer& server) const;
 
  private:

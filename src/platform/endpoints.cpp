@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHostAddress>
+#include <QMap>
 #include <QSettings>
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,48 @@ QString addressIn(const QString& iniFile, const QString& value) {
       .toString(QUrl::FullyEncoded);
 }
 
+/// The same of an address in which codes are put in, whose marks stay as they are.
+QString addressFormIn(const QString& iniFile, const QString& value) {
+  return addressIn(iniFile, value).replace(u"%7B"_s, u"{"_s).replace(u"%7D"_s, u"}"_s);
+}
+
+/// A number of a source's section, within its bounds; the standard value where there is none.
+int countIn(const QSettings& ini, const QString& name, int standard, int least, int most) {
+  bool isNumber = false;
+  const int number = ini.value(name).toInt(&isNumber);
+  return isNumber ? std::clamp(number, least, most) : standard;
+}
+
+/// The sections [source.1], [source.2], ... in the order of their numbers. One without an address for either
+/// kind is left out.
+std::vector<ReportSource> sourcesIn(QSettings& ini, const QString& iniFile) {
+  QMap<int, QString> sections;
+  for (const QString& section : ini.childGroups()) {
+    bool isNumber = false;
+    const int number = section.mid(7).toInt(&isNumber);
+    if (section.startsWith(u"source.") && isNumber && number > 0)
+      sections.insert(number, section);
+  }
+  std::vector<ReportSource> sources;
+  for (const QString& section : std::as_const(sections)) {
+    ini.beginGroup(section);
+    const auto text = [&](const QString& name) { return ini.value(name).toStringList().join(u','); };
+    ReportSource source{.name = text(u"name"_s),
+                        .metar = addressFormIn(iniFile, text(u"metar"_s)),
+                        .taf = addressFormIn(iniFile, text(u"taf"_s))};
+    if (source.name.isEmpty())
+      source.name = section.mid(7);
+    if (text(u"form"_s) == u"raw-lines")
+      source.form = ReportSource::Form::RawLines;
+    source.list = countIn(ini, u"list"_s, source.list, 1, 400);
+    source.pause = countIn(ini, u"pause"_s, source.pause, 0, 3600);
+    ini.endGroup();
+    if (!source.metar.isEmpty() && !source.taf.isEmpty())
+      sources.push_back(std::move(source));
+  }
+  return sources;
+}
+
 int aheadOf(const QString& value) {
   constexpr double most = 8;
   const double number = value.toDouble(); // 0 where it is none
@@ -34,13 +77,20 @@ int aheadOf(const QString& value) {
 } // namespace
 
 Endpoints Endpoints::builtIn(const QString& delivered) {
-  const QString reports = u"https://tgftp.nws.noaa.gov/pub/data/"_s;
+  const QString reports = u"https://tgftp.nws.noaa.gov/data/"_s;
+  const QString api = u"https://aviationweather.gov/api/data/"_s;
   Endpoints e;
   e.update = delivered + u"/update";
   e.home = delivered;
   e.metar = reports + u"observations/metar/stations/"_s;
   e.taf = reports + u"forecasts/taf/stations/"_s;
   e.cycles = reports + u"observations/metar/cycles/"_s;
+  e.sigmet = api + u"isigmet?format=raw"_s;
+  e.sources = {{.name = u"noaa"_s, .metar = e.metar + u"{code}.TXT", .taf = e.taf + u"{code}.TXT"}};
+  e.sources.push_back({.name = u"awc"_s,
+                       .form = ReportSource::Form::RawLines,
+                       .metar = api + u"metar?ids={codes}&format=raw"_s,
+                       .taf = api + u"taf?ids={codes}&format=raw"_s});
   return e;
 }
 
@@ -52,10 +102,11 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   if (fault != FileFault::None)
     return e;
   QSettings ini(iniFile, QSettings::IniFormat);
+  const std::vector<ReportSource> listed = sourcesIn(ini, iniFile);
   ini.beginGroup(u"endpoints"_s);
-  const QHash<QString, QString*> known = {{u"update"_s, &e.update}, {u"metar"_s, &e.metar},
-                                          {u"taf"_s, &e.taf},       {u"cycles"_s, &e.cycles},
-                                          {u"home"_s, &e.home},     {u"probe"_s, &e.probe}};
+  const QHash<QString, QString*> known = {
+      {u"update"_s, &e.update}, {u"metar"_s, &e.metar}, {u"taf"_s, &e.taf},      {u"cycles"_s, &e.cycles},
+      {u"home"_s, &e.home},     {u"probe"_s, &e.probe}, {u"sigmet"_s, &e.sigmet}};
   const QStringList keys = ini.childKeys();
   for (const QString& name : keys) {
     // An address with a comma arrives as a list.
@@ -69,21 +120,25 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
     else
       e.others.insert(name, value);
   }
+  const bool namesOwn = !listed.empty() || keys.contains(u"metar"_s) || keys.contains(u"taf"_s);
+  if (namesOwn)
+    e.sources = listed;
+  // Whoever names whom to ask for reports has no other host asked.
+  if (namesOwn && !keys.contains(u"sigmet"_s))
+    e.sigmet.clear();
   if (why && ini.status() == QSettings::AccessError)
     *why = FileFault::Failed;
   return e;
 }
 
-bool isLoopback(const QUrl& url) {
-  return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
+std::vector<ReportSource> Endpoints::reportSources() const {
+  if (!sources.empty())
+    return sources;
+  return {{.name = u"noaa"_s, .metar = metar + u"{code}.TXT", .taf = taf + u"{code}.TXT", .pause = 0}};
 }
 
-QUrl stationFile(const QString& base, const StationCode& code) {
-  const QString& text = code.text();
-  const QString name = std::all_of(text.begin(), text.end(), isAsciiLetter)
-                           ? text
-                           : QString::fromLatin1(QUrl::toPercentEncoding(text));
-  return QUrl(base + name + u".TXT"_s);
+bool isLoopback(const QUrl& url) {
+  return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
 }
 
 } // namespace soran

@@ -39,7 +39,16 @@ QByteArray authorization(const QUrl& address) {
                         .toBase64();
 }
 
-QByteArray requestFor(const QUrl& url, const QUrl& proxy) {
+QByteArray conditionOf(const Validators& validators) {
+  QByteArray condition;
+  if (!validators.tag.isEmpty())
+    condition += "If-None-Match: " + validators.tag + "\r\n";
+  if (!validators.modified.isEmpty())
+    condition += "If-Modified-Since: " + validators.modified + "\r\n";
+  return condition;
+}
+
+QByteArray requestFor(const QUrl& url, const QUrl& proxy, const Validators& known) {
   const bool throughProxy = isAskedItself(proxy, url);
   QByteArray request =
       "GET " + (throughProxy ? "http://" + hostOf(url) : QByteArray()) + targetOf(url) + " HTTP/1.1\r\n";
@@ -49,7 +58,7 @@ QByteArray requestFor(const QUrl& url, const QUrl& proxy) {
     request += "Authorization: " + authorization(url) + "\r\n";
   if (throughProxy && !proxy.userName().isEmpty())
     request += "Proxy-Authorization: " + authorization(proxy) + "\r\n";
-  return request + "\r\n";
+  return request + conditionOf(known) + "\r\n";
 }
 
 } // namespace
@@ -57,6 +66,8 @@ QByteArray requestFor(const QUrl& url, const QUrl& proxy) {
 Exchange::Exchange(Network& network, const QUrl& url, qint64 bodyLimit, std::function<void()> ended)
     : network_(network), url_(url), bodyLimit_(bodyLimit), ended_(std::move(ended)),
       answer_(readerFor(url, bodyLimit)), connection_(network.kept(url)) {
+  if (const Courtesy::Remembered* known = network.courtesy().remembered(url))
+    known_ = *known;
   onKept_ = connection_ != nullptr;
   if (onKept_)
     begin();
@@ -77,7 +88,9 @@ void Exchange::connectAnew() {
 }
 
 void Exchange::begin() {
-  unsent_ = requestFor(url_, connection_->proxy());
+  if (!known_.validators.isEmpty())
+    answer_.expectNotModified();
+  unsent_ = requestFor(url_, connection_->proxy(), known_.validators);
   connection_->whenReadable([this] { read(); });
   write();
 }

@@ -24,6 +24,8 @@ class Exchange {
   /// What came, once it ended. It is a good answer where failure() is None.
   AnswerReader& answer() { return answer_; }
   NetFailure failure() const { return failure_; }
+  /// The body that came; the one known before where the server says that it did not change.
+  QByteArray takeBody() { return answer_.isUnchanged() ? known_.body : answer_.takeBody(); }
 
  private:
   void connectAnew();
@@ -43,6 +45,7 @@ class Exchange {
   qint64 bodyLimit_;
   std::function<void()> ended_;
   AnswerReader answer_;
+  Courtesy::Remembered known_;
   std::unique_ptr<Connection> connection_;
   QByteArray unsent_;
   QByteArray come_;

@@ -87,7 +87,25 @@ class NetInet::OneTransfer final : public Transfer {
   void abort() { end(Reply::failed(NetFailure::Cancelled)); }
 
  private:
+  static constexpr int tooMany = 429;
+  static constexpr int unavailable = 503;
+
   void get() {
+    Courtesy& courtesy = client_.network_->courtesy();
+    if (courtesy.isLeftAlone(url_)) {
+      end(Reply::failed(NetFailure::Status, tooMany));
+      return;
+    }
+    if (const auto wait = courtesy.claim(url_); wait.count() > 0)
+      QTimer::singleShot(wait, &delay_, [this] {
+        if (!reply_)
+          get();
+      });
+    else
+      begin();
+  }
+
+  void begin() {
     QObject::connect(&timer_, &QTimer::timeout, &timer_,
                      [this] { end(Reply::failed(NetFailure::TimedOut)); });
     timer_.setSingleShot(true);
@@ -103,12 +121,25 @@ class NetInet::OneTransfer final : public Transfer {
 
   void answered() {
     AnswerReader& answer = exchange_->answer();
+    const int status = answer.status();
+    if (status == tooMany || (status == unavailable && !answer.retryAfter().isEmpty()))
+      client_.network_->courtesy().leaveAlone(url_, answer.retryAfter());
     if (exchange_->failure() != NetFailure::None)
-      end(Reply::failed(exchange_->failure(), answer.status()));
+      end(Reply::failed(exchange_->failure(), status));
     else if (answer.isRedirect())
-      follow(answer.status(), QUrl::fromEncoded(answer.location()));
+      follow(status, QUrl::fromEncoded(answer.location()));
     else
-      end({.ok = true, .body = answer.takeBody(), .status = answer.status()});
+      end({.ok = true, .body = bodyOf(*exchange_), .status = answer.isUnchanged() ? 200 : status});
+  }
+
+  QByteArray bodyOf(Exchange& exchange) {
+    const AnswerReader& answer = exchange.answer();
+    const bool isNew = answer.status() == 200;
+    const Validators validators = answer.validators();
+    QByteArray body = exchange.takeBody();
+    if (isNew)
+      client_.network_->courtesy().remember(url_, validators, body);
+    return body;
   }
 
   void follow(int status, const QUrl& location) {
@@ -140,6 +171,7 @@ class NetInet::OneTransfer final : public Transfer {
   QUrl url_;
   std::function<void(const Reply&)> ended_;
   QTimer timer_;
+  QObject delay_; // ends the wait for a turn with this transfer
   std::unique_ptr<Exchange> exchange_;
   std::optional<Reply> reply_;
   QEventLoop* loop_ = nullptr; // that of the wait
@@ -176,6 +208,7 @@ void NetInet::cancel() {
 
 void NetInet::distrustConnections() {
   network_->closeKept();
+  network_->courtesy().forget();
 }
 
 void NetInet::sendQueued() {

@@ -15,8 +15,9 @@ namespace soran {
 class Network;
 
 /// The connections that all clients of a program share: a list of stations is fetched over one connection
-/// that is kept alive. No cookies, no cache. A proxy is used only where the environment names one
-/// (http_proxy and its kin), never for loopback. Must not outlive the application object.
+/// that is kept alive. No cookies; a body is kept only to be asked whether it changed (Courtesy). A proxy is
+/// used only where the environment names one (http_proxy and its kin), never for loopback. Must not outlive
+/// the application object.
 std::shared_ptr<Network> makeNetwork();
 
 /// The client for http, https and file addresses, and for files compiled into the program (qrc).

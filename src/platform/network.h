@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/courtesy.h"
 #include "platform/inet.h"
 
 #include <QByteArray>
@@ -101,11 +102,14 @@ class Network {
   /// Closes the kept ones, whose answers may have got out of step with their requests.
   void closeKept() { kept_.clear(); }
 
+  Courtesy& courtesy() { return courtesy_; }
+
  private:
   friend class Connection;
   class Driver;
   Driver& driver();
 
+  Courtesy courtesy_;
   std::unique_ptr<Driver> driver_;              // made when the first connection is
   std::list<std::unique_ptr<Connection>> kept_; // the one that was kept longest comes first
 };

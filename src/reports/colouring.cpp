@@ -49,7 +49,7 @@ std::vector<QStringView> allFixedWords() {
     words.push_back(kind.word);
   for (const CeilingForm& form : ceilingForms)
     words.push_back(form.word);
-  words.insert(words.end(), {verticalVisibility.word, groupGap, runway, loading});
+  words.insert(words.end(), {verticalVisibility.word, groupGap, runway, loading, lastKnown});
   words.insert(words.end(), std::begin(restoredWords), std::end(restoredWords));
   return words;
 }
@@ -95,6 +95,7 @@ class ColouringPass {
   void paintKinds();
   void paintConditions();
   void paintLoading();
+  void paintLastKnown();
   void restoreFixedWords();
   void restoreNames(std::span<const QStringView> names);
 
@@ -254,6 +255,15 @@ void ColouringPass::restoreNames(std::span<const QStringView> names) {
     restoreWord(search.words()[i], hits[i]);
 }
 
+void ColouringPass::paintLastKnown() {
+  scan(hitsOf(lastKnown), lastKnown.size(), [&](Position1 pos) {
+    const Position1 end = find1(text_, u"\r", pos);
+    const qsizetype length = end ? end - pos : text_.size() - pos.index();
+    canvas_.setColour(pos, length, red);
+    canvas_.setBold(pos, length, true);
+  });
+}
+
 } // namespace
 
 std::vector<AttributeRun> colourRuns(QStringView text, const SettingsRecord& settings,
@@ -272,6 +282,7 @@ std::vector<AttributeRun> colourRuns(QStringView text, const SettingsRecord& set
   pass.paintLoading();
   pass.restoreFixedWords();
   pass.restoreNames(shownNames(displayedCodes, groupName));
+  pass.paintLastKnown();
   return pass.runs();
 }
 

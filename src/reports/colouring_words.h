@@ -75,6 +75,9 @@ inline constexpr QStringView runway = u"R";
 inline constexpr QStringView loading = u"LOADING";
 inline constexpr qsizetype loadingLength = 30;
 
+/// Begins the headline of a report that is not of now; its whole line stands out above all else.
+inline constexpr QStringView lastKnown = u"*** LAST KNOWN";
+
 /// A sign behind a blank, given back unless weather follows it.
 inline constexpr QStringView freeSign = u" -";
 

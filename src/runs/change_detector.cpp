@@ -5,7 +5,8 @@
 #include "base/report_rules.h"
 #include "base/text.h"
 #include "reports/layout.h"
-#include "runs/report_intake.h"
+#include "runs/last_known.h"
+#include "runs/station_files.h"
 
 namespace soran {
 
@@ -33,15 +34,15 @@ Notice metarNotice(const Stamp& stamp) {
 
 class Comparison {
  public:
-  explicit Comparison(Program& program) : program_(program) {}
+  explicit Comparison(Program& program)
+      : program_(program),
+        files_(program, codesOf(program.stationTable), {.forecasts = true, .byWatch = true}) {}
 
   void compare(size_t row) {
-    const StationCode code(asciiUpper(program_.stationTable.rows()[row].stationCode.text()));
-    const Endpoints& endpoints = program_.services.endpoints;
-    if (const Arrival metar = fetch(endpoints.metar, code, ReportKind::Metar);
-        isNews(row, metar, &Station::metarStamp))
+    const StationCode& code = files_.codes()[row];
+    if (const Arrival metar = files_.take(row, ReportKind::Metar); isNews(row, metar, &Station::metarStamp))
       tell(code, metarNotice(metar.stamp()));
-    if (const Arrival taf = fetch(endpoints.taf, code, ReportKind::Taf); isNews(row, taf, &Station::tafStamp))
+    if (const Arrival taf = files_.take(row, ReportKind::Taf); isNews(row, taf, &Station::tafStamp))
       tell(code, tafNotice(taf.text));
   }
 
@@ -49,8 +50,11 @@ class Comparison {
   const QStringList& notices() const { return notices_; }
 
  private:
-  Arrival fetch(const QString& base, const StationCode& code, ReportKind kind) {
-    return takeIn(program_, code, kind, program_.services.inet.open(stationFile(base, code)));
+  static std::vector<StationCode> codesOf(StationTable& table) {
+    std::vector<StationCode> codes;
+    for (const Station& station : table.rows())
+      codes.emplace_back(asciiUpper(station.stationCode.text()));
+    return codes;
   }
 
   /// Whether what came is to be told. Stores its stamp where that is a new one. The table may have been
@@ -81,6 +85,7 @@ class Comparison {
   }
 
   Program& program_;
+  StationFiles files_;
   QStringList notices_;
 };
 
@@ -94,6 +99,7 @@ void checkForChanges(Program& program) {
   Comparison comparison(program);
   for (size_t row = 0; row < program.stationTable.rows().size(); ++row)
     comparison.compare(row);
+  keepLastReports(program);
   if (!comparison.notices().isEmpty())
     emit program.console.newReports(comparison.notices());
 }

@@ -9,6 +9,7 @@
 #include "reports/sequence_record.h"
 #include "reports/translate_report.h"
 #include "runs/cycle_files.h"
+#include "runs/last_known.h"
 #include "runs/report_intake.h"
 #include "runs/station_files.h"
 
@@ -42,6 +43,10 @@ void forEachStation(GatheredRun& run, const std::vector<StationCode>& codes, Run
   progress.ends(run.request, int(codes.size()));
 }
 
+StationFiles::Use useOf(const Program& program, const RunRequest& request, bool forecasts) {
+  return {forecasts, program.services.endpoints.ahead, request.origin == RunOrigin::Cycle};
+}
+
 /// What a run shows of what came: one that the watch started keeps to the latest report known, one that the
 /// user started shows what there is.
 const QString& shownOf(const Arrival& arrival, const RunRequest& request) {
@@ -49,19 +54,26 @@ const QString& shownOf(const Arrival& arrival, const RunRequest& request) {
   return keepsLatest ? arrival.known : arrival.text;
 }
 
+void noteSource(Program& program, const StationCode& code, ReportKind kind, const QString& source) {
+  ServedBy& served = program.servedBy[code.text()];
+  served.names[size_t(kind)] = source;
+  served.asked[size_t(kind)] = program.services.clock.now().toUTC();
+}
+
 /// The METAR that a translation or a sequence tells of; nothing where there is none.
 std::optional<QString> takeMetar(Program& program, const RunRequest& request, StationFiles& files,
                                  size_t place) {
-  const Arrival arrival =
-      takeIn(program, files.codes()[place], ReportKind::Metar, files.take(place, ReportKind::Metar));
+  const Arrival arrival = files.take(place, ReportKind::Metar);
+  noteSource(program, files.codes()[place], ReportKind::Metar, arrival.source);
   return arrival.isReport() ? std::optional(shownOf(arrival, request)) : std::nullopt;
 }
 
 void gatherReports(Program& program, GatheredRun& run, RunProgress& progress) {
-  StationFiles files(program.services, codesOf(run.request.codes), true);
+  StationFiles files(program, codesOf(run.request.codes), useOf(program, run.request, true));
   const auto fetch = [&](size_t place, ReportKind kind) -> LaidOutReport {
     const StationCode& code = files.codes()[place];
-    const Arrival arrival = takeIn(program, code, kind, files.take(place, kind));
+    const Arrival arrival = files.take(place, kind);
+    noteSource(program, code, kind, arrival.source);
     if (!arrival.isReport())
       return {false, QString(),
               kind == ReportKind::Metar ? u"      NO OBSERVATION"_s : u"      NO FORECAST"_s};
@@ -87,7 +99,7 @@ void gatherReports(Program& program, GatheredRun& run, RunProgress& progress) {
 void gatherTranslations(Program& program, GatheredRun& run, RunProgress& progress) {
   constexpr Position1 reportStart = 18;
   constexpr Position1 behindTimeGroup = 14;
-  StationFiles files(program.services, codesOf(run.request.codes), false);
+  StationFiles files(program, codesOf(run.request.codes), useOf(program, run.request, false));
   forEachStation(run, files.codes(), progress, [&](size_t place, StationResult& station) {
     const std::optional<QString> response = takeMetar(program, run.request, files, place);
     if (!response) {
@@ -106,7 +118,7 @@ void gatherTranslations(Program& program, GatheredRun& run, RunProgress& progres
 void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
   const std::vector<UtcHour> hours =
       sequenceHours(program.services.clock.now().time(), program.record(), program.systemZoneOffset);
-  StationFiles stations(program.services, codesOf(run.request.codes), false);
+  StationFiles stations(program, codesOf(run.request.codes), useOf(program, run.request, false));
   const std::vector<StationCode>& codes = stations.codes();
 
   // A file is read once for all stations; one that is missing is looked for again, as it may come meanwhile.
@@ -149,6 +161,7 @@ void gatherRecord(const Program& program, GatheredRun& run, RunProgress& progres
 
 GatheredRun gather(Program& program, RunRequest request, RunProgress& progress) {
   GatheredRun run{.request = std::move(request)};
+  program.servedBy.clear();
   progress.begins(run.request);
   if (run.request.kind == RunKind::Japanese)
     gatherTranslations(program, run, progress);
@@ -158,6 +171,10 @@ GatheredRun gather(Program& program, RunRequest request, RunProgress& progress) 
     gatherCycles(program, run, progress);
   else
     gatherRecord(program, run, progress);
+  keepLastReports(program);
+  // A panel that tells of no network is left to the watch.
+  if (program.console.status().panel1().startsWith(panelConnected))
+    program.console.setPanel(1, program.connectedText());
   return run;
 }
 

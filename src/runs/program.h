@@ -6,22 +6,28 @@
 #include "reports/dictionaries.h"
 #include "runs/report_intake.h"
 #include "runs/run_request.h"
+#include "runs/source_health.h"
 #include "runs/station_table.h"
 #include "screen/console.h"
 #include "store/tables.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <array>
+#include <map>
 #include <memory>
 
 namespace soran {
+
+/// Begins the text on panel 1 while there is a network.
+inline constexpr QStringView panelConnected = u"ネットワーク接続確立";
 
 /// What all parts of a program run share: the services, the database, the terminal, and the state of the
 /// runs.
 struct Program {
   explicit Program(Services given)
       : services(std::move(given)), console(services.clock, tables.settings()),
-        baseUrl(services.endpoints.update) {}
+        baseUrl(services.endpoints.update), lastReports(services.path(u"last.mdb")) {}
 
   Services services;
   Tables tables;
@@ -36,13 +42,18 @@ struct Program {
 
   StationTable stationTable;
   KnownReports knownReports;
-  bool cycleChanged = false;                ///< the last comparison found a report that is not shown yet
-  bool cycleAnnounces = false;              ///< one of these is to be announced
-  QString lastCycleTime;                    ///< HH:MM, local, at which the last cycle ended
-  bool lastProbeGood = true;                ///< the last probe of the network watch succeeded
-  bool minimised = false;                   ///< the main window is minimised
-  int watchTicks = 0;                       ///< seconds since the last pass or key
-  int bufferLevel = 1;                      ///< 11 minus the setting バッファ
+  SourceHealth sourceHealth;
+  std::map<QString, ServedBy> servedBy;      ///< by the code of each station of the last run
+  QHash<QString, RecentReply> recentReplies; ///< by address
+  LastReports lastReports;                   ///< what is known over runs
+  int keptReports = 0;                       ///< count of the reports that were kept there
+  bool cycleChanged = false;                 ///< the last comparison found a report that is not shown yet
+  bool cycleAnnounces = false;               ///< one of these is to be announced
+  QString lastCycleTime;                     ///< HH:MM, local, at which the last cycle ended
+  bool lastProbeGood = true;                 ///< the last probe of the network watch succeeded
+  bool minimised = false;                    ///< the main window is minimised
+  int watchTicks = 0;                        ///< seconds since the last pass or key
+  int bufferLevel = 1;                       ///< 11 minus the setting バッファ
   std::array<QDateTime, 24> cycleFileHours; ///< the hour (UTC) that each cycle file fetched in this run is of
   int cycleDecade = 25;                     ///< tens digit of the minute of the last refresh of cycle files
   ZoneOffset systemZoneOffset;              ///< machine's offset from UTC, taken at start
@@ -61,6 +72,9 @@ struct Program {
     }
     return *dictionaries_;
   }
+
+  /// The text on panel 1 while there is a network; it tells where the first source of reports is away.
+  QString connectedText() const;
 
   /// The text on panel 2 that tells that the cycle stands still.
   void showAutoDecodeStopped() { console.setPanel(2, QStringLiteral("自動デコード停止")); }

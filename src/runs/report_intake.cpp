@@ -23,6 +23,11 @@ Arrival refused(Program& program, const StationCode& code, const StationText& wh
   return {Standing::Refused, what.text, {}};
 }
 
+/// The report without what stands ahead of its code, and without its lines.
+QString reportIn(const QString& file, const StationCode& code) {
+  return file.sliced(std::max<qsizetype>(0, file.indexOf(code.text(), file.indexOf(u'\n')))).simplified();
+}
+
 } // namespace
 
 const KnownReports::Known* KnownReports::find(const StationCode& code, ReportKind kind) const {
@@ -31,31 +36,51 @@ const KnownReports::Known* KnownReports::find(const StationCode& code, ReportKin
 }
 
 void KnownReports::keep(const StationCode& code, ReportKind kind, Known latest) {
+  latest.number = ++count_;
   reports_[{code.text(), kind}] = std::move(latest);
 }
 
-Arrival takeIn(Program& program, const StationCode& code, ReportKind kind, const Reply& reply) {
+std::vector<LastReport> KnownReports::takenSince(int number) const {
+  std::vector<LastReport> taken;
+  for (const auto& [station, known] : reports_) {
+    if (known.number > number)
+      taken.push_back({station.first, station.second, known.text, known.time, known.asked, known.source});
+  }
+  return taken;
+}
+
+Arrival takeIn(Program& program, const StationCode& code, ReportKind kind,
+               const std::optional<StationText>& brought, const QString& source) {
   constexpr qint64 toleranceSeconds = 3600;
-  if (!reply.ok)
+  if (!brought)
     return {};
-  StationText report = readStationText(code, reply.text());
+  StationText report = *brought;
   if (!report.isReport())
     return refused(program, code, report);
   if (!report.time.isValid())
     return {Standing::Latest, std::move(report.text), {}};
-  const auto log = [&](QStringView what) {
+  const auto log = [&](const QString& what) {
     program.console.addLogEntry(code.text() + what + report.time.toString(u"HHmm"));
   };
-  if (program.services.clock.now().secsTo(report.time) > toleranceSeconds) {
-    log(u" FUTURE REPORT ");
+  const QDateTime now = program.services.clock.now();
+  if (now.secsTo(report.time) > toleranceSeconds) {
+    log(u" FUTURE REPORT "_s);
     return {Standing::Future, std::move(report.text), {}};
   }
   const KnownReports::Known* known = program.knownReports.find(code, kind);
+  if (known && known->source != source && reportIn(known->text, code) == reportIn(report.text, code)) {
+    // The same report of another source, which may have another time of writing.
+    report.text = known->text;
+    report.time = known->time;
+  }
   if (known && report.time < known->time) {
-    log(u" OLDER REPORT ");
+    log(u" OLDER REPORT "_s);
     return {Standing::Older, std::move(report.text), known->text};
   }
-  program.knownReports.keep(code, kind, {report.time, report.text});
+  const bool isRoutine = MinuteOfHour{double(report.time.time().minute())}.isRoutine();
+  if (report.isSpecial && *report.isSpecial == isRoutine)
+    log((*report.isSpecial ? u" IS SPECI BY "_s : u" IS METAR BY "_s) + source + u' ');
+  program.knownReports.keep(code, kind, {report.time, report.text, source, now.toUTC(), report.isSpecial});
   return {Standing::Latest, std::move(report.text), {}};
 }
 

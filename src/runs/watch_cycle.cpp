@@ -112,7 +112,7 @@ void WatchCycle::pass() {
     networkFailed();
     return;
   }
-  program_.console.setPanel(1, u"ネットワーク接続確立"_s);
+  program_.console.setPanel(1, program_.connectedText());
   program_.lastProbeGood = true;
   if (!program_.networkAvailable)
     networkReturned();
@@ -123,7 +123,19 @@ void WatchCycle::pass() {
 bool WatchCycle::probe() {
   const QString configured = program_.services.endpoints.probe;
   const QString address = configured.isEmpty() ? program_.baseUrl + u"/data/version.dat" : configured;
-  const Reply reply = program_.services.inet.open(QUrl(address));
+  if (answers(QUrl(address)))
+    return true;
+  // Where one source of reports is away, another may serve.
+  const std::vector<ReportSource> sources = program_.services.endpoints.reportSources();
+  const std::array known = {StationCode(u"RJTT"_s)};
+  return sources.size() > 1 && std::ranges::any_of(sources, [&](const ReportSource& source) {
+           const QUrl report = source.address(ReportKind::Metar, known);
+           return report != QUrl(address) && answers(report);
+         });
+}
+
+bool WatchCycle::answers(const QUrl& address) {
+  const Reply reply = program_.services.inet.open(address);
   return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
 }
 

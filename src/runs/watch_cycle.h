@@ -54,6 +54,7 @@ class WatchCycle {
   void onTrayTick();
   void pass();
   bool probe();
+  bool answers(const QUrl& address);
   void networkFailed();
   void alert();
   void networkReturned();

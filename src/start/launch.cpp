@@ -144,6 +144,8 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   const QString reports = base + u"/pub/data/observations/metar/";
   endpoints_.update = base;
   endpoints_.home = base;
+  endpoints_.sources.clear();
+  endpoints_.sigmet = base + u"/api/data/isigmet?format=raw";
   endpoints_.metar = reports + u"stations/";
   endpoints_.cycles = reports + u"cycles/";
   endpoints_.taf = base + u"/pub/data/forecasts/taf/stations/";

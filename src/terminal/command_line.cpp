@@ -3,6 +3,8 @@
 #include "terminal/command_line.h"
 
 #include "base/text.h"
+#include "runs/last_known.h"
+#include "runs/sigmet_list.h"
 #include "sun/sun_command.h"
 #include "terminal/actions.h"
 #include "terminal/picture_lookup.h"
@@ -198,6 +200,32 @@ Outcome exitProgram(Command& c) {
   return Outcome::Taken;
 }
 
+Outcome lastKnown(Command& c) {
+  constexpr QStringView word = u"LAST ";
+  const QStringList codes =
+      c.text.startsWith(word) ? c.text.sliced(word.size()).split(u' ', Qt::SkipEmptyParts) : QStringList();
+  if (codes.isEmpty())
+    return Outcome::Passed;
+  for (const QString& code : codes) {
+    rememberWord(c.program().inputHistory, code);
+    rememberWord(c.console().recentCodes, code);
+  }
+  c.log(u"DISPLAY LAST KNOWN REPORTS"_s);
+  c.emptyPad();
+  c.prompt(lastKnownText(c.program(), codes));
+  return Outcome::Taken;
+}
+
+Outcome sigmet(Command& c) {
+  if (!c.program().networkAvailable)
+    return Outcome::Passed; // the dictionary has the word
+  c.emptyPad();
+  c.log(u"SIGMET COMMAND"_s);
+  c.console().appendScreen(crlf.toString());
+  c.prompt(sigmetList(c.program()));
+  return Outcome::Taken;
+}
+
 Outcome networkGate(Command& c) {
   if (c.program().networkAvailable)
     return Outcome::Passed;
@@ -234,10 +262,13 @@ Outcome codeList(Command& c) {
   return Outcome::Taken;
 }
 
-// The order of the rows decides: a dictionary word goes before a group, a group before most commands.
+// The order of the rows decides: a dictionary word goes before a group, a group before most commands. SIGMET
+// is a word of the delivered dictionary itself, and so goes before it where it can be asked for.
 // clang-format off
 constexpr Row chain[] = {
     {u"UPDATE", true, update},
+    {u"SIGMET", false, sigmet},
+    {u"", false, lastKnown},
     {u"JAPANESE", false, dictionary<DictionaryMode::Phrases>},
     {u"PICTURE", false, dictionary<DictionaryMode::Pictures>},
     {u"RESET", true, reset},

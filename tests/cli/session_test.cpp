@@ -12,10 +12,11 @@ TEST_F(CliTest, SessionTellsItsStateBehindEachEvent) {
   Cli session(with({u"session"_s}));
   QJsonObject state = session.receive();
   QStringList fields = state.keys();
-  EXPECT_EQ(fields, (QStringList{u"caret"_s,  u"currentInput"_s, u"dialogs"_s, u"ended"_s,    u"event"_s,
-                                 u"forms"_s,  u"input"_s,        u"log"_s,     u"pad"_s,      u"pages"_s,
-                                 u"panel1"_s, u"panel2"_s,       u"prints"_s,  u"requests"_s, u"screen"_s,
-                                 u"sounds"_s, u"staging"_s,      u"timers"_s,  u"tip"_s,      u"update"_s}));
+  EXPECT_EQ(fields, (QStringList{u"asked"_s,    u"caret"_s,  u"currentInput"_s, u"dialogs"_s, u"ended"_s,
+                                 u"event"_s,    u"forms"_s,  u"from"_s,         u"input"_s,   u"log"_s,
+                                 u"pad"_s,      u"pages"_s,  u"panel1"_s,       u"panel2"_s,  u"prints"_s,
+                                 u"requests"_s, u"screen"_s, u"sounds"_s,       u"sources"_s, u"staging"_s,
+                                 u"timers"_s,   u"tip"_s,    u"update"_s}));
   EXPECT_EQ(state[u"event"].toInt(), 0);
   EXPECT_EQ(state[u"screen"].toString(), u"SYSTEM INITIALIZED\r\nDATABASE CONNECTION COMPLETED\r\n");
   EXPECT_EQ(textsOf(state[u"requests"].toArray()),

@@ -40,6 +40,8 @@ class World {
     setVersions("4.31\n1.00\n1.00\n");
     server.setFile(u"/data/update.exe"_s, "module");
     endpoints = Endpoints::builtIn(QString());
+    endpoints.sources.clear();
+    endpoints.sigmet.clear();
     endpoints.update = endpoints.home = server.baseAddress();
     endpoints.metar = server.baseAddress() + stationsPath;
     endpoints.taf = server.baseAddress() + forecastsPath;

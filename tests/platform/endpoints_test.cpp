@@ -44,3 +44,41 @@ TEST(Endpoints, AheadIsANumberWithinItsBounds) {
     EXPECT_TRUE(read.others.isEmpty());
   }
 }
+
+TEST(Endpoints, NameTheSourcesOfReportsInTheirOrder) {
+  const OwnFolder folder;
+  auto read = [&, files = 0](const QByteArray& text) mutable {
+    const QString ini = folder.filePath(u"own"_s + QString::number(++files));
+    EXPECT_TRUE(writeWhole(ini, text));
+    return Endpoints::builtIn(QString()).overriddenBy(ini);
+  };
+  const QByteArray second = "[source.10]\nname=b\nform=raw-lines\nmetar=http://b/m?ids={codes}&format=raw\n"
+                            "taf=http://b/t?ids={codes},X\nlist=999\npause=-1\n";
+  const QByteArray first =
+      "[source.2]\nmetar=./m/{code}.TXT\ntaf=http://a/{code}.TXT\n[source.x]\nmetar=x\ntaf=x\n"
+      "[source.3]\nmetar=http://c/\n";
+  const Endpoints both = read(second + first);
+  ASSERT_EQ(both.sources.size(), 2U);
+  const std::array codes = {StationCode(u"RJTT"_s), StationCode(u"RJ/T"_s)};
+  EXPECT_EQ(both.sources[0].name, u"2");
+  EXPECT_FALSE(both.sources[0].takesLists(ReportKind::Metar));
+  EXPECT_EQ(both.sources[0].address(ReportKind::Metar, codes),
+            QUrl(QUrl::fromLocalFile(folder.path()).toString() + u"/m/RJTT.TXT"));
+  EXPECT_EQ(both.sources[1].address(ReportKind::Metar, codes).toString(QUrl::FullyEncoded),
+            u"http://b/m?ids=RJTT,RJ%2FT&format=raw");
+  EXPECT_EQ(both.sources[1].addressForm(ReportKind::Taf), u"http://b/t?ids={codes},X");
+  EXPECT_EQ(both.sources[1].form, ReportSource::Form::RawLines);
+  EXPECT_EQ(both.sources[1].list, 400);
+  EXPECT_EQ(both.sources[1].pause, 0);
+  EXPECT_TRUE(both.sigmet.isEmpty());
+  // The keys of old mean one source, and no other host is asked.
+  const Endpoints old = read("[endpoints]\nmetar=http://a/\nsigmet=http://a/s\n");
+  EXPECT_TRUE(old.sources.empty());
+  EXPECT_EQ(old.reportSources()[0].address(ReportKind::Metar, codes), QUrl(u"http://a/RJTT.TXT"_s));
+  EXPECT_EQ(old.sigmet, u"http://a/s");
+  const Endpoints shipped =
+      Endpoints().overriddenBy(QStringView(SORAN_SOURCE_DIR) + u"/packaging/endpoints.ini");
+  EXPECT_EQ(shipped.sources, Endpoints::builtIn(QString()).sources);
+  EXPECT_EQ(shipped.sigmet, Endpoints::builtIn(QString()).sigmet);
+  EXPECT_EQ(shipped.ahead, 4);
+}

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/net_inet.h"
 
+#include "platform/courtesy.h"
 #include "platform/endpoint_server.h"
 #include "support/line_server.h"
 #include "support/own_folder.h"
@@ -10,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QLocale>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -166,6 +168,89 @@ TEST_F(NetInetTest, WhatNobodyAskedForAnswersNothing) {
     loop.exec();
     EXPECT_EQ(client.open(line.at(u"/2"_s)).body, "4.32");
     EXPECT_EQ(line.connections(), c.connections);
+  }
+}
+
+TEST_F(NetInetTest, AnUnchangedBodyIsAskedForWithoutItsBytes) {
+  QByteArray tag = "\"1\"";
+  QByteArrayList conditions;
+  LineServer changing([&](LineServer::Request& request) {
+    conditions.append(request.field("If-None-Match") + '|' + request.field("If-Modified-Since"));
+    if (request.field("If-None-Match") == tag)
+      request.send("HTTP/1.1 304 Not Modified\r\n\r\n");
+    else
+      request.send("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(report.size()) +
+                   "\r\nETag: " + tag + "\r\nLast-Modified: Tue, 24 Nov 2026 05:00:00 GMT\r\n\r\n" + report);
+  });
+  const QUrl url = changing.at(u"/RJTT.TXT"_s);
+  for (int i = 0; i < 3; ++i) {
+    const Reply reply = inet.open(url);
+    EXPECT_TRUE(reply.ok);
+    EXPECT_EQ(reply.status, 200);
+    EXPECT_EQ(reply.body, report);
+  }
+  const QByteArray known = "\"1\"|Tue, 24 Nov 2026 05:00:00 GMT";
+  tag = "\"2\"";
+  EXPECT_EQ(inet.open(url).body, report);
+  EXPECT_EQ(inet.open(changing.at(u"/RJAA.TXT"_s)).body, report);
+  EXPECT_EQ(conditions, (QByteArrayList{"|", known, known, known, "|", "|"}));
+  // What is not trusted is not asked for by what is known of it.
+  inet.distrustConnections();
+  inet.open(url);
+  EXPECT_EQ(conditions.last(), "|");
+  EXPECT_EQ(changing.connections(), 3);
+}
+
+TEST_F(NetInetTest, AHostThatAsksToBeLeftAloneIs) {
+  for (const QByteArray& refusal : {QByteArray("429 Too Many"), QByteArray("503 Busy")}) {
+    SCOPED_TRACE(refusal.toStdString());
+    NetInet fresh(makeNetwork(), shutdown);
+    LineServer busy([&](LineServer::Request& request) {
+      request.send(request.number == 1
+                       ? "HTTP/1.1 " + refusal + "\r\nRetry-After: 1\r\nContent-Length: 0\r\n\r\n"
+                       : whole);
+    });
+    EXPECT_EQ(fresh.open(busy.at(u"/a"_s)).failure, NetFailure::Status);
+    EXPECT_EQ(fresh.open(busy.at(u"/b"_s)).status, 429);
+    EXPECT_EQ(busy.requests, QByteArrayList{"/a"});
+    QEventLoop loop;
+    after(1050, [&] { loop.quit(); });
+    loop.exec();
+    EXPECT_TRUE(fresh.open(busy.at(u"/c"_s)).ok);
+  }
+}
+
+TEST(Courtesy, KeepsToItsBounds) {
+  using namespace std::chrono_literals;
+  Courtesy::Time now{};
+  Courtesy courtesy([&] { return now; });
+  const QUrl far(u"https://reports.example/RJTT"_s);
+  for (size_t i = 0; i < Courtesy::mostAMinute; ++i, now += 100ms)
+    ASSERT_EQ(courtesy.claim(far), 0ms);
+  EXPECT_EQ(courtesy.claim(far), 50s);
+  EXPECT_EQ(courtesy.claim(QUrl(u"https://other.example/"_s)), 0ms);
+  EXPECT_EQ(courtesy.claim(QUrl(u"http://127.0.0.1/"_s)), 0ms);
+  now += 50s;
+  EXPECT_EQ(courtesy.claim(far), 0ms);
+  EXPECT_EQ(courtesy.claim(far), 100ms);
+  const QByteArray inAMinute =
+      QLocale::c()
+          .toString(QDateTime::currentDateTimeUtc().addSecs(60), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'")
+          .toLatin1();
+  const struct {
+    QByteArray retryAfter;
+    Courtesy::Time::duration least;
+    Courtesy::Time::duration most;
+  } cases[] = {
+      {"20", 19s, 20s}, {"-5", 0s, 1s}, {"99999", 30min - 1s, 30min}, {"", 59s, 60s}, {inAMinute, 57s, 61s}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.retryAfter.toStdString());
+    courtesy.leaveAlone(far, c.retryAfter);
+    EXPECT_TRUE(courtesy.isLeftAlone(far));
+    now += c.least;
+    EXPECT_EQ(courtesy.isLeftAlone(far), true);
+    now += c.most - c.least;
+    EXPECT_FALSE(courtesy.isLeftAlone(far));
   }
 }
 

@@ -71,6 +71,12 @@ class ColouringReference {
           restore(code);
       }
     }
+    each(u"*** LAST KNOWN", 14, [&](qsizetype p) {
+      const qsizetype end = text_.indexOf(u'\r', p - 1);
+      const qsizetype length = (end < 0 ? text_.size() : end) - (p - 1);
+      select(p, length, soran::red);
+      embolden(p, length, true);
+    });
     return merged();
   }
 

@@ -156,14 +156,13 @@ TEST(StationFiles, OverASlowLineTheNextRequestsAreAlreadyUnderWay) {
   ASSERT_TRUE(run.begin());
   // The most requests that the server had had before their files were asked for.
   const auto mostAhead = [&](int ahead) {
-    run.program.services.endpoints.ahead = ahead;
     world.server.clearRequests();
-    StationFiles files(run.program.services, codesOf(codes.join(u' ')), true);
+    StationFiles files(run.program, codesOf(codes.join(u' ')), {.forecasts = true, .ahead = ahead});
     qsizetype taken = 0;
     qsizetype most = 0;
     for (size_t i = 0; i < size_t(codes.size()); ++i) {
       for (const ReportKind kind : {ReportKind::Metar, ReportKind::Taf}) {
-        EXPECT_TRUE(files.take(i, kind).text().contains(codes[qsizetype(i)]));
+        EXPECT_TRUE(files.take(i, kind).text.contains(codes[qsizetype(i)]));
         most = std::max(most, world.server.requests().size() - ++taken);
       }
     }

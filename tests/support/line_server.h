@@ -19,6 +19,14 @@ class LineServer {
     int number = 0;       ///< from 1, over all connections
     int ofConnection = 0; ///< from 1
     QTcpSocket& socket;
+    QByteArray head; ///< all its lines
+
+    /// The value of a header line, empty where there is none.
+    QByteArray field(const QByteArray& name) const {
+      const qsizetype at = head.indexOf(QByteArray("\r\n" + name + ": "));
+      const qsizetype begin = at + name.size() + 4;
+      return at < 0 ? QByteArray() : head.mid(begin, head.indexOf("\r\n", begin) - begin);
+    }
 
     void send(const QByteArray& bytes) const { socket.write(bytes); }
     /// Closes once everything is sent.
@@ -44,8 +52,9 @@ class LineServer {
       QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
       QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, number = 0]() mutable {
         for (qsizetype end = 0; (end = socket->peek(65536).indexOf("\r\n\r\n")) >= 0;) {
-          requests.append(socket->read(end + 4).split(' ').value(1));
-          Request request{requests.last(), int(requests.size()), ++number, *socket};
+          const QByteArray head = socket->read(end + 4);
+          requests.append(head.split(' ').value(1));
+          Request request{requests.last(), int(requests.size()), ++number, *socket, head};
           answer_(request);
         }
       });

@@ -247,3 +247,44 @@ TEST_F(CommandsTest, KeepsEarlierRunsWhereTheScreenIsNotCleared) {
   run.type(u"ZZZZ"_s);
   EXPECT_EQ(run.screen(), manualTitle(u"ZZZZ"_s) + notFound(u"ZZZZ"_s) + ready);
 }
+
+TEST_F(CommandsTest, ListsTheSigmetsAndTheLastKnownReports) {
+  world.endpoints.sigmet = world.server.baseAddress() + u"/sigmet";
+  run.program.services.endpoints.sigmet = world.endpoints.sigmet;
+  run.begin();
+  setAutoList(run.program.tables, u"RJTT RJCC"_s);
+  const QString title = u"*** SIGMET - FUKUOKA FIR ***\r\n"_s;
+  const struct {
+    Answer answer;
+    QString shown;
+  } cases[] = {
+      {{.body = "RJJJ SIGMET A1 VALID 240400/240800 RJTD-\nRJJJ FUKUOKA FIR SEV TURB WI N37 E139 - N37 E141 "
+                "- N35 E141 - N35 E139=\n"},
+       u"\r\nRJJJ SIGMET A1\r\n      IN FORCE 24 0400Z - 24 0800Z / 2 h 40 min LEFT\r\n      RJJJ FUKUOKA "
+       u"FIR SEV TURB "
+       "WI N37 E139 - N37 E141 - N35 E141 - N35 E139\r\n      AIRPORTS RJTT\r\n"_s},
+      {{.status = 204}, u"\r\nNO SIGMET\r\n"_s},
+      {{.body = "<html>gone</html>", .status = 404}, u"\r\nSIGMET NOT AVAILABLE\r\n"_s},
+      {{.status = 500}, u"\r\nSIGMET NOT AVAILABLE\r\n"_s},
+  };
+  for (const auto& c : cases) {
+    world.server.setAnswer(u"/sigmet"_s, c.answer);
+    enter(u"SIGMET"_s);
+    EXPECT_TRUE(run.screen().endsWith(title + c.shown + ready)) << run.screen().toStdString();
+  }
+  enter(u"RJTT"_s);
+  run.program.networkAvailable = false;
+  enter(u"LAST RJTT"_s);
+  const QString screen = run.screen();
+  const qsizetype at =
+      screen.indexOf(u"*** LAST KNOWN - 20 min OLD - NO NETWORK ***\r\nRJTT  METAR 1400I\r\n");
+  ASSERT_GE(at, 0) << screen.toStdString();
+  EXPECT_TRUE(std::ranges::any_of(run.program.console.screen().runs(), [&](const AttributeRun& one) {
+    return one.start <= at && at + 40 <= one.start + one.length && one.colour == red && one.bold;
+  }));
+  // As words of the dictionary, or codes, they are what they ever were.
+  for (const QString& word : {u"LAST"_s, u"SIGMET"_s}) {
+    enter(word);
+    EXPECT_TRUE(run.screen().endsWith(u"\r\nNO NETWORK CONNECTION\r\n" + ready));
+  }
+}

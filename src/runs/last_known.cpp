@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "runs/last_known.h"
+
+#include "base/skip.h"
+#include "base/text.h"
+#include "reports/colouring_words.h"
+#include "reports/layout.h"
+#include "runs/program.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcLast, "soran.last")
+
+QString ageText(const QDateTime& time, const QDateTime& now) {
+  const qint64 minutes = std::max<qint64>(0, time.secsTo(now) / 60);
+  const QString rest = QString::number(minutes % 60) + u" min OLD";
+  return minutes < 60 ? rest : QString::number(minutes / 60) + u" h " + rest;
+}
+
+QString headline(const QDateTime& time, Program& program) {
+  QString text = colouring::lastKnown + u" - " + ageText(time, program.services.clock.now());
+  if (!program.networkAvailable)
+    text += u" - NO NETWORK";
+  return text + u" ***" + crlf;
+}
+
+std::optional<LastReport> find(Program& program, const QString& code, ReportKind kind) {
+  const StationCode station(code);
+  if (const KnownReports::Known* known = program.knownReports.find(station, kind))
+    return LastReport{code, kind, known->text, known->time, known->asked, known->source};
+  std::optional<LastReport> found;
+  passOver(lcLast(), "looking for the last report", [&] { found = program.lastReports.find(code, kind); });
+  return found;
+}
+
+QString blockOf(Program& program, const QString& code) {
+  const auto metar = find(program, code, ReportKind::Metar);
+  const auto taf = find(program, code, ReportKind::Taf);
+  if (!metar && !taf)
+    return crlf + code + u"  NOT FOUND" + crlf;
+  QString text = crlf + headline(metar ? metar->time : taf->time, program);
+  if (metar) {
+    const StationReport report = layoutReport(metar->text, ReportKind::Metar, program.record());
+    text += code + kindWord(MinuteOfHour::at(report.obsTime, 3).isRoutine()) + report.obsTime + crlf +
+            report.body;
+  }
+  if (taf) {
+    const StationReport report = layoutReport(taf->text, ReportKind::Taf, program.record());
+    text += crlf + code + u"  TAF   " + report.obsTime + crlf + report.body;
+  }
+  return text + crlf;
+}
+
+} // namespace
+
+void keepLastReports(Program& program) {
+  const std::vector<LastReport> fresh = program.knownReports.takenSince(program.keptReports);
+  if (fresh.empty())
+    return;
+  passOver(lcLast(), "keeping the last reports", [&] { program.lastReports.keep(fresh); });
+  program.keptReports = program.knownReports.count();
+}
+
+QString lastKnownText(Program& program, const QStringList& codes) {
+  QString text;
+  for (const QString& code : codes)
+    text += blockOf(program, code);
+  return text;
+}
+
+} // namespace soran

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "runs/sigmet_list.h"
+
+#include "base/foreign_text.h"
+#include "base/text.h"
+#include "reports/sigmet.h"
+#include "runs/program.h"
+#include "sun/positions.h"
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView fukuoka = u"RJJJ";
+
+QStringList airportsIn(Program& program, const Sigmet& sigmet) {
+  QStringList codes;
+  for (const Airport& airport : program.tables.autoRows()) {
+    const FieldPosition* position = findCoded(airport.code);
+    if (position && sigmet.covers(positionOf(position->latitude, position->longitude)))
+      codes.append(airport.code);
+  }
+  return codes;
+}
+
+QString validity(const Sigmet& sigmet, const QDateTime& now) {
+  const QString when = sigmet.from.toString(u"dd HHmm"_s) + u"Z - " + sigmet.to.toString(u"dd HHmm"_s) + u'Z';
+  if (sigmet.from > now)
+    return u"TO COME  " + when;
+  const qint64 left = now.secsTo(sigmet.to) / 60;
+  return u"IN FORCE " + when + u" / " + QString::number(left / 60) + u" h " + twoDigits(int(left % 60)) +
+         u" min LEFT";
+}
+
+QString blockOf(Program& program, const Sigmet& sigmet, const QDateTime& now) {
+  const QStringList airports = airportsIn(program, sigmet);
+  const QString where = !sigmet.isPlaced()   ? u"AREA NOT READ"_s
+                        : airports.isEmpty() ? u"NO AIRPORT OF THE LIST"_s
+                                             : u"AIRPORTS " + airports.join(u' ');
+  return crlf + sigmet.heading + crlf + u"      " + validity(sigmet, now) + crlf + u"      " + sigmet.text +
+         crlf + u"      " + where + crlf;
+}
+
+} // namespace
+
+QString sigmetList(Program& program) {
+  const QString title = u"*** SIGMET - FUKUOKA FIR ***" + crlf;
+  const QString& address = program.services.endpoints.sigmet;
+  const Reply reply = address.isEmpty() ? Reply() : program.services.inet.open(QUrl(address));
+  const bool saysNothing = reply.status == 204;
+  if (!saysNothing && (!reply.ok || reply.body.startsWith('<')))
+    return title + crlf + u"SIGMET NOT AVAILABLE" + crlf;
+  const QDateTime now = program.services.clock.now().toUTC();
+  QString text = title;
+  const QList<Sigmet> sigmets = readSigmets(cleaned(reply.text()), fukuoka, now);
+  for (const Sigmet& sigmet : sigmets)
+    text += blockOf(program, sigmet, now);
+  return sigmets.isEmpty() ? title + crlf + u"NO SIGMET" + crlf : text;
+}
+
+} // namespace soran
