@@ -17,16 +17,19 @@ void translate(QByteArrayView input) {
   constexpr qsizetype timeLength = 5;
   if (input.size() < 1 + timeLength)
     return;
-  const SettingsRecord settings = settingsIn(input[0] & 2 ? u"-9" : u"+9", static_cast<uint8_t>(input[0]));
+  SettingsRecord settings = settingsIn(input[0] & 2 ? u"-9" : u"+9", static_cast<uint8_t>(input[0]));
   const QString time = textOf(input.sliced(1, timeLength));
   const QString body = textOf(input.sliced(1 + timeLength));
   const StationCode station(QStringLiteral("RJTT"));
-  const QString text = TranslateReport(station, time, body, settings, tables);
-  require(text == untranslatable || text.endsWith(crlf), "the last line is ended");
-  constexpr qsizetype phrase = 400; // more than any group's wording
-  require(text.size() <= phrase * (body.size() + 1), "a group gives a phrase, not a book");
-  require(TranslateReport(station, time, body, settings, tables) == text,
-          "the same report is translated the same way");
+  for (const bool byCode : {false, true}) {
+    settings.set(key::規約読み, byCode);
+    const QString text = TranslateReport(station, time, body, settings, tables);
+    require(text.endsWith(crlf) || (text == untranslatable && !byCode), "the last line is ended");
+    constexpr qsizetype phrase = 400; // more than any group's wording
+    require(text.size() <= phrase * (body.size() + 1), "a group gives a phrase, not a book");
+    require(TranslateReport(station, time, body, settings, tables) == text,
+            "the same report is translated the same way");
+  }
 }
 
 } // namespace soran::fuzz

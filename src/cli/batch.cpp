@@ -54,6 +54,14 @@ JobTables tablesOf(const QJsonObject& given) {
   return {std::move(airports), abbreviations, phrases};
 }
 
+/// The settings of a job that names none: results that were recorded before there was 規約読み stay as they
+/// are.
+SettingsRecord jobSettings() {
+  SettingsRecord settings = SettingsRecord::standard(u"+9"_s);
+  settings.set(key::規約読み, false);
+  return settings;
+}
+
 QJsonValue resultOf(const QJsonObject& object) {
   Fields fields(object);
   if (fields.has(u"id"_s))
@@ -63,7 +71,7 @@ QJsonValue resultOf(const QJsonObject& object) {
   if (!operation)
     throw InputError(u"unknown op \""_s + name + u'"');
 
-  static const SettingsRecord standard = SettingsRecord::standard(u"+9"_s);
+  static const SettingsRecord standard = jobSettings();
   std::optional<JobTables> ownTables;
   if (fields.has(u"tables"_s))
     ownTables.emplace(tablesOf(fields.object(u"tables"_s)));

@@ -37,6 +37,7 @@ constexpr SettingsCheckBox checkBoxes[] = {
     {23, 2, u" LOCAL TIME を使用する", SettingIndex::LOCAL使用},
     {26, 2, u" スクラッチパッドを表示する", SettingIndex::PAD表示},
     {28, 2, u" METAR シーケンスを取得する", SettingIndex::シーケンス表示},
+    {30, 2, u" 日本語翻訳に規約読みを使用する", SettingIndex::規約読み},
     {1, 3, u" 印刷文字をボールド（太字）にする", SettingIndex::印刷文字のボールド},
     {15, 3, u" データ更新の都度プリンターに自動出力する", SettingIndex::印刷更新時印刷},
     {25, 3, u" 印刷の都度プリンター選択ダイアログを表示する", SettingIndex::印刷時ダイアログ},

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/checked_text.h"
 #include "reports/cloud_amount.h"
+#include "reports/code_phrases.h"
 #include "reports/selected_group.h"
 
 namespace soran {
@@ -57,7 +58,7 @@ bool explainCloud(const SelectedGroup& selected, QString& tip) {
     if (!group.contains(amount.word))
       continue;
     writeAll(tip, group, u" ： ");
-    if (group.endsWith(u"///"))
+    if (group.endsWith(u"///") || (readsByCode(selected.settings) && mid1(group, 4, 3) == u"///"))
       write(tip, amount.unknownHeight);
     else
       writeAll(tip, Plain{heightAt(group, 4)}, amount.atHeight);

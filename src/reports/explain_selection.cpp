@@ -3,6 +3,7 @@
 #include "reports/explain_selection.h"
 
 #include "reports/checked_text.h"
+#include "reports/code_phrases.h"
 #include "reports/phrases.h"
 #include "reports/selected_group.h"
 
@@ -16,7 +17,11 @@ bool explainInches(const SelectedGroup& selected, QString& tip) {
   const QStringView group = selected.group;
   if (!group.startsWith(u'A') || group.size() != 5)
     return false;
-  writeAll(tip, group, u" ： 高度計規正値 ", mid1(group, 2, 2), u".", mid1(group, 4, 2), u"インチ水銀柱");
+  writeAll(tip, group, u" ： 高度計規正値 ");
+  if (readsByCode(selected.settings) && isAltimeter(group) && isAsciiDigit(group.back()))
+    write(tip, altimeterByCode(group));
+  else
+    writeAll(tip, mid1(group, 2, 2), u".", mid1(group, 4, 2), u"インチ水銀柱");
   return true;
 }
 
@@ -24,7 +29,10 @@ bool explainPressure(const SelectedGroup& selected, QString& tip) {
   const QStringView group = selected.group;
   if (!group.startsWith(u'Q') || group.size() != 5)
     return false;
-  writeAll(tip, group, u" ： 地上気圧 ", mid1(group, 2, 4), u".0 ヘクトパスカル");
+  if (readsByCode(selected.settings) && group == u"Q////")
+    writeAll(tip, group, u" ： ", notReported(u"気圧"));
+  else
+    writeAll(tip, group, u" ： 地上気圧 ", mid1(group, 2, 4), u".0 ヘクトパスカル");
   return true;
 }
 
@@ -32,8 +40,11 @@ bool explainWind(const SelectedGroup& selected, QString& tip) {
   constexpr qsizetype shortest = 7;
   if (!selected.group.contains(u"KT"))
     return false;
+  const std::optional<WindGroup> wind = windGroup(selected.group);
   // A shorter group with the unit is no wind, and nothing else either.
-  if (selected.group.size() >= shortest)
+  if (readsByCode(selected.settings) && wind)
+    writeAll(tip, selected.group, u" ： ", windByCode(*wind));
+  else if (selected.group.size() >= shortest)
     writeAll(tip, selected.group, u" ： ", WindPhrase(selected.group));
   return true;
 }
@@ -56,22 +67,28 @@ bool explainCalm(const SelectedGroup& selected, QString& tip) {
 bool explainRunwayRange(const SelectedGroup& selected, QString& tip) {
   if (!selected.group.contains(u'R') || !selected.group.contains(u'/'))
     return false;
-  writeAll(tip, selected.group, u" ： ", RvrPhrase(selected.group));
+  const std::optional<RunwayRangeGroup> range = runwayRangeGroup(selected.group);
+  writeAll(tip, selected.group, u" ： ",
+           readsByCode(selected.settings) && range ? runwayRangeByCode(*range) : RvrPhrase(selected.group));
   return true;
 }
 
 bool explainSeaLevelPressure(const SelectedGroup& selected, QString& tip) {
   if (!selected.group.startsWith(u"SLP"))
     return false;
-  writeAll(tip, selected.group, u" ： 海面水位圧力 ", SeaLevelPressureText(selected.group),
-           u"ヘクトパスカル");
+  const QString byCode = readsByCode(selected.settings) ? seaLevelPressureByCode(selected.group) : QString();
+  writeAll(tip, selected.group, u" ： 海面水位圧力 ",
+           byCode.isEmpty() ? SeaLevelPressureText(selected.group) : byCode, u"ヘクトパスカル");
   return true;
 }
 
 bool explainVerticalVisibility(const SelectedGroup& selected, QString& tip) {
   if (!selected.group.startsWith(u"VV"))
     return false;
-  writeAll(tip, selected.group, u" ： 鉛直視程 ", Plain{heightAt(selected.group, 3)}, u"フィート");
+  if (readsByCode(selected.settings) && selected.group == u"VV///")
+    writeAll(tip, selected.group, u" ： ", notReported(u"鉛直視程"));
+  else
+    writeAll(tip, selected.group, u" ： 鉛直視程 ", Plain{heightAt(selected.group, 3)}, u"フィート");
   return true;
 }
 

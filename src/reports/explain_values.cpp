@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/checked_text.h"
+#include "reports/code_phrases.h"
 #include "reports/selected_group.h"
 
 namespace soran {
@@ -21,6 +22,14 @@ bool explainTemperatures(const SelectedGroup& selected, QString& tip) {
   const qsizetype slash = group.indexOf(u'/');
   if (slash < 0 || group.size() < 5 || group.size() > 7)
     return false;
+  if (readsByCode(selected.settings)) {
+    if (!isTemperatures(group))
+      return false;
+    const TemperatureGroup halves = temperatureGroup(group);
+    writeAll(tip, group, u" ：  地上気温 ", degreesByCode(halves.air, u"値"), u"  露点温度 ",
+             degreesByCode(halves.dewPoint, u"値"));
+    return true;
+  }
   writeAll(tip, group, u" ：  地上気温 ");
   writeDegrees(tip, group.first(slash));
   write(tip, u"  露点温度 ");

@@ -94,6 +94,18 @@ void tellRemarks(ReportWalk& walk);
 /// What is looked for in the whole report, with or without remarks.
 void tellClosing(ReportWalk& walk);
 
+/// All of the report behind the header, as the code form means it.
+void tellBodyByCode(ReportWalk& walk);
+
+/// A weather group, or a cloud layer of a known amount; nothing for any other group.
+void tellWeatherGroup(ReportWalk& walk, QStringView group);
+
+/// Whether a word of amount stands anywhere in a group.
+bool holdsCloudAmount(QStringView group);
+
+/// The word for the cloud of a layer: cumulonimbus, towering cumulus or just cloud.
+QStringView cloudWord(QStringView group);
+
 /// The steps of a remark group that belong together.
 void tellPrecipitationTimes(ReportWalk& walk);
 void tellHourlyPrecipitation(ReportWalk& walk);

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "reports/report_walk.h"
+#include "reports/code_walk.h"
+#include "reports/group_shapes.h"
+
+#include <algorithm>
 
 namespace soran {
 
@@ -46,6 +49,22 @@ void MergeCloud(ReportWalk& walk, QStringView amount, QStringView type) {
     walk.out.replace(word.toString(), QStringLiteral(")"));
 }
 
+/// Names the cloud type in the line of this very layer, where one is told that is of no other type.
+bool nameLayer(TranslationText& out, const QString& layer, const CloudType& type) {
+  const QString lineEnd = cloudWord(type.code) + crlf;
+  // A layer stands behind a title: 3000 feet are no part of 13000.
+  for (const QChar ahead : {u' ', u'\u3000'}) {
+    for (const QString& cloud : {QString(u'雲' + crlf), lineEnd}) {
+      const QString line = ahead + layer;
+      if (!out.text.contains(line + cloud))
+        continue;
+      out.replace(line + cloud, line + type.name + crlf);
+      return true;
+    }
+  }
+  return false;
+}
+
 } // namespace
 
 void tellCloudRemark(ReportWalk& walk, bool& cloudsOver, QStringView& amount) {
@@ -59,6 +78,22 @@ void tellCloudRemark(ReportWalk& walk, bool& cloudsOver, QStringView& amount) {
     if (group.contains(type.code))
       MergeCloud(walk, amount, type.name);
   }
+}
+
+bool tellCloudTypeByCode(CodeWalk& code) {
+  const QStringView group = code.peek();
+  const auto* const type = std::ranges::find_if(cloudTypes, [group](const CloudType& known) {
+    return group.size() == known.code.size() + 4 && group.sliced(1).startsWith(known.code);
+  });
+  if (type == cloudTypes.end() || !hasShape(group.last(3), {u"###"}) ||
+      amountWord(leadingInteger(group), {}).isEmpty())
+    return false;
+  QString layer;
+  writeAll(layer, Plain{heightAt(group.last(3), 1)}, u"フィートに", amountWord(leadingInteger(group), {}));
+  if (!nameLayer(code.walk.out, layer, *type))
+    code.walk.line(layer, type->name);
+  code.take();
+  return true;
 }
 
 } // namespace soran

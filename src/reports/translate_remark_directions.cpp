@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "reports/report_walk.h"
+#include "reports/code_walk.h"
+#include "reports/group_shapes.h"
 
 #include <algorithm>
 
@@ -85,6 +86,31 @@ void tellVisibility(ReportWalk& walk) {
 void tellDirections(ReportWalk& walk) {
   tellPhenomenon(walk);
   tellVisibility(walk);
+}
+
+bool tellPhenomenonByCode(CodeWalk& code) {
+  const auto* const seen = std::ranges::find(phenomena, code.peek(), &Phenomenon::group);
+  // A word such as DSNT may stand between.
+  const size_t place = isDirection(code.peek(1)) ? 1 : 2;
+  if (seen == phenomena.end() || !isDirection(code.peek(place)))
+    return false;
+  const QString direction = DirectionText(code.peek(place));
+  code.walk.line(u"空港の", direction, direction.contains(from) ? u"方向にかけて" : u"方向に", seen->phrase);
+  code.take(place + 1);
+  return true;
+}
+
+bool tellVisibilityByCode(CodeWalk& code) {
+  const size_t place = isDirection(code.peek(1)) ? 1 : 2;
+  const QStringView value = code.peek(place + 1);
+  if (code.peek() != u"VIS" || !isDirection(code.peek(place)) ||
+      !hasShape(value, {u"####", u"###", u"#KM", u"##KM"}))
+    return false;
+  const QString direction = DirectionText(code.peek(place));
+  code.walk.line(u"空港の", direction, u"方向", direction.contains(from) ? u"にかけての" : u"の", u"視程は ",
+                 Plain{leadingNumber(value)}, value.endsWith(u"KM") ? u"キロメートル" : u"メートル");
+  code.take(place + 2);
+  return true;
 }
 
 } // namespace soran

@@ -3,6 +3,7 @@
 #include "reports/translate_report.h"
 
 #include "base/report_rules.h"
+#include "reports/code_phrases.h"
 #include "reports/phrases.h"
 #include "reports/report_walk.h"
 
@@ -33,6 +34,9 @@ void tellHeader(ReportWalk& walk, QStringView code, QStringView time) {
   walk.tell(u"*** ", name, airfield ? u"飛行場 " : u"空港 ",
             isRoutine(time) ? u"定時飛行場実況通報 " : u"特別飛行場実況通報 ", walk.time, u" ***", crlf,
             crlf);
+}
+
+void tellAutomatic(ReportWalk& walk) {
   walk.groups.NextToken();
   if (walk.groups.token() == u"AUTO")
     walk.tell(u"観測形態　　 ： 自動観測装置による観測 (METAR AUTO)", crlf);
@@ -123,6 +127,17 @@ void tellAltimeter(ReportWalk& walk) {
     walk.field(u"地上気圧　　 ： ", Plain{leadingNumber(mid1(token, 2))}, u".0ヘクトパスカル");
 }
 
+void tellBody(ReportWalk& walk) {
+  tellAutomatic(walk);
+  tellWind(walk);
+  tellSky(walk);
+  tellTemperature(walk);
+  tellAltimeter(walk);
+  tellTrend(walk);
+  tellRemarks(walk);
+  tellClosing(walk);
+}
+
 } // namespace
 
 QString TranslateReport(const StationCode& code, QStringView time, QStringView body,
@@ -139,13 +154,10 @@ QString TranslateReport(const StationCode& code, QStringView time, QStringView b
     ReportWalk walk(oneLine, settings, dictionaries);
     walk.out.text.reserve(header + growth * body.size());
     tellHeader(walk, code.text(), time);
-    tellWind(walk);
-    tellSky(walk);
-    tellTemperature(walk);
-    tellAltimeter(walk);
-    tellTrend(walk);
-    tellRemarks(walk);
-    tellClosing(walk);
+    if (readsByCode(settings))
+      tellBodyByCode(walk);
+    else
+      tellBody(walk);
     walk.tell(crlf);
     return walk.out.text;
   } catch (const TextFailure&) {

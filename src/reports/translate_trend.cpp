@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "reports/report_walk.h"
+#include "reports/code_phrases.h"
+#include "reports/code_walk.h"
 
 namespace soran {
 
@@ -55,7 +56,59 @@ void tellLandingForecast(ReportWalk& walk, QStringView word) {
   walk.tell(u"に", word, u"に変化");
 }
 
+void tellTrendLayer(ReportWalk& walk, QStringView group) {
+  for (const TrendCloud& cloud : trendClouds) {
+    if (!group.startsWith(cloud.word))
+      continue;
+    if (mid1(group, 4, 3) == u"///")
+      walk.tell(u"雲低高度不明な", cloud.phrase.sliced(QStringView(u"フィートに").size()));
+    else
+      walk.tell(Plain{heightAt(group, 4)}, cloud.phrase);
+  }
+}
+
+void tellTrendTime(ReportWalk& walk, QStringView time, QStringView ending) {
+  const PrintedHour local = walk.ToLocal(time.first(2));
+  walk.tell(local.hour, u"時", time.last(2), u"分(", local.zone, ending);
+}
+
+void tellTrendGroupByCode(ReportWalk& walk, QStringView group) {
+  if (hasShape(group, {u"TL####"}))
+    tellTrendTime(walk, group.last(4), u")までに、");
+  else if (hasShape(group, {u"FM####"}))
+    tellTrendTime(walk, group.last(4), u")以降、");
+  else if (hasShape(group, {u"AT####"}))
+    tellTrendTime(walk, group.last(4), u")に、");
+  else if (const auto wind = windGroup(group))
+    walk.tell(u"風が ", windByCode(*wind), u" ");
+  else if (isCloudLayer(group))
+    tellTrendLayer(walk, group);
+  else if (group == u"9999")
+    walk.tell(u"地上視程 10キロメートル以上 ");
+  else if (hasShape(group, {u"####"}))
+    walk.tell(u"地上視程 ", Plain{leadingNumber(group)}, u"メートル ");
+}
+
 } // namespace
+
+void tellTrendByCode(CodeWalk& code) {
+  constexpr QStringView first = u"着陸予報　　 ： ";
+  constexpr QStringView further = u"　　　　　　　　";
+  bool isFirst = true;
+  while (!code.atEnd() && code.peek() != u"RMK") {
+    const QStringView word = code.peek();
+    code.take();
+    if (word == u"NOSIG")
+      code.walk.field(u"補足記事　　 ： ", u"顕著な天候変化なし");
+    if (word != u"BECMG" && word != u"TEMPO")
+      continue;
+    code.walk.field(isFirst ? first : further);
+    isFirst = false;
+    for (; !code.atEnd() && !endsObservation(code.peek()); code.take())
+      tellTrendGroupByCode(code.walk, code.peek());
+    code.walk.tell(word == u"BECMG" ? u"に序々に変化" : u"に一時的に変化");
+  }
+}
 
 void tellTrend(ReportWalk& walk) {
   const QStringView rest = walk.groups.rest();

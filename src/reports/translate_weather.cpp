@@ -7,6 +7,12 @@
 
 namespace soran {
 
+QStringView cloudWord(QStringView group) {
+  if (group.contains(u"TCU"))
+    return u"塔状積雲";
+  return group.contains(u"CB") ? QStringView(u"積乱雲") : QStringView(u"雲");
+}
+
 namespace {
 
 // Cloud amounts of ICAO Annex 3.
@@ -21,9 +27,13 @@ bool isTemperature(QStringView group) {
   return group.contains(u'/') && !group.contains(u"///");
 }
 
-bool isCloud(QStringView group) {
+} // namespace
+
+bool holdsCloudAmount(QStringView group) {
   return std::ranges::any_of(cloudAmounts, [group](const CloudAmount& c) { return group.contains(c.word); });
 }
+
+namespace {
 
 /// A weather group told by its signs and pairs of letters (WMO No. 306, code table 4678).
 void tellPairs(ReportWalk& walk, QStringView group) {
@@ -56,20 +66,14 @@ void tellWeather(ReportWalk& walk, QStringView group) {
       walk.tell(u"  ", *phrase);
     else
       walk.field(walk.out.title(RepeatedField::Weather), *phrase);
-  } else if (!group.startsWith(u"VV") && !isCloud(group) && !group.contains(u'/')) {
+  } else if (!group.startsWith(u"VV") && !holdsCloudAmount(group) && !group.contains(u'/')) {
     walk.field(walk.out.title(RepeatedField::Weather), group, u" / ");
     tellPairs(walk, group);
   }
 }
 
-QStringView cloudWord(QStringView group) {
-  if (group.contains(u"TCU"))
-    return u"塔状積雲";
-  return group.contains(u"CB") ? QStringView(u"積乱雲") : QStringView(u"雲");
-}
-
 void tellCloud(ReportWalk& walk, QStringView group) {
-  if (!isCloud(group))
+  if (!holdsCloudAmount(group))
     return;
   const QStringView cloud = cloudWord(group);
   const QStringView title = walk.out.title(RepeatedField::Cloud);
@@ -86,6 +90,11 @@ void tellCloud(ReportWalk& walk, QStringView group) {
 
 } // namespace
 
+void tellWeatherGroup(ReportWalk& walk, QStringView group) {
+  tellWeather(walk, group);
+  tellCloud(walk, group);
+}
+
 void tellWeatherAndCloud(ReportWalk& walk) {
   while (!isTemperature(walk.groups.token())) {
     // The last group would come again and again: there is no temperature group.
@@ -93,8 +102,7 @@ void tellWeatherAndCloud(ReportWalk& walk) {
       throw TextFailure();
     walk.groups.NextToken();
     const QStringView group = walk.groups.token();
-    tellWeather(walk, group);
-    tellCloud(walk, group);
+    tellWeatherGroup(walk, group);
     if (group.contains(u"VV"))
       walk.field(u"鉛直視程　　 ： ", Plain{heightAt(group, 3)}, u" フィート");
   }

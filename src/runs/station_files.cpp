@@ -72,7 +72,7 @@ void StationFiles::putInOrder() {
   const bool isLong = codes_.size() * 2 > Courtesy::mostAMinute &&
                       !isLoopback(fileAddress(order_.front(), 0, ReportKind::Metar));
   if (isLong)
-    std::ranges::stable_partition(order_, takesLists);
+    std::stable_partition(order_.begin(), order_.end(), takesLists);
 }
 
 void StationFiles::beginLists() {

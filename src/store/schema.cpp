@@ -4,6 +4,8 @@
 
 #include "store/tables.h"
 
+#include <optional>
+
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -53,6 +55,24 @@ QStringList columnsOf(QStringView table) {
 
 void createTable(Database& database, QStringView table) {
   database.execute(u"CREATE TABLE "_s + quotedName(table) + u" (" + declarations(table).join(u", ") + u")");
+}
+
+void addMissingSettings(Database& database) {
+  const QStringList there = database.columns(table::設定.toString());
+  const QStringList declared = declarations(table::設定);
+  const QVariantList standard = standardRow();
+  std::optional<Transaction> transaction;
+  for (size_t i = 0; i < settingSpecs.size(); ++i) {
+    const QString column = settingSpecs[i].column.toString();
+    if (there.isEmpty() || there.contains(column))
+      continue;
+    if (!transaction)
+      transaction.emplace(database);
+    database.execute(u"ALTER TABLE 設定 ADD COLUMN "_s + declared[qsizetype(i)]);
+    database.execute(u"UPDATE 設定 SET "_s + quotedName(column) + u" = ?"_s, {standard[qsizetype(i)]});
+  }
+  if (transaction)
+    transaction->commit();
 }
 
 void insertRow(Database& database, QStringView table, const QVariantList& row) {

@@ -12,6 +12,10 @@ QStringList columnsOf(QStringView table);
 /// Makes one of the seven tables, without a row. Throws StoreError.
 void createTable(Database& database, QStringView table);
 
+/// Adds the columns that an open database of an earlier program lacks in 設定, with their standard values,
+/// all or none. Throws StoreError.
+void addMissingSettings(Database& database);
+
 /// Adds a row, as `table` has its columns. Throws StoreError.
 void insertRow(Database& database, QStringView table, const QVariantList& row);
 

@@ -13,6 +13,9 @@ void Settings::load() {
   rows_.moveFirst();
   for (size_t i = 0; i < settingSpecs.size(); ++i)
     record_.setValue(static_cast<SettingIndex>(i), rows_.value(settingSpecs[i].column));
+  // A database of before this key counts as one of a user who has not changed it.
+  if (record_.value(key::規約読み.index).isNull())
+    record_.set(key::規約読み, true);
   stored_ = record_;
 }
 

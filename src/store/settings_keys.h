@@ -106,7 +106,8 @@ enum class Standard {
   X(Version, UPDATEバージョン,         Kept,  0)                                            \
   X(Date,    UPDATE更新日,             Kept,  u"")                                          \
   X(Version, DBバージョン,             Kept,  0)                                            \
-  X(Date,    DB更新日,                 Kept,  u"")
+  X(Date,    DB更新日,                 Kept,  u"")                                          \
+  X(YesNo,   規約読み,                 Fixed, true)
 // clang-format on
 
 /// The C++ type of a stored form. A version is read as a number.

@@ -3,6 +3,7 @@
 #include "store/tables.h"
 
 #include "base/files.h"
+#include "store/schema.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -32,6 +33,11 @@ Tables::Tables()
 void Tables::openAllTables(const QString& path) {
   closeAll();
   database_.open(path);
+  try {
+    addMissingSettings(database_);
+  } catch (const StoreError&) {
+    // A file that cannot be written is read as it is.
+  }
   for (RowSet& set : sets_)
     set.open(database_);
   settings_.load();

@@ -222,6 +222,12 @@ TEST_F(CliTest, BatchAnswersEachJobInOrder) {
       batch.ask(R"({"op": "layout", "kind": "METAR", "response": "2026/11/24 05:00\nRJTT )" + body + R"("})");
   EXPECT_EQ(big[u"result"].toObject()[u"body"].toString().size(), body.size() + 6);
   EXPECT_EQ(big[u"result"].toObject()[u"obsTime"].toString(), u"1400I");
+  // What was recorded of jobs that do not name the key stays as it was.
+  const QByteArray report =
+      R"({"op":"translate","code":"RJTY","time":"0546Z","body":"CALM CAVOK 29/25 A2996 RMK SLP145")";
+  EXPECT_TRUE(batch.ask(report + "}")[u"result"].toString().contains(u" 914.5"));
+  EXPECT_TRUE(
+      batch.ask(report + R"(,"settings":{"規約読み":true}})")[u"result"].toString().contains(u" 1014.5"));
   EXPECT_EQ(batch.end(), 0);
 }
 

@@ -70,6 +70,21 @@ TEST(ExplainSelection, GroupsAreToldByTheFirstFormThatFits) {
     const QString text = c.text.isEmpty() ? QStringLiteral("none") : c.group.toString().append(c.text);
     EXPECT_EQ(tip(QStringLiteral("RJTT [%1] X").arg(c.group)), text);
   }
+  constexpr Explained byCode[] = {
+      {u"SLP134", u" ： 海面水位圧力 1013.4ヘクトパスカル"},
+      {u"A2984", u" ： 高度計規正値 29.84インチ水銀柱 (1010.5ヘクトパスカル)"},
+      {u"R34L/M0600V1200",
+       u" ： 滑走路34LのRVRは、600メートル(測定範囲の下限)から1200メートルの間を変動しており、"
+       u"変化傾向は不明"},
+      {u"VRB03G15KT", u" ： 風向が特定できない 3ノットの風 / 最大瞬間風速 15ノット"},
+      {u"OVC///CB", u" ： 雲底高度不明な全天を覆う積乱雲"},
+      {u"VV///", u" ： 鉛直視程の通報なし"},
+      {u"Q////", u" ： 気圧の通報なし"},
+      {u"M01///", u" ：  地上気温 マイナス 1℃  露点温度 値の通報なし"},
+  };
+  for (const Explained& c : byCode)
+    EXPECT_EQ(tip(QStringLiteral("RJTT [%1] X").arg(c.group), zoned(false, QStringLiteral("+9"), true)),
+              c.group.toString().append(c.text));
   EXPECT_EQ(tip(QStringLiteral("[ 18 /\u300012 ]")), u"18/12 ：  地上気温 18℃  露点温度 12℃");
   EXPECT_EQ(tip(QStringLiteral("[ \u3000]")), u"none");
 }

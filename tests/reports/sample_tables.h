@@ -25,10 +25,11 @@ inline const Dictionaries& sampleTables() {
   return tables;
 }
 
-/// Settings with LOCAL使用 and 時差 as given.
-inline SettingsRecord zoned(bool local, const QString& offset) {
+/// Settings with LOCAL使用, 時差 and 規約読み as given.
+inline SettingsRecord zoned(bool local, const QString& offset, bool byCode = false) {
   SettingsRecord record = SettingsRecord::standard(offset);
   record.set(key::LOCAL使用, local);
+  record.set(key::規約読み, byCode);
   return record;
 }
 

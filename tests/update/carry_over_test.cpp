@@ -113,7 +113,7 @@ TEST_F(CarryOverTest, AKeyIsCarriedWhereBothFilesHaveIt) {
     Database database;
     database.open(made);
     QStringList kept = database.columns(u"設定"_s);
-    ASSERT_TRUE(kept.removeOne(u"ポップアップ"_s));
+    ASSERT_TRUE(kept.removeOne(u"ポップアップ"_s) && kept.removeOne(u"規約読み"_s));
     database.execute(u"CREATE TABLE 別 AS SELECT \""_s + kept.join(u"\", \""_s) + u"\" FROM 設定");
     database.execute(u"DROP TABLE 設定"_s);
     database.execute(u"ALTER TABLE 別 RENAME TO 設定"_s);
@@ -124,6 +124,11 @@ TEST_F(CarryOverTest, AKeyIsCarriedWhereBothFilesHaveIt) {
   EXPECT_EQ(tables.byName(table::設定)->value(u"新しい設定"), 77);
   EXPECT_EQ(tables.settings()[key::シーケンス時間], 9);
   live.openAllTables(made);
+  EXPECT_EQ(live.settings()[key::規約読み], true);
+  ASSERT_TRUE(live.settings().storeValue(key::規約読み.index, false));
+  live.openAllTables(made);
+  EXPECT_EQ(live.settings()[key::規約読み], false);
+  live.settings().store(key::規約読み, true);
   live.settings().restoreStandardSettings(u"-5"_s);
   EXPECT_EQ(carried(Updating::deliveredDatabase()).settings()[key::ポップアップ], true);
   EXPECT_EQ(tables.settings()[key::時差], u"-5"_s);
