@@ -43,8 +43,8 @@ template <class Tell>
 QJsonObject servedJson(const Program& program, Tell tell) {
   QJsonObject served;
   for (const auto& [code, by] : program.servedBy) {
-    const auto value = [&](size_t kind) {
-      return by.names[kind].isEmpty() ? QJsonValue() : QJsonValue(tell(by, kind));
+    const auto value = [&tell, &source = by](size_t kind) {
+      return source.names[kind].isEmpty() ? QJsonValue() : QJsonValue(tell(source, kind));
     };
     served.insert(code, QJsonArray{value(0), value(1)});
   }

@@ -33,7 +33,7 @@ void download(Program& program, UtcHour hour) {
   if (!writeWhole(cycleFilePath(program.services, hour), reply.body + "\r\n"))
     qCWarning(lcCycles) << "passed over: writing cycle file" << hour.value;
   else
-    program.cycleFileHours[size_t(hour.value)] = latestBeginning(program, hour);
+    program.cycleFileHours[hour] = latestBeginning(program, hour);
 }
 
 } // namespace
@@ -43,9 +43,9 @@ QString cycleFilePath(const Services& services, UtcHour hour) {
 }
 
 bool cycleFileIsThere(const Program& program, UtcHour hour) {
-  const QDateTime& of = program.cycleFileHours[size_t(hour.value)];
+  const auto fetched = program.cycleFileHours.find(hour);
   return fileExists(cycleFilePath(program.services, hour)) &&
-         (!of.isValid() || of == latestBeginning(program, hour));
+         (fetched == program.cycleFileHours.end() || fetched->second == latestBeginning(program, hour));
 }
 
 void refreshCycleFiles(Program& program) {

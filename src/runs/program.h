@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/report_rules.h"
 #include "platform/services.h"
 #include "reports/dictionaries.h"
 #include "runs/report_intake.h"
@@ -13,7 +14,6 @@
 
 #include <QDateTime>
 #include <QHash>
-#include <array>
 #include <map>
 #include <memory>
 
@@ -54,11 +54,13 @@ struct Program {
   bool minimised = false;                    ///< the main window is minimised
   int watchTicks = 0;                        ///< seconds since the last pass or key
   int bufferLevel = 1;                       ///< 11 minus the setting バッファ
-  std::array<QDateTime, 24> cycleFileHours; ///< the hour (UTC) that each cycle file fetched in this run is of
-  int cycleDecade = 25;                     ///< tens digit of the minute of the last refresh of cycle files
-  ZoneOffset systemZoneOffset;              ///< machine's offset from UTC, taken at start
-  QString systemZoneName;                   ///< its name, without what stands in brackets
-  QString currentPrinter;                   ///< chosen last; empty before any choice
+  /// The beginning (UTC) of the hour that each cycle file fetched in this run is of. A 時差 that no zone has
+  /// asks for hours that no day has.
+  std::map<UtcHour, QDateTime> cycleFileHours;
+  int cycleDecade = 25;        ///< tens digit of the minute of the last refresh of cycle files
+  ZoneOffset systemZoneOffset; ///< machine's offset from UTC, taken at start
+  QString systemZoneName;      ///< its name, without what stands in brackets
+  QString currentPrinter;      ///< chosen last; empty before any choice
 
   Settings& settings() { return tables.settings(); }
   const SettingsRecord& record() { return tables.settings().record(); }
