@@ -35,6 +35,10 @@ QByteArray file(const QString& path) {
   return resource.open(QIODevice::ReadOnly) ? resource.readAll() : QByteArray();
 }
 
+QByteArray stations() {
+  return file(u"stations.tsv"_s);
+}
+
 QList<Airport> airports() {
   return rowsOf<Airport>(table::飛行場情報);
 }

@@ -16,6 +16,9 @@ QString updateAddress();
 /// A compiled-in file by its path under /delivered; empty where there is none.
 QByteArray file(const QString& path);
 
+/// The names of the world's stations: code, tab, name, in UTF-8, each line ended by LF.
+QByteArray stations();
+
 /// The delivered rows of a two-column table.
 QList<Airport> airports();
 QList<DictionaryEntry> abbreviations();

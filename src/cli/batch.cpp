@@ -16,7 +16,8 @@ namespace {
 struct JobTables {
   JobTables(QList<Airport> airportRows, const QList<DictionaryEntry>& abbreviations,
             const QList<DictionaryEntry>& phrases)
-      : airports(std::move(airportRows)), dictionaries(airports, abbreviations, phrases) {}
+      : airports(std::move(airportRows)),
+        dictionaries(airports, abbreviations, phrases, delivered::stations()) {}
   QList<Airport> airports;
   Dictionaries dictionaries;
 };

@@ -42,6 +42,9 @@ struct Services : FrontEnd {
   /// The delivered database, for a start that finds no other; may be empty.
   std::function<QByteArray()> deliveredDatabase = [] { return QByteArray(); };
 
+  /// The names of stations elsewhere, as Dictionaries takes them; may be empty.
+  std::function<QByteArray()> stations = [] { return QByteArray(); };
+
   /// The SHA-256 of the update module that this run copied from the user's own machine; empty where none.
   QByteArray copiedModule = {};
 

@@ -61,6 +61,12 @@ void writeVariation(QString& text, const RunwayRangeGroup& range, QStringView un
 
 } // namespace
 
+QString nameOfStation(QStringView code, const SettingsRecord& settings, const Dictionaries& dictionaries) {
+  if (readsByCode(settings))
+    return dictionaries.stationName(code).value_or(QString());
+  return dictionaries.airportName(code).value_or(QStringView()).toString();
+}
+
 QString notReported(QStringView what) {
   return what.toString().append(u"の通報なし");
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "reports/dictionaries.h"
 #include "reports/group_shapes.h"
 #include "store/settings_record.h"
 
@@ -15,6 +16,10 @@ namespace soran {
 inline bool readsByCode(const SettingsRecord& settings) {
   return settings[key::規約読み] == true;
 }
+
+/// The name of a station, by its row in 飛行場情報, else, with 規約読み, as it is known in the world; empty
+/// where it is not known.
+QString nameOfStation(QStringView code, const SettingsRecord& settings, const Dictionaries& dictionaries);
 
 /// What is told in the place of a value that was not reported: "風の通報なし".
 QString notReported(QStringView what);

@@ -33,7 +33,8 @@ QStringView beforeBracket(QStringView meaning) {
 } // namespace
 
 Dictionaries::Dictionaries(const QList<Airport>& airports, const QList<DictionaryEntry>& abbreviations,
-                           const QList<DictionaryEntry>& phrases) {
+                           const QList<DictionaryEntry>& phrases, QByteArray stations)
+    : stations_(std::move(stations)) {
   for (const Airport& row : airports)
     insertFirst(airports_, row.code, withoutBlanks(row.name));
   for (const DictionaryEntry& row : abbreviations) {
@@ -46,6 +47,17 @@ Dictionaries::Dictionaries(const QList<Airport>& airports, const QList<Dictionar
 
 std::optional<QStringView> Dictionaries::airportName(QStringView code) const {
   return find(airports_, code);
+}
+
+std::optional<QString> Dictionaries::stationName(QStringView code) const {
+  if (const auto name = airportName(code))
+    return name->toString();
+  const QByteArray row = '\n' + code.toUtf8() + '\t';
+  const qsizetype at = code.isEmpty() ? -1 : stations_.indexOf(row);
+  if (at < 0)
+    return std::nullopt;
+  const qsizetype begin = at + row.size();
+  return QString::fromUtf8(stations_.mid(begin, stations_.indexOf('\n', begin) - begin));
 }
 
 std::optional<QStringView> Dictionaries::shortMeaning(QStringView code) const {

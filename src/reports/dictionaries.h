@@ -15,12 +15,16 @@ namespace soran {
 /// included. A view that is returned lives as long as the tables do.
 class Dictionaries {
  public:
-  /// `abbreviations` are the rows of 気象略語, `phrases` those of 日本語解析.
+  /// `abbreviations` are the rows of 気象略語, `phrases` those of 日本語解析, `stations` the lines of
+  /// stations elsewhere: code, tab, name, in UTF-8, each ended by LF.
   Dictionaries(const QList<Airport>& airports, const QList<DictionaryEntry>& abbreviations,
-               const QList<DictionaryEntry>& phrases);
+               const QList<DictionaryEntry>& phrases, QByteArray stations = {});
 
   /// The name of the station of a code, without blanks (U+0020 and U+3000); nothing for an unknown code.
   std::optional<QStringView> airportName(QStringView code) const;
+
+  /// As airportName, and for a code without a row the name in `stations`.
+  std::optional<QString> stationName(QStringView code) const;
 
   /// The meaning of a weather code up to its first "(", without the blanks around it; nothing where the code
   /// has no row.
@@ -39,6 +43,7 @@ class Dictionaries {
   using Table = QHash<QString, QString>;
 
   Table airports_;
+  QByteArray stations_;
   Table meanings_;
   Table shortMeanings_;
   Table phrases_;

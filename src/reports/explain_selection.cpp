@@ -167,8 +167,9 @@ QString tipText(const SelectedGroup& selected, const Dictionaries& dictionaries)
   QString form = explainForm(selected);
   if (!form.isEmpty())
     return form;
-  if (const auto station = dictionaries.airportName(selected.group))
-    return told(*station);
+  const QString station = nameOfStation(selected.group, selected.settings, dictionaries);
+  if (!station.isEmpty())
+    return told(station);
   return tip;
 }
 

@@ -28,8 +28,7 @@ bool isRoutine(QStringView time) {
 void tellHeader(ReportWalk& walk, QStringView code, QStringView time) {
   writeAll(walk.time, mid1(time, 1, 2), u"時", mid1(time, 3, 2), u"分(", time.last(time.isEmpty() ? 0 : 1),
            u") 発表");
-  const QStringView name =
-      walk.dictionaries.airportName(asciiUpper(trimBlanks(code))).value_or(QStringView());
+  const QString name = nameOfStation(asciiUpper(trimBlanks(code)), walk.settings, walk.dictionaries);
   const bool airfield = std::ranges::find(airfields, code) != airfields.end();
   walk.tell(u"*** ", name, airfield ? u"飛行場 " : u"空港 ",
             isRoutine(time) ? u"定時飛行場実況通報 " : u"特別飛行場実況通報 ", walk.time, u" ***", crlf,

@@ -69,7 +69,7 @@ struct Program {
   const Dictionaries& dictionaries() {
     if (!dictionaries_ || dictionaryRevision_ != tables.revision()) {
       dictionaries_ = std::make_unique<Dictionaries>(tables.airportRows(), tables.abbreviationRows(),
-                                                     tables.phraseRows());
+                                                     tables.phraseRows(), services.stations());
       dictionaryRevision_ = tables.revision();
     }
     return *dictionaries_;

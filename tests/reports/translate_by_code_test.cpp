@@ -13,10 +13,11 @@ using namespace soran;
 
 namespace {
 
-QString translate(const QString& body, bool byCode = true, const QString& time = QStringLiteral("0630Z")) {
-  static const Dictionaries tables(delivered::airports(), delivered::abbreviations(), delivered::phrases());
-  return TranslateReport(StationCode(QStringLiteral("RJTT")), time, body,
-                         zoned(false, QStringLiteral("+9"), byCode), tables);
+QString translate(const QString& body, bool byCode = true, const QString& time = QStringLiteral("0630Z"),
+                  const QString& code = QStringLiteral("RJTT")) {
+  static const Dictionaries tables(delivered::airports(), delivered::abbreviations(), delivered::phrases(),
+                                   delivered::stations());
+  return TranslateReport(StationCode(code), time, body, zoned(false, QStringLiteral("+9"), byCode), tables);
 }
 
 struct Claim {
@@ -196,4 +197,24 @@ TEST(TranslateByCode, PrecipitationIsThatOfThreeHoursOrSix) {
     EXPECT_TRUE(translate(QStringLiteral("CALM RMK AO2 60012"), true, time)
                     .contains(QStringLiteral("過去%1時間の降水量 0.12インチ").arg(hours)))
         << time.toStdString();
+}
+
+TEST(TranslateByCode, StationsElsewhereHaveTheirNames) {
+  const struct {
+    QString code;
+    QStringView byCode, byFixedRules;
+  } cases[] = {
+      {QStringLiteral("KSFO"), u"San Francisco International空港", u"空港"},
+      {QStringLiteral("BIRK"), u"Reykjavík空港", u"空港"},
+      {QStringLiteral("RODE"), u"伊江島空港", u"伊江島空港"},
+      {QStringLiteral("SFO"), u"空港", u"空港"},
+  };
+  for (const auto& c : cases) {
+    for (const bool byCode : {true, false}) {
+      const QString told =
+          translate(QStringLiteral("CALM CAVOK 18/12 Q1013"), byCode, QStringLiteral("0630Z"), c.code);
+      EXPECT_TRUE(told.startsWith(QStringView(u"*** ") + (byCode ? c.byCode : c.byFixedRules) + u' '))
+          << told.toStdString();
+    }
+  }
 }
