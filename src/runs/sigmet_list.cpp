@@ -38,8 +38,8 @@ QString validity(const Sigmet& sigmet, const QDateTime& now) {
 QString blockOf(Program& program, const Sigmet& sigmet, const QDateTime& now) {
   const QStringList airports = airportsIn(program, sigmet);
   const QString where = !sigmet.isPlaced()   ? u"AREA NOT READ"_s
-                        : airports.isEmpty() ? u"NO AIRPORT OF THE LIST"_s
-                                             : u"AIRPORTS " + airports.join(u' ');
+                        : airports.isEmpty() ? u"OVER NO AIRPORT OF THE LIST"_s
+                                             : u"OVER " + airports.join(u' ');
   return crlf + sigmet.heading + crlf + u"      " + validity(sigmet, now) + crlf + u"      " + sigmet.text +
          crlf + u"      " + where + crlf;
 }

@@ -262,7 +262,7 @@ TEST_F(CommandsTest, ListsTheSigmetsAndTheLastKnownReports) {
                 "- N35 E141 - N35 E139=\n"},
        u"\r\nRJJJ SIGMET A1\r\n      IN FORCE 24 0400Z - 24 0800Z / 2 h 40 min LEFT\r\n      RJJJ FUKUOKA "
        u"FIR SEV TURB "
-       "WI N37 E139 - N37 E141 - N35 E141 - N35 E139\r\n      AIRPORTS RJTT\r\n"_s},
+       "WI N37 E139 - N37 E141 - N35 E141 - N35 E139\r\n      OVER RJTT\r\n"_s},
       {{.status = 204}, u"\r\nNO SIGMET\r\n"_s},
       {{.body = "<html>gone</html>", .status = 404}, u"\r\nSIGMET NOT AVAILABLE\r\n"_s},
       {{.status = 500}, u"\r\nSIGMET NOT AVAILABLE\r\n"_s},
