@@ -115,7 +115,7 @@ QHash<QString, RawReport> readRawLines(QStringView body, ReportKind kind, const 
     else if (!heading.amendment.isEmpty())
       groups.insert(2, heading.amendment);
     report.file += joined(groups, kind) + u'\n';
-    reports.insert(code, std::move(report));
+    reports.insert(code, report);
   }
   return reports;
 }

@@ -14,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace soran {
@@ -55,7 +56,9 @@ class StationFiles {
     size_t source;
     ReportKind kind;
     size_t first;
-    auto operator<=>(const Stretch&) const = default;
+    bool operator<(const Stretch& other) const {
+      return std::tie(source, kind, first) < std::tie(other.source, other.kind, other.first);
+    }
   };
   struct Tally {
     int asked = 0;
