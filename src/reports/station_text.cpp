@@ -88,8 +88,8 @@ StationText readStationText(const StationCode& asked, QStringView body) {
   StationText report{Report, cleaned(text)};
   if (!report.text.endsWith(u'\n'))
     report.text += u'\n';
-  report.time = QDateTime::fromString(report.text.left(16), u"yyyy/MM/dd HH:mm"_s);
-  report.time.setTimeSpec(Qt::UTC);
+  const QDateTime written = QDateTime::fromString(report.text.left(16), u"yyyy/MM/dd HH:mm"_s);
+  report.time = QDateTime(written.date(), written.time(), Qt::UTC);
   return report;
 }
 
