@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QCache>
+#include <QDateTime>
 #include <QUrl>
 #include <chrono>
 #include <deque>
@@ -19,6 +20,9 @@ struct Validators {
 
   bool isEmpty() const { return tag.isEmpty() && modified.isEmpty(); }
 };
+
+/// A date as servers tell it (RFC 9110, 5.6.7: Tue, 24 Nov 2026 05:20:00 GMT), in UTC; invalid where it is none.
+QDateTime httpDate(const QByteArray& told);
 
 /// How a program keeps from being a burden to servers: no more than so many requests a minute to a host,
 /// none to one that asked to be left alone, and no body twice that did not change. This machine is spared the

@@ -129,17 +129,19 @@ class NetInet::OneTransfer final : public Transfer {
     else if (answer.isRedirect())
       follow(status, QUrl::fromEncoded(answer.location()));
     else
-      end({.ok = true, .body = bodyOf(*exchange_), .status = answer.isUnchanged() ? 200 : status});
+      end(good(*exchange_));
   }
 
-  QByteArray bodyOf(Exchange& exchange) {
+  Reply good(Exchange& exchange) {
     const AnswerReader& answer = exchange.answer();
     const bool isNew = answer.status() == 200;
-    const Validators validators = answer.validators();
+    const int status = answer.isUnchanged() ? 200 : answer.status();
+    const Validators validators = exchange.validators();
     QByteArray body = exchange.takeBody();
     if (isNew)
       client_.network_->courtesy().remember(url_, validators, body);
-    return body;
+    return {
+        .ok = true, .body = std::move(body), .status = status, .modified = httpDate(validators.modified)};
   }
 
   void follow(int status, const QUrl& location) {
@@ -238,7 +240,7 @@ Reply NetInet::readFile(const QUrl& url) const {
   QByteArray body = file.readAll();
   if (file.error() != QFileDevice::NoError)
     return Reply::failed(NetFailure::NoFile);
-  return {.ok = true, .body = std::move(body)};
+  return {.ok = true, .body = std::move(body), .modified = QFileInfo(file).lastModified().toUTC()};
 }
 
 } // namespace soran
