@@ -40,7 +40,7 @@ if(TARGET soran)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()
 
-install(FILES endpoints.ini DESTINATION ${SHARE})
+install(FILES endpoints.ini ${DELIVERED}/imagery.ini DESTINATION ${SHARE})
 install(FILES ${PROJECT_BINARY_DIR}/delivered/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
   ${DELIVERED}/sound/error.wav ${DELIVERED}/sound/ring.wav DESTINATION ${SHARE}/update/data)
 install(DIRECTORY ${DELIVERED}/help DESTINATION ${SHARE}/home)

@@ -65,6 +65,7 @@ class Launch {
  private:
   void startDemo(const DeliveredFile& delivered);
   void takeEndpoints(const QString& file);
+  void takeImages(const QString& file);
 
   Shutdown shutdown_;
   Timers& timers_;
