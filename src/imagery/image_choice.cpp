@@ -4,6 +4,8 @@
 
 #include "imagery/sources.h"
 
+#include <QSet>
+
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -53,6 +55,26 @@ ImageRow yahooRow(const Endpoints& endpoints) {
 ImageRow aisRow(const Endpoints& endpoints) {
   // A host of the endpoints file is asked as it stands, without a path.
   return imageRow(endpoints, u"ais"_s, -1, u"ais"_s, QString(), ImageRow::Kind::Page);
+}
+
+std::vector<ItemRow> itemRows(const Endpoints& endpoints, const QDateTime& now, QStringView timeOffset) {
+  std::vector<ItemRow> rows;
+  QSet<QString> known{u"ais"_s};
+  for (const ChartItem& item : chartItems()) {
+    known += {item.menu, item.key()};
+    if (!item.isSeparator())
+      rows.push_back({item.key(), chartRow(endpoints, item, now, timeOffset)});
+  }
+  for (const Camera& camera : cameras()) {
+    known += camera.menu.toString();
+    rows.push_back({camera.menu.toString(), cameraRow(endpoints, camera)});
+  }
+  rows.push_back({u"ais"_s, aisRow(endpoints)});
+  for (const ImageRow& row : endpoints.images.rows) {
+    if (!known.contains(row.key))
+      rows.push_back({row.key, row});
+  }
+  return rows;
 }
 
 } // namespace soran

@@ -22,4 +22,12 @@ ImageRow cameraRow(const Endpoints& endpoints, const Camera& camera);
 ImageRow yahooRow(const Endpoints& endpoints);
 ImageRow aisRow(const Endpoints& endpoints);
 
+struct ItemRow {
+  QString key; ///< of the item
+  ImageRow row;
+};
+
+/// The row of every chart, camera and page, then those of the table that no item has.
+std::vector<ItemRow> itemRows(const Endpoints& endpoints, const QDateTime& now, QStringView timeOffset);
+
 } // namespace soran

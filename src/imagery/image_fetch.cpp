@@ -125,6 +125,7 @@ class ImageWalk {
     if (row_.list.isEmpty())
       return QString();
     found.address = imageAddress(row_, row_.list, time);
+    found.isList = true;
     const QByteArray body = keep(inet_.open(found.address), found);
     const QString name = row_.path.isEmpty() ? nameInPage(QString::fromUtf8(body), row_.pattern)
                                              : nameInJson(body, row_.path);
@@ -133,13 +134,17 @@ class ImageWalk {
 
   /// Takes a layer over; false where it is not there.
   bool take(const QUrl& url, QByteArray& layer, FetchedImage& found) {
-    const bool first = !found.time.isValid();
-    if (first || !found.address.isValid())
+    const bool first = found.isList || found.address.isEmpty();
+    if (first)
       found.address = url;
+    found.isList = false;
     layer = keep(inet_.open(url), found);
     if (first)
       found.time = found.reply.modified;
-    return isThere(found.reply) && fits(found.kind, row_.kind);
+    const bool there = isThere(found.reply) && fits(found.kind, row_.kind);
+    if (!there)
+      found.address = url;
+    return there;
   }
 
   static QByteArray keep(Reply reply, FetchedImage& found) {

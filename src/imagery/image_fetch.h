@@ -36,6 +36,7 @@ struct FetchedImage {
   QDateTime time = {};                 ///< the picture's own, in UTC; invalid where nobody told
   Reply reply = {};                    ///< the last answer, without its body
   BodyKind kind = BodyKind::Empty;     ///< of the last answer
+  bool isList = false;                 ///< the last answer is the list
 
   bool ok() const { return !layers.empty(); }
 };

@@ -30,6 +30,8 @@ std::chrono::milliseconds Courtesy::claim(const QUrl& url) {
     sent.pop_front();
   if (sent.size() >= mostAMinute)
     return std::chrono::ceil<std::chrono::milliseconds>(sent.front() + 1min - now);
+  if (!sent.empty() && now < sent.back() + apart_)
+    return std::chrono::ceil<std::chrono::milliseconds>(sent.back() + apart_ - now);
   sent.push_back(now);
   return 0ms;
 }

@@ -34,6 +34,9 @@ class Courtesy {
 
   explicit Courtesy(std::function<Time()> now = std::chrono::steady_clock::now) : now_(std::move(now)) {}
 
+  /// From now on there is so much time between two requests to one host.
+  void keepApart(std::chrono::milliseconds time) { apart_ = time; }
+
   /// Counts a request to the host of `url` where it may be sent now, and returns 0; otherwise the time after
   /// which to try again.
   std::chrono::milliseconds claim(const QUrl& url);
@@ -55,6 +58,7 @@ class Courtesy {
 
  private:
   std::function<Time()> now_;
+  std::chrono::milliseconds apart_{0};
   std::map<QString, std::deque<Time>> sent_;     // by host, within the last minute
   std::map<QString, Time> leftAloneUntil_;       // by host
   QCache<QUrl, Remembered> remembered_{8 << 20}; // bytes

@@ -91,18 +91,21 @@ class NetInet::OneTransfer final : public Transfer {
   static constexpr int unavailable = 503;
 
   void get() {
-    Courtesy& courtesy = client_.network_->courtesy();
-    if (courtesy.isLeftAlone(url_)) {
+    if (client_.network_->courtesy().isLeftAlone(url_))
       end(Reply::failed(NetFailure::Status, tooMany));
-      return;
-    }
-    if (const auto wait = courtesy.claim(url_); wait.count() > 0)
-      QTimer::singleShot(wait, &delay_, [this] {
+    else
+      inTurn(&OneTransfer::begin);
+  }
+
+  /// Goes on with `step` as soon as the host may be asked.
+  void inTurn(void (OneTransfer::*step)()) {
+    if (const auto wait = client_.network_->courtesy().claim(url_); wait.count() > 0)
+      QTimer::singleShot(wait, &delay_, [this, step] {
         if (!reply_)
-          get();
+          inTurn(step);
       });
     else
-      begin();
+      (this->*step)();
   }
 
   void begin() {
@@ -152,7 +155,7 @@ class NetInet::OneTransfer final : public Transfer {
       return;
     }
     url_ = next;
-    ask();
+    inTurn(&OneTransfer::ask);
   }
 
   void end(Reply reply) {

@@ -71,14 +71,10 @@ QString nameOf(const ImagerySource& source, const QString& path) {
 
 constexpr QStringView imageFolder = u"/demo/image/";
 
-QString keyOf(const ChartItem& item) {
-  return item.index < 0 ? item.menu : item.menu + u'.' + QString::number(item.index);
-}
-
 /// The caption of the item of a key; empty where there is none.
 QString captionOf(const QString& key) {
   for (const ChartItem& item : chartItems()) {
-    if (keyOf(item) == key)
+    if (item.key() == key)
       return item.caption;
   }
   return QString();
@@ -202,7 +198,7 @@ ImageTable demoTable(const ImageTable& table, const QString& base) {
   };
   for (const ChartItem& item : chartItems()) {
     if (!item.isSeparator())
-      add(keyOf(item), table.find(item.menu, item.index), item.source, item.path);
+      add(item.key(), table.find(item.menu, item.index), item.source, item.path);
   }
   for (const Camera& camera : cameras())
     add(camera.menu.toString(), table.find(camera.menu.toString(), -1), camera.source.toString(),

@@ -73,6 +73,8 @@ LaunchOptions readOptions(const QStringList& arguments) {
       options.demo = true;
     } else if (argument == u"--runs") {
       options.runs = true;
+    } else if (argument == u"--json") {
+      options.json = true;
     } else if (argument == u"--help") {
       options.help = true;
     } else if (argument == u"--version") {
