@@ -30,8 +30,8 @@ install(TARGETS soran-cli soran-update RUNTIME DESTINATION ${CMAKE_INSTALL_BINDI
 set(MANUALS soran-cli soran-update)
 if(TARGET soran)
   install(TARGETS soran RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  # The program looks for it there, one folder deeper than the libraries of the system.
-  install(TARGETS soran-web LIBRARY DESTINATION lib/soran/plugins)
+  # The program looks for them there, one folder deeper than the libraries of the system.
+  install(TARGETS soran-web soran-pdf LIBRARY DESTINATION lib/soran/plugins)
   list(APPEND MANUALS soran)
   install(FILES soran.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${DELIVERED}/icons/soran.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)

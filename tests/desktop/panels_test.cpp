@@ -140,7 +140,10 @@ TEST_F(PanelTest, ChartsOfTheDemonstration) {
   EXPECT_TRUE(note->text().contains(u"古い画像です")) << note->text().toStdString();
   EXPECT_TRUE(form.imagery().isOld());
 
-  trigger(form, u"menu_ASAS"_s);
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_ASAS"_s); }));
+  EXPECT_FALSE(form.imagery().failed());
+  EXPECT_EQ(form.imagery().currentWidget()->grab().toImage().pixelColor(form.imagery().rect().center()),
+            QColor(Qt::white)); // a page of paper, not the ground behind pictures
   EXPECT_EQ(form.windowTitle(), u" アジア地上解析図");
   EXPECT_FALSE(form.findChild<QAction*>(u"menu_print"_s)->isEnabled());
   EXPECT_TRUE(form.isMaximized());

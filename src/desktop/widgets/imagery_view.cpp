@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/imagery_view.h"
 
+#include "desktop/pdf/pdf_reader.h"
 #include "desktop/widgets/browser_frame.h"
 #include "desktop/widgets/picture_view.h"
+#include "desktop/widgets/program_module.h"
 #include "imagery/sources.h"
 
 #include <QLabel>
@@ -98,10 +100,10 @@ void ImageryView::refresh() {
   url_ = QUrl();
   if (!target_.row.isAvailable())
     showFailure();
-  else if (target_.row.kind == ImageRow::Kind::Picture)
-    fetch();
-  else
+  else if (target_.row.kind == ImageRow::Kind::Page)
     openPage();
+  else
+    fetch();
 }
 
 void ImageryView::stop() {
@@ -119,12 +121,23 @@ void ImageryView::fetch() {
   if (!self || request != request_)
     return;
   url_ = found.address;
-  if (found.ok() && picture_->showPictures(found.layers)) {
-    time_ = found.time;
-    settle(picture_);
-  } else {
+  if (!found.ok() || !showFound(found)) {
     showFailure();
+    return;
   }
+  time_ = found.time;
+  settle(picture_);
+}
+
+bool ImageryView::showFound(const FetchedImage& found) {
+  if (target_.row.kind == ImageRow::Kind::Picture)
+    return picture_->showPictures(found.layers);
+  auto* reader = moduleOf<PdfReader>(u"soran-pdf"_s);
+  constexpr int largestSide = 3000;
+  const QImage image = reader ? reader->draw(found.layers.front(), largestSide) : QImage();
+  if (!image.isNull())
+    picture_->showImage(image);
+  return !image.isNull();
 }
 
 void ImageryView::openPage() {
@@ -141,7 +154,7 @@ void ImageryView::openPage() {
 
 void ImageryView::onPageState(WebPage::State state) {
   // A page that was left for a picture has nothing to say any more.
-  if (target_.row.kind == ImageRow::Kind::Picture)
+  if (target_.row.kind != ImageRow::Kind::Page)
     return;
   if (state == WebPage::State::Started)
     setCurrentWidget(browser_);

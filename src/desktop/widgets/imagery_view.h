@@ -67,6 +67,7 @@ class ImageryView : public QStackedWidget {
   QWidget* makeFailurePage();
   void fetch();
   void openPage();
+  bool showFound(const FetchedImage& found);
   void showFailure();
   void settle(QWidget* page);
   void onPageState(WebPage::State state);

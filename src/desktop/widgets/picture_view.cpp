@@ -39,6 +39,12 @@ bool PictureView::showPictures(std::span<const QByteArray> pictures) {
   return true;
 }
 
+void PictureView::showImage(const QImage& image) {
+  layers_.clear();
+  layers_.push_back({.image = image, .drawing = nullptr});
+  update();
+}
+
 void PictureView::paintInto(QPainter& painter, const QRectF& area) {
   if (!hasPicture())
     return;

@@ -21,6 +21,7 @@ class PictureView : public QWidget {
   /// Shows pictures (PNG, JPEG, GIF, SVG) drawn over one another, each as large as the first; false, and what
   /// was there before stays, where one of them is none.
   bool showPictures(std::span<const QByteArray> pictures);
+  void showImage(const QImage& image);
   bool showPicture(const QByteArray& bytes) { return showPictures({&bytes, 1}); }
   bool hasPicture() const { return !layers_.empty(); }
 
