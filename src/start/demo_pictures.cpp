@@ -70,14 +70,12 @@ QString nameOf(const ImagerySource& source, const QString& path) {
 }
 
 constexpr QStringView imageFolder = u"/demo/image/";
+constexpr QStringView madeBy = u"SORAN (DEMONSTRATION DATA)";
 
-/// The caption of the item of a key; empty where there is none.
-QString captionOf(const QString& key) {
-  for (const ChartItem& item : chartItems()) {
-    if (item.key() == key)
-      return item.caption;
-  }
-  return QString();
+std::optional<ChartItem> itemOf(const QString& key) {
+  const QList<ChartItem> items = chartItems();
+  const auto item = std::ranges::find(items, key, &ChartItem::key);
+  return item == items.end() ? std::nullopt : std::optional(*item);
 }
 
 /// The form of an address of `key` on the demonstration's server; a name from a list is kept as it is.
@@ -94,6 +92,7 @@ ImageRow servedAlike(ImageRow row, const QString& base) {
     row.layers[i] = demoForm(base, row.key, i, row.layers[i]);
   if (!row.list.isEmpty())
     row.list = demoForm(base, row.key, 0, row.list);
+  row.from = madeBy.toString();
   if (!row.pattern.isEmpty())
     row.pattern = imageFolder + row.key + u"/0/*.png";
   return row;
@@ -105,7 +104,7 @@ ImageRow standIn(const ImageRow& row, const QString& address) {
   return {.key = row.key,
           .kind = page ? ImageRow::Kind::Page : ImageRow::Kind::Picture,
           .layers = {address},
-          .from = u"SORAN"_s};
+          .from = madeBy.toString()};
 }
 
 ImageRow demoRow(const QString& base, const QString& key, const ImageRow* told,
@@ -125,8 +124,8 @@ QByteArray httpDateOf(const QDateTime& time) {
 std::optional<Answer> demoImage(const QString& path, const QDateTime& now,
                                 const std::function<QByteArray(const QString&)>& delivered) {
   const QString key = path.section(u'/', 0, 0);
-  const QString caption = captionOf(key);
-  if (caption.isEmpty())
+  const std::optional<ChartItem> item = itemOf(key);
+  if (!item)
     return std::nullopt;
   if (path.endsWith(u".json"))
     return Answer{.body = R"({"near":{"now":["a.png","b.png"],"ft24":["c.png"]}})",
@@ -146,7 +145,8 @@ std::optional<Answer> demoImage(const QString& path, const QDateTime& now,
     answer.body = delivered(u"demo/colour.jpg"_s);
     answer.contentType = "image/jpeg";
   } else {
-    answer.body = demoPicture(caption, key, now, uint(qHash(key, size_t{0})));
+    answer.body = demoPicture(item->caption, findImagerySource(item->source)->name.toString(), now,
+                              uint(qHash(key, size_t{0})));
     answer.contentType = "image/svg+xml";
   }
   return answer;
