@@ -30,7 +30,8 @@ QByteArray helpText() {
              "(--runs "
              "adds colours)\n"
              "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n"
-             "  soran-cli [OPTIONS] check-sources asks every address once, and tells what it answered (--json: "
+             "  soran-cli [OPTIONS] check-sources asks every address once, and tells what it answered "
+             "(--json: "
              "an object a line)\n"
              "  soran-cli [OPTIONS] export FILE   writes lists, groups, dictionaries and settings as JSON\n"
              "  soran-cli [OPTIONS] import FILE   takes such a file over, whole or not at all\n\n")

@@ -23,24 +23,24 @@ constexpr int hour = 60;
 
 QString kindName(BodyKind kind) {
   switch (kind) {
-    case BodyKind::Empty:
-      return u"empty"_s;
-    case BodyKind::Png:
-      return u"image png"_s;
-    case BodyKind::Jpeg:
-      return u"image jpeg"_s;
-    case BodyKind::Gif:
-      return u"image gif"_s;
-    case BodyKind::Svg:
-      return u"image svg"_s;
-    case BodyKind::Pdf:
-      return u"pdf"_s;
-    case BodyKind::Html:
-      return u"html page"_s;
-    case BodyKind::Json:
-      return u"json"_s;
-    case BodyKind::Other:
-      break;
+  case BodyKind::Empty:
+    return u"empty"_s;
+  case BodyKind::Png:
+    return u"image png"_s;
+  case BodyKind::Jpeg:
+    return u"image jpeg"_s;
+  case BodyKind::Gif:
+    return u"image gif"_s;
+  case BodyKind::Svg:
+    return u"image svg"_s;
+  case BodyKind::Pdf:
+    return u"pdf"_s;
+  case BodyKind::Html:
+    return u"html page"_s;
+  case BodyKind::Json:
+    return u"json"_s;
+  case BodyKind::Other:
+    break;
   }
   return u"other"_s;
 }
@@ -49,18 +49,18 @@ QString kindName(BodyKind kind) {
 QString refusalOf(const Reply& reply, bool empty) {
   constexpr int refusals[] = {401, 402, 403, 407, 429, 451};
   switch (reply.failure) {
-    case NetFailure::Unreachable:
-    case NetFailure::TimedOut:
-    case NetFailure::Cancelled:
-      return u"NO ANSWER"_s;
-    case NetFailure::Cut:
-    case NetFailure::TooLarge:
-      return u"BROKEN"_s;
-    case NetFailure::NoFile:
-      return u"NOTHING"_s;
-    case NetFailure::None:
-    case NetFailure::Status:
-      break;
+  case NetFailure::Unreachable:
+  case NetFailure::TimedOut:
+  case NetFailure::Cancelled:
+    return u"NO ANSWER"_s;
+  case NetFailure::Cut:
+  case NetFailure::TooLarge:
+    return u"BROKEN"_s;
+  case NetFailure::NoFile:
+    return u"NOTHING"_s;
+  case NetFailure::None:
+  case NetFailure::Status:
+    break;
   }
   if (reply.status >= 500 || std::ranges::find(refusals, reply.status) != std::end(refusals))
     return u"REFUSED"_s;

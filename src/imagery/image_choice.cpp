@@ -25,7 +25,8 @@ ImageRow imageRow(const Endpoints& endpoints, const QString& menu, int index, co
                   const QString& path, ImageRow::Kind kind) {
   const ImageRow* told = endpoints.images.find(menu, index);
   const auto host = endpoints.others.constFind(source);
-  ImageRow row = told ? *told : ImageRow{.key = menu, .reason = u"アドレスの表 imagery.ini に行がありません."_s};
+  ImageRow row =
+      told ? *told : ImageRow{.key = menu, .reason = u"アドレスの表 imagery.ini に行がありません."_s};
   if (host == endpoints.others.cend())
     return row;
   ImageRow own{.key = row.key, .kind = kind, .period = row.period};

@@ -14,8 +14,8 @@ namespace soran {
 ImageRow imageRow(const Endpoints& endpoints, const QString& menu, int index, const QString& source,
                   const QString& path, ImageRow::Kind kind);
 
-/// The same for a chart at local time `now`, `timeOffset` being the setting 時差; for a camera; and for a page
-/// that a window of its own or the system's browser shows, by the key of its source.
+/// The same for a chart at local time `now`, `timeOffset` being the setting 時差; for a camera; and for a
+/// page that a window of its own or the system's browser shows, by the key of its source.
 ImageRow chartRow(const Endpoints& endpoints, const ChartItem& item, const QDateTime& now,
                   QStringView timeOffset);
 ImageRow cameraRow(const Endpoints& endpoints, const Camera& camera);

@@ -127,8 +127,8 @@ class ImageWalk {
     found.address = imageAddress(row_, row_.list, time);
     found.isList = true;
     const QByteArray body = keep(inet_.open(found.address), found);
-    const QString name = row_.path.isEmpty() ? nameInPage(QString::fromUtf8(body), row_.pattern)
-                                             : nameInJson(body, row_.path);
+    const QString name =
+        row_.path.isEmpty() ? nameInPage(QString::fromUtf8(body), row_.pattern) : nameInJson(body, row_.path);
     return isThere(found.reply) && !name.isEmpty() ? std::optional(name) : std::nullopt;
   }
 
@@ -168,8 +168,8 @@ BodyKind bodyKind(const QByteArray& body) {
   const struct {
     QByteArrayView mark;
     BodyKind kind;
-  } marks[] = {{"\x89PNG", BodyKind::Png},  {"\xff\xd8\xff", BodyKind::Jpeg}, {"GIF8", BodyKind::Gif},
-               {"%PDF-", BodyKind::Pdf},    {"<svg", BodyKind::Svg},          {"{", BodyKind::Json},
+  } marks[] = {{"\x89PNG", BodyKind::Png},    {"\xff\xd8\xff", BodyKind::Jpeg}, {"GIF8", BodyKind::Gif},
+               {"%PDF-", BodyKind::Pdf},      {"<svg", BodyKind::Svg},          {"{", BodyKind::Json},
                {"<!doctype", BodyKind::Html}, {"<html", BodyKind::Html}};
   if (head.isEmpty())
     return BodyKind::Empty;
@@ -186,12 +186,12 @@ BodyKind bodyKind(const QByteArray& body) {
 
 bool fits(BodyKind body, ImageRow::Kind kind) {
   switch (kind) {
-    case ImageRow::Kind::Picture:
-      return body == BodyKind::Png || body == BodyKind::Jpeg || body == BodyKind::Gif || body == BodyKind::Svg;
-    case ImageRow::Kind::Pdf:
-      return body == BodyKind::Pdf;
-    case ImageRow::Kind::Page:
-      return body != BodyKind::Empty;
+  case ImageRow::Kind::Picture:
+    return body == BodyKind::Png || body == BodyKind::Jpeg || body == BodyKind::Gif || body == BodyKind::Svg;
+  case ImageRow::Kind::Pdf:
+    return body == BodyKind::Pdf;
+  case ImageRow::Kind::Page:
+    return body != BodyKind::Empty;
   }
   return false;
 }
@@ -240,7 +240,8 @@ QString nameInJson(const QByteArray& json, const QString& path) {
 
 QString nameInPage(const QString& page, const QString& pattern) {
   const QStringList parts = pattern.split(u'*');
-  for (qsizetype from = page.indexOf(parts.first()); from >= 0; from = page.indexOf(parts.first(), from + 1)) {
+  for (qsizetype from = page.indexOf(parts.first()); from >= 0;
+       from = page.indexOf(parts.first(), from + 1)) {
     if (const qsizetype end = matchEnd(page, parts, from); end > from)
       return page.sliced(from, end - from);
   }

@@ -11,17 +11,7 @@
 namespace soran {
 
 /// What the bytes of an answer are.
-enum class BodyKind {
-  Empty,
-  Png,
-  Jpeg,
-  Gif,
-  Svg,
-  Pdf,
-  Html,
-  Json,
-  Other
-};
+enum class BodyKind { Empty, Png, Jpeg, Gif, Svg, Pdf, Html, Json, Other };
 
 /// By the first bytes; a text is Other.
 BodyKind bodyKind(const QByteArray& body);
@@ -56,8 +46,8 @@ bool isOld(const QDateTime& time, int period, const QDateTime& now);
 /// The line below a picture: its time in UTC and in Japan, its age, that it is old, and who serves it.
 QString imageNote(const ImageRow& row, const QDateTime& time, const QDateTime& now);
 
-/// The name that a list tells: the text in a JSON at `path` (near.now[0], near.now[max]), or the first text in
-/// a page that looks like `pattern`. Empty where there is none.
+/// The name that a list tells: the text in a JSON at `path` (near.now[0], near.now[max]), or the first text
+/// in a page that looks like `pattern`. Empty where there is none.
 QString nameInJson(const QByteArray& json, const QString& path);
 QString nameInPage(const QString& page, const QString& pattern);
 

@@ -21,7 +21,8 @@ struct Validators {
   bool isEmpty() const { return tag.isEmpty() && modified.isEmpty(); }
 };
 
-/// A date as servers tell it (RFC 9110, 5.6.7: Tue, 24 Nov 2026 05:20:00 GMT), in UTC; invalid where it is none.
+/// A date as servers tell it (RFC 9110, 5.6.7: Tue, 24 Nov 2026 05:20:00 GMT), in UTC; invalid where it is
+/// none.
 QDateTime httpDate(const QByteArray& told);
 
 /// How a program keeps from being a burden to servers: no more than so many requests a minute to a host,

@@ -55,7 +55,8 @@ QString formFault(const ImageRow& row, const QString& form) {
   if (row.step != 0 && minutesOfDay % row.step != 0)
     return u"step は1日 (1440 分) を割り切る数です"_s;
   // What a list names may be a whole address, or one from the list's own place.
-  return form.startsWith(u"{name}") || leadsSomewhere(form) ? QString() : u"アドレスではありません: "_s + form;
+  return form.startsWith(u"{name}") || leadsSomewhere(form) ? QString()
+                                                            : u"アドレスではありません: "_s + form;
 }
 
 /// Why the row cannot be used; empty where it can.

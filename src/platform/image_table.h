@@ -51,16 +51,16 @@ struct ImageTable {
   void overrideBy(const ImageTable& other);
 };
 
-/// Reads a table: sections [key] with lines name=value, comments behind ";" at the begin of a line. A row with
-/// a fault is there with the fault for its reason, so that nothing else is asked in its place.
+/// Reads a table: sections [key] with lines name=value, comments behind ";" at the begin of a line. A row
+/// with a fault is there with the fault for its reason, so that nothing else is asked in its place.
 ImageTable readImageTable(const QByteArray& bytes, const QString& file);
 
-/// The times whose pictures are to be asked for, the newest first, in UTC; one that says nothing where the row
-/// has no step.
+/// The times whose pictures are to be asked for, the newest first, in UTC; one that says nothing where the
+/// row has no step.
 std::vector<QDateTime> imageTimes(const ImageRow& row, const QDateTime& now);
 
-/// An address form of the row, filled; an invalid address where the name leads to another server than the form
-/// or its list, as a list decides only about names.
+/// An address form of the row, filled; an invalid address where the name leads to another server than the
+/// form or its list, as a list decides only about names.
 QUrl imageAddress(const ImageRow& row, const QString& form, const QDateTime& time, const QString& name = {});
 
 } // namespace soran

@@ -143,8 +143,7 @@ class NetInet::OneTransfer final : public Transfer {
     QByteArray body = exchange.takeBody();
     if (isNew)
       client_.network_->courtesy().remember(url_, validators, body);
-    return {
-        .ok = true, .body = std::move(body), .status = status, .modified = httpDate(validators.modified)};
+    return {.ok = true, .body = std::move(body), .status = status, .modified = httpDate(validators.modified)};
   }
 
   void follow(int status, const QUrl& location) {

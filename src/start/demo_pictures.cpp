@@ -107,8 +107,8 @@ ImageRow standIn(const ImageRow& row, const QString& address) {
           .from = madeBy.toString()};
 }
 
-ImageRow demoRow(const QString& base, const QString& key, const ImageRow* told,
-                 const QString& source, const QString& path) {
+ImageRow demoRow(const QString& base, const QString& key, const ImageRow* told, const QString& source,
+                 const QString& path) {
   ImageRow row = told ? *told : ImageRow{.reason = u"-"_s};
   row.key = key;
   return row.isAvailable() && row.kind != ImageRow::Kind::Page

@@ -21,9 +21,9 @@ QByteArray demoPicture(const QString& name, const QString& source, const QDateTi
 /// The same as a document of one page (PDF 1.4), in letters of ASCII.
 QByteArray demoDocument(const QString& name, const QDateTime& time);
 
-/// A table by which every item of the menus is had from the endpoint at `base`, in the way in which `table` has
-/// it: as a picture of its time, from a list, in layers, as a document. Where that has nothing to ask, there is
-/// a stand-in.
+/// A table by which every item of the menus is had from the endpoint at `base`, in the way in which `table`
+/// has it: as a picture of its time, from a list, in layers, as a document. Where that has nothing to ask,
+/// there is a stand-in.
 ImageTable demoTable(const ImageTable& table, const QString& base);
 
 /// Serves a stand-in for every chart, camera and page of the sources, each under demoSourcePath() and its own

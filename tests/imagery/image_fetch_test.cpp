@@ -108,8 +108,8 @@ TEST(ImageNote, TellsTimeAgeAndThatAPictureIsOld) {
     int minutes;
     QStringView age;
     bool old;
-  } cases[] = {{0, u"0分前", false},       {120, u"2時間0分前", false}, {121, u"2時間1分前", true},
-               {-5, u"0分前", false},      {2879, u"47時間59分前", true}, {2880, u"2日前", true}};
+  } cases[] = {{0, u"0分前", false},  {120, u"2時間0分前", false},   {121, u"2時間1分前", true},
+               {-5, u"0分前", false}, {2879, u"47時間59分前", true}, {2880, u"2日前", true}};
   const ImageRow row{.period = 60, .from = u"気象庁"_s};
   for (const auto& c : cases) {
     const QDateTime time = now.addSecs(qint64(-60) * c.minutes);
@@ -125,11 +125,16 @@ TEST(BodyKind, IsToldByTheFirstBytes) {
   const struct {
     QByteArray body;
     BodyKind kind;
-  } cases[] = {{"", BodyKind::Empty},          {" \r\n", BodyKind::Empty},
-               {"\xff\xd8\xff\xe0", BodyKind::Jpeg}, {"GIF89a", BodyKind::Gif},
-               {"%PDF-1.4", BodyKind::Pdf},    {"<!DOCTYPE html><svg>", BodyKind::Html},
-               {"<?xml?><svg >", BodyKind::Svg}, {"[1]", BodyKind::Json},
-               {"[x", BodyKind::Other},        {"RJTT 240500Z", BodyKind::Other}};
+  } cases[] = {{"", BodyKind::Empty},
+               {" \r\n", BodyKind::Empty},
+               {"\xff\xd8\xff\xe0", BodyKind::Jpeg},
+               {"GIF89a", BodyKind::Gif},
+               {"%PDF-1.4", BodyKind::Pdf},
+               {"<!DOCTYPE html><svg>", BodyKind::Html},
+               {"<?xml?><svg >", BodyKind::Svg},
+               {"[1]", BodyKind::Json},
+               {"[x", BodyKind::Other},
+               {"RJTT 240500Z", BodyKind::Other}};
   for (const auto& c : cases)
     EXPECT_EQ(bodyKind(c.body), c.kind) << c.body.toStdString();
 }

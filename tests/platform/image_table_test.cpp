@@ -15,7 +15,8 @@ TEST(ImageTable, ABadRowIsNamedAndTheOthersLiveOn) {
     int at; // line of the fault, from 1 and that of the section; 0 for a good row
     QStringView told;
   } cases[] = {
-      {"address=https://a.example/x_{yyyy}{MM}{dd}{HH}{mm}.png\nstep=30\noffset=20\nback=2\nzone=JST", 0, u""},
+      {"address=https://a.example/x_{yyyy}{MM}{dd}{HH}{mm}.png\nstep=30\noffset=20\nback=2\nzone=JST", 0,
+       u""},
       {"list=https://a.example/l.json\npath=near.now[max]\naddress=https://a.example/{name}", 0, u""},
       {"reason=なし", 0, u""},
       {"", 1, u"address"},
@@ -35,8 +36,8 @@ TEST(ImageTable, ABadRowIsNamedAndTheOthersLiveOn) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.lines);
-    const ImageTable table =
-        readImageTable(QByteArray("[bad]\n") + c.lines + "\n[good]\naddress=https://g.example/\n", u"t.ini"_s);
+    const ImageTable table = readImageTable(
+        QByteArray("[bad]\n") + c.lines + "\n[good]\naddress=https://g.example/\n", u"t.ini"_s);
     ASSERT_EQ(table.rows.size(), 2U);
     EXPECT_TRUE(table.find(u"good"_s, -1)->isAvailable());
     EXPECT_EQ(table.faults.isEmpty(), c.at == 0) << table.faults.join(u'|').toStdString();
@@ -48,7 +49,8 @@ TEST(ImageTable, ABadRowIsNamedAndTheOthersLiveOn) {
 }
 
 TEST(ImageTable, TheUsersRowStandsForTheWholeOfTheOther) {
-  ImageTable table = readImageTable("[a]\naddress=https://a.example/a.pdf\n[b.2]\nreason=x\n[b]\nreason=y", {});
+  ImageTable table =
+      readImageTable("[a]\naddress=https://a.example/a.pdf\n[b.2]\nreason=x\n[b]\nreason=y", {});
   EXPECT_EQ(table.find(u"a"_s, -1)->kind, ImageRow::Kind::Pdf);
   table.overrideBy(readImageTable("x=1\n[a]\nreason=z\n[a]\nreason=w", u"own"_s));
   EXPECT_EQ(table.faults.size(), 2);
@@ -68,7 +70,9 @@ TEST(ImageTable, TimesAreThoseOfTheZoneAndWalkBack) {
        u"",
        u"http://a/202611231430 http://a/202611231400 http://a/202611231330"},
       {{.layers = {u"http://a/{dd}_{HH}"_s}, .japanTime = true, .step = 720}, u"", u"http://a/24_00"},
-      {{.layers = {u"http://a/{dd}_{HH}"_s}, .japanTime = true, .step = 1440, .offset = 11}, u"", u"http://a/23_00"},
+      {{.layers = {u"http://a/{dd}_{HH}"_s}, .japanTime = true, .step = 1440, .offset = 11},
+       u"",
+       u"http://a/23_00"},
       {{.layers = {u"http://a/x.png"_s}}, u"", u"http://a/x.png"},
       {{.layers = {u"http://a/p/{name}"_s}, .list = u"http://b/l"_s}, u"n.png", u"http://a/p/n.png"},
       {{.layers = {u"{name}"_s}, .list = u"http://b/l/{dd}"_s, .step = 720}, u"../n.png", u"http://b/n.png"},

@@ -247,8 +247,11 @@ TEST(Courtesy, KeepsToItsBounds) {
     QByteArray retryAfter;
     Courtesy::Time::duration least;
     Courtesy::Time::duration most;
-  } cases[] = {
-      {"20", 19s, 20s}, {"-5", 0s, 1s}, {"99999", 30min - 1s, 30min}, {"", 59s, 60s}, {inTwoMinutes, 117s, 121s}};
+  } cases[] = {{"20", 19s, 20s},
+               {"-5", 0s, 1s},
+               {"99999", 30min - 1s, 30min},
+               {"", 59s, 60s},
+               {inTwoMinutes, 117s, 121s}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.retryAfter.toStdString());
     courtesy.leaveAlone(far, c.retryAfter);

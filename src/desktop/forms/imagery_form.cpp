@@ -13,9 +13,8 @@ using namespace Qt::StringLiterals;
 
 ImageryForm::ImageryForm(QWidget* parent, Terminal& terminal)
     : QDialog(parent), terminal_(terminal), menuBar_(new QMenuBar(this)),
-      imagery_(
-          new ImageryView(this, terminal.program().services.clock, terminal.program().services.shutdown,
-                          [&terminal](const std::function<void()>& event) { terminal.guarded(event); })),
+      imagery_(new ImageryView(this, terminal.program().services.clock, terminal.program().services.shutdown,
+                               [&terminal](const std::function<void()>& event) { terminal.guarded(event); })),
       note_(new QLabel(this)) {
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                  Qt::WindowCloseButtonHint);

@@ -77,8 +77,8 @@ class ImageryView : public QStackedWidget {
   // A fetch in the event loop may outlive the view.
   std::shared_ptr<NetInet> inet_;
   ImageryTarget target_;
-  QUrl url_;       // what was asked last
-  QDateTime time_; // of the picture
+  QUrl url_;        // what was asked last
+  QDateTime time_;  // of the picture
   int request_ = 0; // a fetch that is no longer the last one has nothing to show
   PictureView* picture_;
   BrowserFrame* browser_ = nullptr; // made at the first page

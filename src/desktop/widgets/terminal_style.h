@@ -7,7 +7,8 @@
 namespace soran {
 
 /// Fusion with frames that stand out on a dark ground (3 to 1 or better for boxes that are ticked), with air
-/// around the captions of buttons, and without the second, lighter writing below grey ones, which blurs there.
+/// around the captions of buttons, and without the second, lighter writing below grey ones, which blurs
+/// there.
 class TerminalStyle : public QProxyStyle {
   Q_OBJECT
  public:
