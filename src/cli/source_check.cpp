@@ -153,6 +153,8 @@ class SourceCheck {
   }
 
   void text(const QString& name, const QUrl& url, int period, const Reader& read) {
+    if (!goesOn_)
+      return;
     const Reply reply = inet_.open(url);
     CheckedSource source{.name = name, .address = url.toString(), .status = reply.status};
     const BodyKind kind = bodyKind(reply.body);
