@@ -75,7 +75,7 @@ QString rowFault(const ImageRow& row) {
   if (!row.list.isEmpty())
     forms.append(row.list);
   for (const QString& form : std::as_const(forms)) {
-    if (const QString fault = formFault(row, form); !fault.isEmpty())
+    if (QString fault = formFault(row, form); !fault.isEmpty())
       return fault;
   }
   return QString();
@@ -266,7 +266,7 @@ ImageTable readImageTable(const QByteArray& bytes, const QString& file) {
 std::vector<QDateTime> imageTimes(const ImageRow& row, const QDateTime& now) {
   if (row.step == 0)
     return {QDateTime()};
-  constexpr qint64 japan = 9 * 3600;
+  constexpr qint64 japan = 9LL * 3600;
   const qint64 ahead = row.japanTime ? japan : 0;
   const qint64 step = qint64(row.step) * 60;
   const qint64 local = now.toSecsSinceEpoch() + ahead - qint64(row.offset) * 60;
