@@ -22,8 +22,9 @@ void openPage(Terminal& terminal, const QString& logLine, const QString& address
     noInternetAlert(terminal);
     return;
   }
-  terminal.program().console.addLogEntry(logLine);
-  terminal.pane().openPage(address);
+  terminal.program().console.addLogEntry(address.isEmpty() ? u"NO ADDRESS OF THIS PAGE"_s : logLine);
+  if (!address.isEmpty())
+    terminal.pane().openPage(address);
 }
 
 QString startPage(const QString& home) {
