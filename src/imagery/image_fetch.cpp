@@ -43,7 +43,7 @@ bool endsAddress(QChar c) {
 /// The end of the match of `parts`, with anything of an address between them, that begins at `from`; -1 where
 /// there is none. No name is longer than a line of a page, which bounds the search in a hostile one.
 qsizetype matchEnd(QStringView page, const QStringList& parts, qsizetype from) {
-  constexpr qsizetype longest = 1024;
+  constexpr qsizetype longest = 512;
   const QStringView near = page.sliced(from).left(longest);
   const auto* const mark = std::find_if(near.begin(), near.end(), endsAddress);
   const QStringView address = near.first(mark - near.begin());
@@ -238,12 +238,14 @@ QString nameInJson(const QByteArray& json, const QString& path) {
   return value.toString();
 }
 
-QString nameInPage(const QString& page, const QString& pattern) {
+QString nameInPage(const QString& whole, const QString& pattern) {
+  constexpr qsizetype largest = qsizetype(512) * 1024;
+  const QStringView page = QStringView(whole).left(largest);
   const QStringList parts = pattern.split(u'*');
   for (qsizetype from = page.indexOf(parts.first()); from >= 0;
        from = page.indexOf(parts.first(), from + 1)) {
     if (const qsizetype end = matchEnd(page, parts, from); end > from)
-      return page.sliced(from, end - from);
+      return page.sliced(from, end - from).toString();
   }
   return QString();
 }

@@ -47,8 +47,9 @@ bool isOld(const QDateTime& time, int period, const QDateTime& now);
 QString imageNote(const ImageRow& row, const QDateTime& time, const QDateTime& now);
 
 /// The name that a list tells: the text in a JSON at `path` (near.now[0], near.now[max]), or the first text
-/// in a page that looks like `pattern`. Empty where there is none.
+/// in a page that looks like `pattern`, of at most 512 characters and within the first 524,288. Empty where
+/// there is none.
 QString nameInJson(const QByteArray& json, const QString& path);
-QString nameInPage(const QString& page, const QString& pattern);
+QString nameInPage(const QString& whole, const QString& pattern);
 
 } // namespace soran

@@ -103,6 +103,12 @@ TEST_F(ImageFetch, AListTellsTheNameAndLayersComeTogether) {
   }
 }
 
+TEST(NameInPage, IsSoughtInABoundedStretch) {
+  const QString runs = u"/p/a"_s.repeated(16 << 20);
+  EXPECT_EQ(nameInPage(runs, u"/p/*.png"_s), QString()); // in a moment, not in minutes
+  EXPECT_EQ(nameInPage(runs.first(400) + u".png", u"/p/*.png"_s).size(), 404);
+}
+
 TEST(ImageNote, TellsTimeAgeAndThatAPictureIsOld) {
   const struct {
     int minutes;
