@@ -30,8 +30,8 @@ install(TARGETS soran-cli soran-update RUNTIME DESTINATION ${CMAKE_INSTALL_BINDI
 set(MANUALS soran-cli soran-update)
 if(TARGET soran)
   install(TARGETS soran RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  # The program looks for it there, one folder deeper than the libraries of the system.
-  install(TARGETS soran-web LIBRARY DESTINATION lib/soran/plugins)
+  # The program looks for them there, one folder deeper than the libraries of the system.
+  install(TARGETS soran-web soran-pdf LIBRARY DESTINATION lib/soran/plugins)
   list(APPEND MANUALS soran)
   install(FILES soran.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${DELIVERED}/icons/soran.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -40,7 +40,7 @@ if(TARGET soran)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()
 
-install(FILES endpoints.ini DESTINATION ${SHARE})
+install(FILES endpoints.ini ${DELIVERED}/imagery.ini DESTINATION ${SHARE})
 install(FILES ${PROJECT_BINARY_DIR}/delivered/version.dat ${PROJECT_BINARY_DIR}/delivered/soran.mdb
   ${DELIVERED}/sound/error.wav ${DELIVERED}/sound/ring.wav DESTINATION ${SHARE}/update/data)
 install(DIRECTORY ${DELIVERED}/help DESTINATION ${SHARE}/home)

@@ -7,6 +7,7 @@
 #include "cli/interactive.h"
 #include "cli/run.h"
 #include "cli/session.h"
+#include "cli/source_check.h"
 #include "cli/standard_stream.h"
 #include "delivered.h"
 
@@ -29,6 +30,9 @@ QByteArray helpText() {
              "(--runs "
              "adds colours)\n"
              "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n"
+             "  soran-cli [OPTIONS] check-sources asks every address once, and tells what it answered "
+             "(--json: "
+             "an object a line)\n"
              "  soran-cli [OPTIONS] export FILE   writes lists, groups, dictionaries and settings as JSON\n"
              "  soran-cli [OPTIONS] import FILE   takes such a file over, whole or not at all\n\n")
       .append(optionsHelp())
@@ -51,6 +55,13 @@ int runCall(LaunchOptions options, StandardStream& output, StandardStream& error
   const QString call = options.rest.takeFirst();
   if (options.runs && call != u"session")
     return refuse(errors, u"--runs goes with session"_s);
+  if (options.json && call != u"check-sources")
+    return refuse(errors, u"--json goes with check-sources"_s);
+  if (call == u"check-sources") {
+    if (!options.rest.isEmpty())
+      return refuse(errors, u"check-sources takes no further arguments"_s);
+    return checkSourcesCall(options, delivered::file, output, errors);
+  }
   if (call == u"export" || call == u"import") {
     if (options.rest.size() != 1)
       return refuse(errors, call + u" needs a file");

@@ -27,6 +27,8 @@ std::optional<int> answerWithoutWindow(const LaunchOptions& options) {
     why = u"unknown argument "_s + options.rest.first();
   if (why.isEmpty() && options.runs)
     why = u"--runs goes with a session of soran-cli"_s;
+  if (why.isEmpty() && options.json)
+    why = u"--json goes with soran-cli check-sources"_s;
   if (!why.isEmpty()) {
     print(stderr, u"soran: "_s + why + u'\n');
     return badArguments;

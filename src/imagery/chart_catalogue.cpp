@@ -118,6 +118,24 @@ constexpr Named radarRegions[] = {
     {u"沖縄西部", u"RISG"},
 };
 
+constexpr Row rowsOfTheLastMenus[] = {
+    {u"menu_chart_lowlevel", u"北海道", u"low_level", u"/fbsp.png", 1, 12660, 9750},
+    {u"menu_chart_lowlevel", u"東北", u"low_level", u"/fbsn.png", 2, 12660, 9750},
+    {u"menu_chart_lowlevel", u"東日本", u"low_level", u"/fbtk.png", 3, 12660, 9750},
+    {u"menu_chart_lowlevel", u"西日本", u"low_level", u"/fbos.png", 4, 12660, 9750},
+    {u"menu_chart_lowlevel", u"奄美", u"low_level", u"/fbkg.png", 5, 12660, 9750},
+    {u"menu_chart_lowlevel", u"沖縄", u"low_level", u"/fbok.png", 6, 12660, 9750},
+    {u"menu_chart_aviation", u"国内悪天予想図 (FBJP)", u"aviation", u"/fbjp.png", 1},
+    {u"menu_chart_aviation", u"シグメット図", u"aviation", u"/sigmet.png", 2},
+    {u"menu_chart_aviation", u"航空気象解説 (QYYA86)", u"aviation", u"/qyya86.png", 3},
+    {u"menu_chart_aviation", u"航空気象解説 (QYYA83)", u"aviation", u"/qyya83.png", 4},
+    {u"menu_chart_himawari", u"赤外", u"himawari", u"/b13.jpg", 1, 10200, 9300},
+    {u"menu_chart_himawari", u"可視", u"himawari", u"/b03.jpg", 2, 10200, 9300},
+    {u"menu_chart_himawari", u"水蒸気", u"himawari", u"/b08.jpg", 3, 10200, 9300},
+    {u"menu_chart_himawari", u"カラー", u"himawari", u"/trm.jpg", 4, 10200, 9300},
+    {u"menu_radar_japan", u"レーダー 日本全域", u"radar_japan", u"/japan.png", -1, 10200, 9300},
+};
+
 constexpr QStringView pdfSubmenu = u"menu_chart_pdf";
 
 constexpr ChartSubmenu submenus[] = {
@@ -133,6 +151,9 @@ constexpr ChartSubmenu submenus[] = {
     {u"menu_chart_amedas_temp", u"気温", u"menu_chart_amedas"},
     {u"menu_chart_amedas_sun", u"日照", u"menu_chart_amedas"},
     {u"menu_chart_radar", u"合成レーダー", u""},
+    {u"menu_chart_lowlevel", u"下層悪天予想図", u""},
+    {u"menu_chart_aviation", u"航空気象情報", u""},
+    {u"menu_chart_himawari", u"ひまわり 日本域", u""},
 };
 
 template <typename Rows>
@@ -174,6 +195,7 @@ QList<ChartItem> chartItems() {
                 QStringLiteral("/amedas/images/amedas-") % kind.word % u"-b-", u".jpg", 10200, 7800);
   appendNamed(items, u"menu_chart_radar", 1, radarRegions, u"radar", QStringLiteral("/radar/images/radar"),
               u".jpg", 10200, 7800);
+  appendRows(items, rowsOfTheLastMenus);
   return items;
 }
 

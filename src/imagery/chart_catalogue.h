@@ -25,6 +25,8 @@ struct ChartItem {
   int height = 0;
   IssueCycle cycle = IssueCycle::None;
 
+  /// The name, with "." and the index where it has one.
+  QString key() const { return index < 0 ? menu : menu + QLatin1Char('.') + QString::number(index); }
   bool isSeparator() const { return path.isEmpty(); }
   bool maximised() const { return width == 0; }
 };

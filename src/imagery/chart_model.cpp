@@ -21,8 +21,7 @@ std::optional<ChartShow> ChartModel::choose(QStringView menu, std::optional<int>
     return std::nullopt;
   const ChartView view = chartView(*item, now, timeOffset_);
   ChartShow show;
-  show.source = item->source;
-  show.address = view.address;
+  show.item = *item;
   show.title = view.title;
   show.maximised = view.maximised;
   show.printable = !view.address.endsWith(u"pdf");

@@ -20,8 +20,7 @@ struct TwipSize {
 
 /// What the window chart does to show an item.
 struct ChartShow {
-  QString source;  ///< key of the server
-  QString address; ///< path on it
+  ChartItem item;
   QString title;   ///< the window's title
   TwipSize view;   ///< the size of the view, also in a maximised window
   TwipSize window; ///< the size of the window, centred over the main window, where it is not maximised

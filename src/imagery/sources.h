@@ -8,13 +8,12 @@
 /// The outside servers of charts and cameras: pages and pictures that the program shows but does not hold.
 namespace soran {
 
-/// One server. Its address is that of the `key` in the endpoints file, else `host`.
+/// Charts or cameras that one server can serve: where the endpoints file has a host under `key`, all of them
+/// come from there, by the paths of the first edition.
 struct ImagerySource {
   QStringView key;  ///< the key in the section [endpoints]
-  QStringView name; ///< who serves it, as shown where it does not answer
-  QStringView host; ///< built-in scheme and host without a trailing slash; empty where none is known
+  QStringView name; ///< what it serves, as shown where it does not answer
   QStringView path; ///< where its pages lie, for those with one base
-  QStringView note; ///< what is known of it, as shown where it does not answer
 };
 
 /// All sources: charts, the page of AIS Japan, then one for each camera ("camera_" and the item's name).

@@ -4,12 +4,22 @@
 
 #include "platform/endpoints.h"
 
-#include <QDateTime>
+#include <QLocale>
 #include <algorithm>
 
 namespace soran {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+QDateTime httpDate(const QByteArray& told) {
+  const QString text = QString::fromLatin1(told).trimmed();
+  const QDate day = QLocale::c().toDate(text.left(16), u"ddd, dd MMM yyyy"_s);
+  const QTime time = QTime::fromString(text.mid(17, 8), u"HH:mm:ss"_s);
+  // Neither is of the own zone, whose clocks jump at hours that are good ones in UTC.
+  return day.isValid() && time.isValid() && text.endsWith(u" GMT") ? QDateTime(day, time, Qt::UTC)
+                                                                   : QDateTime();
+}
 
 std::chrono::milliseconds Courtesy::claim(const QUrl& url) {
   if (isLoopback(url))
@@ -20,6 +30,8 @@ std::chrono::milliseconds Courtesy::claim(const QUrl& url) {
     sent.pop_front();
   if (sent.size() >= mostAMinute)
     return std::chrono::ceil<std::chrono::milliseconds>(sent.front() + 1min - now);
+  if (!sent.empty() && now < sent.back() + apart_)
+    return std::chrono::ceil<std::chrono::milliseconds>(sent.back() + apart_ - now);
   sent.push_back(now);
   return 0ms;
 }
@@ -28,7 +40,7 @@ void Courtesy::leaveAlone(const QUrl& url, const QByteArray& retryAfter) {
   bool isNumber = false;
   qint64 seconds = retryAfter.toLongLong(&isNumber);
   if (!isNumber) {
-    const QDateTime date = QDateTime::fromString(QString::fromLatin1(retryAfter), Qt::RFC2822Date);
+    const QDateTime date = httpDate(retryAfter);
     seconds = date.isValid() ? QDateTime::currentDateTimeUtc().secsTo(date) : 60;
   }
   leftAloneUntil_[url.host()] =

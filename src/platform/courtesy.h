@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QCache>
+#include <QDateTime>
 #include <QUrl>
 #include <chrono>
 #include <deque>
@@ -20,6 +21,10 @@ struct Validators {
   bool isEmpty() const { return tag.isEmpty() && modified.isEmpty(); }
 };
 
+/// A date as servers tell it (RFC 9110, 5.6.7: Tue, 24 Nov 2026 05:20:00 GMT), in UTC; invalid where it is
+/// none.
+QDateTime httpDate(const QByteArray& told);
+
 /// How a program keeps from being a burden to servers: no more than so many requests a minute to a host,
 /// none to one that asked to be left alone, and no body twice that did not change. This machine is spared the
 /// first.
@@ -29,6 +34,9 @@ class Courtesy {
   static constexpr size_t mostAMinute = 100; ///< requests to one host
 
   explicit Courtesy(std::function<Time()> now = std::chrono::steady_clock::now) : now_(std::move(now)) {}
+
+  /// From now on there is so much time between two requests to one host.
+  void keepApart(std::chrono::milliseconds time) { apart_ = time; }
 
   /// Counts a request to the host of `url` where it may be sent now, and returns 0; otherwise the time after
   /// which to try again.
@@ -51,6 +59,7 @@ class Courtesy {
 
  private:
   std::function<Time()> now_;
+  std::chrono::milliseconds apart_{0};
   std::map<QString, std::deque<Time>> sent_;     // by host, within the last minute
   std::map<QString, Time> leftAloneUntil_;       // by host
   QCache<QUrl, Remembered> remembered_{8 << 20}; // bytes

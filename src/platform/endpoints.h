@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/plain_file.h"
+#include "platform/image_table.h"
 #include "platform/report_source.h"
 
 #include <QHash>
@@ -26,7 +27,8 @@ struct Endpoints {
   std::vector<ReportSource> sources = {};
   int ahead = 0;                  ///< stations whose reports are on the way ahead of their turn, 0 to 8
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
-  QHash<QString, QString> others; ///< hosts of charts and cameras, by key
+  QHash<QString, QString> others; ///< hosts of charts and cameras that go before `images`, by key
+  ImageTable images = {};         ///< where each chart and camera is had
 
   /// At least one source.
   std::vector<ReportSource> reportSources() const;

@@ -24,6 +24,10 @@ class Exchange {
   /// What came, once it ended. It is a good answer where failure() is None.
   AnswerReader& answer() { return answer_; }
   NetFailure failure() const { return failure_; }
+  /// By what the server tells that body from others, and when it was changed.
+  const Validators& validators() const {
+    return answer_.isUnchanged() ? known_.validators : answer_.validators();
+  }
   /// The body that came; the one known before where the server says that it did not change.
   QByteArray takeBody() { return answer_.isUnchanged() ? known_.body : answer_.takeBody(); }
 

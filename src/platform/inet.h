@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 #include <QUrl>
 #include <functional>
@@ -27,7 +28,8 @@ struct Reply {
   bool ok = false; ///< the transfer came to its end; else the body is empty and `failure` tells why
   QByteArray body = {};
   NetFailure failure = NetFailure::None;
-  int status = 0; ///< of HTTP, where there was an answer
+  int status = 0;          ///< of HTTP, where there was an answer
+  QDateTime modified = {}; ///< when it was changed last, in UTC; invalid where nobody told
 
   static Reply failed(NetFailure why, int status = 0) { return {.failure = why, .status = status}; }
 

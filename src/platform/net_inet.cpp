@@ -91,18 +91,21 @@ class NetInet::OneTransfer final : public Transfer {
   static constexpr int unavailable = 503;
 
   void get() {
-    Courtesy& courtesy = client_.network_->courtesy();
-    if (courtesy.isLeftAlone(url_)) {
+    if (client_.network_->courtesy().isLeftAlone(url_))
       end(Reply::failed(NetFailure::Status, tooMany));
-      return;
-    }
-    if (const auto wait = courtesy.claim(url_); wait.count() > 0)
-      QTimer::singleShot(wait, &delay_, [this] {
+    else
+      inTurn(&OneTransfer::begin);
+  }
+
+  /// Goes on with `step` as soon as the host may be asked.
+  void inTurn(void (OneTransfer::*step)()) {
+    if (const auto wait = client_.network_->courtesy().claim(url_); wait.count() > 0)
+      QTimer::singleShot(wait, &delay_, [this, step] {
         if (!reply_)
-          get();
+          inTurn(step);
       });
     else
-      begin();
+      (this->*step)();
   }
 
   void begin() {
@@ -129,17 +132,18 @@ class NetInet::OneTransfer final : public Transfer {
     else if (answer.isRedirect())
       follow(status, QUrl::fromEncoded(answer.location()));
     else
-      end({.ok = true, .body = bodyOf(*exchange_), .status = answer.isUnchanged() ? 200 : status});
+      end(good(*exchange_));
   }
 
-  QByteArray bodyOf(Exchange& exchange) {
+  Reply good(Exchange& exchange) {
     const AnswerReader& answer = exchange.answer();
     const bool isNew = answer.status() == 200;
-    const Validators validators = answer.validators();
+    const int status = answer.isUnchanged() ? 200 : answer.status();
+    const Validators validators = exchange.validators();
     QByteArray body = exchange.takeBody();
     if (isNew)
       client_.network_->courtesy().remember(url_, validators, body);
-    return body;
+    return {.ok = true, .body = std::move(body), .status = status, .modified = httpDate(validators.modified)};
   }
 
   void follow(int status, const QUrl& location) {
@@ -150,7 +154,7 @@ class NetInet::OneTransfer final : public Transfer {
       return;
     }
     url_ = next;
-    ask();
+    inTurn(&OneTransfer::ask);
   }
 
   void end(Reply reply) {
@@ -238,7 +242,7 @@ Reply NetInet::readFile(const QUrl& url) const {
   QByteArray body = file.readAll();
   if (file.error() != QFileDevice::NoError)
     return Reply::failed(NetFailure::NoFile);
-  return {.ok = true, .body = std::move(body)};
+  return {.ok = true, .body = std::move(body), .modified = QFileInfo(file).lastModified().toUTC()};
 }
 
 } // namespace soran

@@ -3,7 +3,6 @@
 #include "start/launch.h"
 
 #include "base/plain_file.h"
-#include "imagery/sources.h"
 #include "start/demo_pictures.h"
 
 #include <QCoreApplication>
@@ -74,6 +73,8 @@ LaunchOptions readOptions(const QStringList& arguments) {
       options.demo = true;
     } else if (argument == u"--runs") {
       options.runs = true;
+    } else if (argument == u"--json") {
+      options.json = true;
     } else if (argument == u"--help") {
       options.help = true;
     } else if (argument == u"--version") {
@@ -106,13 +107,14 @@ Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile deliv
   endpointsFile_ = options.endpoints;
   setClock_ = options.now ? static_cast<SetClock*>(clock_.get()) : nullptr;
   endpoints_ = Endpoints::builtIn(u"qrc:/delivered"_s);
-  for (const ImagerySource& source : imagerySources())
-    endpoints_.others.insert(source.key.toString(), source.host.toString());
+  endpoints_.images = readImageTable(delivered_(u"imagery.ini"_s), u"imagery.ini"_s);
   if (options.demo) {
     startDemo(delivered_);
     return;
   }
   takeEndpoints(installed(u"endpoints.ini"));
+  takeImages(installed(u"imagery.ini"));
+  takeImages(directory_ + u"/imagery.ini");
   takeEndpoints(options.endpoints.isEmpty() ? directory_ + u"/endpoints.ini" : options.endpoints);
 }
 
@@ -124,6 +126,14 @@ void Launch::takeEndpoints(const QString& file) {
   // One that is there says whom to ask. Without it the program would ask others.
   if (fault != FileFault::None && fault != FileFault::Missing)
     fault_ = QDir::toNativeSeparators(file) + u": " + faultText(fault, largestSettingsFile);
+}
+
+void Launch::takeImages(const QString& file) {
+  const FileBytes read = readPlainFile(file, largestSettingsFile, Links::Followed);
+  if (read.ok())
+    endpoints_.images.overrideBy(readImageTable(read.bytes, QDir::toNativeSeparators(file)));
+  else if (read.fault != FileFault::Missing)
+    fault_ = QDir::toNativeSeparators(file) + u": " + faultText(read.fault, largestSettingsFile);
 }
 
 void Launch::startDemo(const DeliveredFile& delivered) {
@@ -149,9 +159,8 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   endpoints_.metar = reports + u"stations/";
   endpoints_.cycles = reports + u"cycles/";
   endpoints_.taf = base + u"/pub/data/forecasts/taf/stations/";
-  serveDemoPictures(*server_, *clock_);
-  for (const ImagerySource& source : imagerySources())
-    endpoints_.others.insert(source.key.toString(), base + demoSourcePath(source.key));
+  serveDemoPictures(*server_, *clock_, delivered_);
+  endpoints_.images = demoTable(endpoints_.images, base);
 }
 
 Services Launch::services(const FrontEnd& frontEnd) {

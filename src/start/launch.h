@@ -18,6 +18,7 @@ struct LaunchOptions {
   QString home;      ///< the program's directory; empty for the user's own
   QString endpoints; ///< the endpoints file; empty for endpoints.ini in the program's directory
   bool runs = false; ///< the states of a session tell the coloured runs
+  bool json = false; ///< what is told comes as JSON
   bool demo = false; ///< the embedded endpoint serves everything
   bool help = false;
   bool version = false;
@@ -55,6 +56,8 @@ class Launch {
   SetClock* setClock() { return setClock_; }
   bool demo() const { return server_ != nullptr; }
   const Endpoints& endpoints() const { return endpoints_; }
+  /// Why the program must not start, in words; empty where it may.
+  const QString& fault() const { return fault_; }
   const QString& directory() const { return directory_; }
   /// The endpoints file that the options name, empty where they name none.
   const QString& endpointsFile() const { return endpointsFile_; }
@@ -65,6 +68,7 @@ class Launch {
  private:
   void startDemo(const DeliveredFile& delivered);
   void takeEndpoints(const QString& file);
+  void takeImages(const QString& file);
 
   Shutdown shutdown_;
   Timers& timers_;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/actions.h"
 
-#include "imagery/sources.h"
+#include "imagery/image_choice.h"
 #include "terminal/terminal.h"
 
 namespace soran::action {
@@ -11,14 +11,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The address of a page of the imagery, empty where none is known.
+QString pageOf(const ImageRow& row) {
+  return row.isAvailable() ? imageAddress(row, row.layers.first(), {}).toString() : QString();
+}
+
 /// Opens a page in its own right: without network the user is told, and nothing else happens.
 void openPage(Terminal& terminal, const QString& logLine, const QString& address) {
   if (!terminal.program().networkAvailable) {
     noInternetAlert(terminal);
     return;
   }
-  terminal.program().console.addLogEntry(logLine);
-  terminal.pane().openPage(address);
+  terminal.program().console.addLogEntry(address.isEmpty() ? u"NO ADDRESS OF THIS PAGE"_s : logLine);
+  if (!address.isEmpty())
+    terminal.pane().openPage(address);
 }
 
 QString startPage(const QString& home) {
@@ -51,12 +57,14 @@ void ais(Terminal& terminal) {
     program.console.addLogEntry(u"SYSTEM NO NETWORK CONNECTION"_s);
     return;
   }
-  openPage(terminal, u"DISPLAY AIS-JAPAN"_s, program.services.endpoints.others.value(u"ais"_s));
+  const ImageRow row = aisRow(program.services.endpoints);
+  if (row.account)
+    program.console.addLogEntry(u"AIS-JAPAN MOVED, ACCOUNT REQUIRED"_s);
+  openPage(terminal, u"DISPLAY AIS-JAPAN"_s, pageOf(row));
 }
 
 void yahoo(Terminal& terminal) {
-  const QString host = terminal.program().services.endpoints.others.value(u"yahoo"_s);
-  openPage(terminal, u"DISPLAY Yahoo! WEATHER"_s, host + findImagerySource(u"yahoo")->path);
+  openPage(terminal, u"DISPLAY Yahoo! WEATHER"_s, pageOf(yahooRow(terminal.program().services.endpoints)));
 }
 
 void homePage(Terminal& terminal) {

@@ -51,6 +51,8 @@ TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
       {{u"session"_s, u"more"_s}, 2, "session"},
       {{u"batch"_s, u"more"_s}, 2, "batch"},
       {{u"--runs"_s, u"batch"_s}, 2, "--runs"},
+      {{u"--json"_s, u"batch"_s}, 2, "--json"},
+      {{u"check-sources"_s, u"all"_s}, 2, "further"},
       {{u"export"_s}, 2, "export"},
       {with({u"run"_s, u"RJTT"_s}), 1, "インターネットに接続できません"},
       {{u"--home"_s, elsewhere, u"run"_s, u"RJTT"_s}, 1, "ディレクトリ"},

@@ -131,8 +131,20 @@ TEST_F(PanelTest, ChartsOfTheDemonstration) {
   EXPECT_TRUE(settle(form, [&] { seconds(300); }));
   EXPECT_NE(form.imagery().grab().toImage(), before);
 
-  trigger(form, u"menu_SPAS"_s);
-  EXPECT_EQ(form.windowTitle(), u" 速報天気図");
+  const auto* note = form.findChild<QLabel*>(u"lblNoteLine"_s);
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_radar_japan"_s); }));
+  EXPECT_TRUE(note->text().startsWith(u"2026/")) << note->text().toStdString();
+  EXPECT_FALSE(form.imagery().isOld());
+  launch_->setClock()->advance(3600);
+  seconds(1);
+  EXPECT_TRUE(note->text().contains(u"古い画像です")) << note->text().toStdString();
+  EXPECT_TRUE(form.imagery().isOld());
+
+  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_ASAS"_s); }));
+  EXPECT_FALSE(form.imagery().failed());
+  EXPECT_EQ(form.imagery().currentWidget()->grab().toImage().pixelColor(form.imagery().rect().center()),
+            QColor(Qt::white)); // a page of paper, not the ground behind pictures
+  EXPECT_EQ(form.windowTitle(), u" アジア地上解析図");
   EXPECT_FALSE(form.findChild<QAction*>(u"menu_print"_s)->isEnabled());
   EXPECT_TRUE(form.isMaximized());
 }
@@ -188,8 +200,13 @@ TEST_F(PanelTest, ASourceThatDoesNotAnswerIsNamed) {
   EXPECT_TRUE(settle(form, [&] { form.findChild<QPushButton*>(u"cmdRetry"_s)->click(); }));
   EXPECT_FALSE(form.imagery().failed());
 
-  EXPECT_TRUE(settle(form, [&] { trigger(form, u"menu_suisha"_s); }));
+  const auto* grey = form.findChild<QAction*>(u"menu_suisha"_s);
+  EXPECT_FALSE(grey->isEnabled());
+  EXPECT_TRUE(form.findChild<QAction*>(u"menu_sendai"_s)->isEnabled());
+  EXPECT_TRUE(settle(form, [&] { form.choose(u"menu_suisha"_s, {}); }));
   EXPECT_TRUE(form.imagery().failed());
+  EXPECT_TRUE(text(u"lblNote").startsWith(grey->toolTip()));
+  EXPECT_FALSE(form.findChild<QPushButton*>(u"cmdRetry"_s)->isVisible());
 }
 
 TEST_F(PanelTest, NoticeAheadOfTheChartsIsKeptAway) {

@@ -39,7 +39,7 @@ class WindowTest : public testing::Test {
     if (!file.open(QIODevice::WriteOnly))
       std::abort();
     file.write("[endpoints]\nupdate=" + base + "\nhome=" + base + "\nmetar=" + base + "/metar/\ntaf=" + base +
-               "/taf/\ncycles=" + base + "/cycles/\n");
+               "/taf/\ncycles=" + base + "/cycles/\ndaily_weather=" + base + '\n');
     file.close();
     options_.home = home_.path();
     options_.now = readInstant(QStringLiteral("2026-11-24T14:20:00+09:00"));

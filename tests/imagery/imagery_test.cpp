@@ -108,7 +108,7 @@ TEST(ChartCatalogue, EveryItemHasAServerAndASubmenu) {
     EXPECT_FALSE(seen.contains(item.path));
     seen.insert(item.path);
   }
-  EXPECT_EQ(shown, 4 + 1 + 17 + 1 + 3 + 3 + 2 + 1 + 2 + 20 + 32 + 8);
+  EXPECT_EQ(shown, 4 + 1 + 17 + 1 + 3 + 3 + 2 + 1 + 2 + 20 + 32 + 8 + 6 + 4 + 4 + 1);
   for (const Camera& camera : cameras())
     EXPECT_NE(findImagerySource(camera.source), nullptr);
 }

@@ -233,16 +233,25 @@ TEST(Courtesy, KeepsToItsBounds) {
   now += 50s;
   EXPECT_EQ(courtesy.claim(far), 0ms);
   EXPECT_EQ(courtesy.claim(far), 100ms);
-  const QByteArray inAMinute =
+  courtesy.keepApart(1s);
+  const QUrl near(u"https://other.example/2"_s);
+  EXPECT_EQ(courtesy.claim(near), 0ms);
+  now += 400ms;
+  EXPECT_EQ(courtesy.claim(near), 600ms);
+  EXPECT_EQ(courtesy.claim(QUrl(u"http://127.0.0.1/"_s)), 0ms);
+  const QByteArray inTwoMinutes =
       QLocale::c()
-          .toString(QDateTime::currentDateTimeUtc().addSecs(60), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'")
+          .toString(QDateTime::currentDateTimeUtc().addSecs(120), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'")
           .toLatin1();
   const struct {
     QByteArray retryAfter;
     Courtesy::Time::duration least;
     Courtesy::Time::duration most;
-  } cases[] = {
-      {"20", 19s, 20s}, {"-5", 0s, 1s}, {"99999", 30min - 1s, 30min}, {"", 59s, 60s}, {inAMinute, 57s, 61s}};
+  } cases[] = {{"20", 19s, 20s},
+               {"-5", 0s, 1s},
+               {"99999", 30min - 1s, 30min},
+               {"", 59s, 60s},
+               {inTwoMinutes, 117s, 121s}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.retryAfter.toStdString());
     courtesy.leaveAlone(far, c.retryAfter);

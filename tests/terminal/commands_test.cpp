@@ -131,8 +131,9 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
       {u"   "_s, QString(), {}, {}, u"   "_s},
       {QString(), QString(), {}, {}, u"   "_s},
       {u"LOG"_s, prompt, {u"DISPLAY RUNNING LOG"_s}, {u"log"_s}},
-      {u"AIS"_s, QString(), {u"DISPLAY AIS-JAPAN"_s}, {QString()}, u"AIS"_s},
+      {u"AIS"_s, QString(), {u"DISPLAY AIS-JAPAN"_s}, {u"http://ais"_s}, u"AIS"_s},
   };
+  run.program.services.endpoints.others = {{u"ais"_s, u"http://ais"_s}};
   ASSERT_TRUE(run.begin());
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line.toStdString());

@@ -106,6 +106,18 @@ TEST_F(MenusTest, EveryEntryDoesWhatItSays) {
     EXPECT_TRUE(run.terminal.forms().isOpen(form)) << nameOf(form).toStdString();
 }
 
+TEST_F(MenusTest, APageThatAsksForAnAccountOrHasMovedAwayIsTold) {
+  Endpoints& endpoints = run.program.services.endpoints;
+  endpoints.others.clear();
+  endpoints.images = readImageTable("[ais]\naddress=https://p.example/swim/\nkind=page\naccount=yes\n", {});
+  menus().choose(u"menu_ais"_s, {});
+  EXPECT_EQ(joined(run.desk.takeSeen().pages), u"https://p.example/swim/");
+  EXPECT_EQ(run.program.console.log().rows()[1].message, u"AIS-JAPAN MOVED, ACCOUNT REQUIRED");
+  menus().choose(u"menu_yahoo"_s, {});
+  EXPECT_EQ(joined(run.desk.takeSeen().pages), QString());
+  EXPECT_EQ(run.program.console.log().rows()[0].message, u"NO ADDRESS OF THIS PAGE");
+}
+
 TEST_F(MenusTest, AnEntryThatIsMissingIsTold) {
   for (const QString& name : {u"menu_nothing"_s, u"menu_listAP"_s, u"MENU_PRINT"_s, QString()})
     EXPECT_FALSE(menus().choose(name)) << name.toStdString();

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/forms/camera_form.h"
 
+#include "imagery/image_choice.h"
+
 #include <QMenu>
+#include <algorithm>
 
 namespace soran {
 
@@ -23,7 +26,8 @@ CameraForm::CameraForm(QWidget* parent, Terminal& terminal) : ImageryForm(parent
   menu->setObjectName(u"menu_camera"_s);
   menu->setAccessibleName(caption.toString());
   for (const Camera& camera : cameras())
-    addEntry(*menu, camera.menu.toString(), -1, camera.caption.toString());
+    addEntry(*menu, camera.menu.toString(), -1, camera.caption.toString(),
+             cameraRow(terminal.program().services.endpoints, camera));
 }
 
 void CameraForm::begin() {
@@ -39,7 +43,9 @@ void CameraForm::choose(const QString& menu, std::optional<int>) {
 
 void CameraForm::present(const CameraView& shown) {
   setWindowTitle(shown.title);
-  load({shown.source, shown.address, shown.refresh});
+  const Endpoints& endpoints = terminal().program().services.endpoints;
+  const auto camera = std::ranges::find(cameras(), shown.source, &Camera::source);
+  load({cameraRow(endpoints, *camera), shown.source, shown.address});
 }
 
 } // namespace soran

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/forms/chart_form.h"
 
+#include "imagery/image_choice.h"
+
 #include <QMenu>
 #include <QPointer>
 #include <QPrintDialog>
@@ -15,10 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int twipsPerPixel = 15;
-
-bool isPicture(const QString& address) {
-  return address.endsWith(u".png") || address.endsWith(u".jpg") || address.endsWith(u".gif");
-}
 
 /// Makes the sub-menus where the first of their entries asks for them, each in the one around it.
 class SubmenuMaker {
@@ -64,8 +62,14 @@ void ChartForm::makeMenus() {
     if (item.isSeparator())
       menu.addSeparator();
     else
-      addEntry(menu, item.menu, item.index, item.caption);
+      addEntry(menu, item.menu, item.index, item.caption, rowOf(item));
   }
+}
+
+ImageRow ChartForm::rowOf(const ChartItem& item) const {
+  Program& program = terminal().program();
+  return chartRow(program.services.endpoints, item, program.services.clock.now(),
+                  program.settings()[key::時差].value_or(QString()));
 }
 
 void ChartForm::begin() {
@@ -73,7 +77,14 @@ void ChartForm::begin() {
   Program& program = terminal().program();
   model_.emplace(TwipSize{main.width() * twipsPerPixel, main.height() * twipsPerPixel},
                  program.settings()[key::時差].value_or(QString()));
-  present(model_->open(program.services.clock.now()));
+  const QDateTime now = program.services.clock.now();
+  ChartShow first = model_->open(now);
+  // Where the day's summary is served no more, its sub-menu has something that is.
+  for (const ChartItem& item : chartItems()) {
+    if (item.submenu == first.item.submenu && !rowOf(first.item).isAvailable() && rowOf(item).isAvailable())
+      first = model_->choose(item.menu, item.index, now).value_or(first);
+  }
+  present(first);
 }
 
 void ChartForm::choose(const QString& menu, std::optional<int> index) {
@@ -86,9 +97,12 @@ void ChartForm::choose(const QString& menu, std::optional<int> index) {
 void ChartForm::present(const ChartShow& shown) {
   setWindowTitle(shown.title);
   const bool anyPrinter = !terminal().program().services.printers.installed().isEmpty();
-  print_->setEnabled(ChartModel::printEnabled(shown, anyPrinter));
+  const ImageRow row = rowOf(shown.item);
+  ChartShow printed = shown;
+  printed.printable = row.kind != ImageRow::Kind::Pdf;
+  print_->setEnabled(ChartModel::printEnabled(printed, anyPrinter));
   layOut({shown.view.width / twipsPerPixel, shown.view.height / twipsPerPixel}, shown.maximised);
-  load({shown.source, shown.address, isPicture(shown.address)});
+  load({row, shown.item.source, shown.item.path});
 }
 
 void ChartForm::printByMenu() {

@@ -21,6 +21,7 @@ class ChartForm : public ImageryForm {
 
  private:
   void makeMenus();
+  ImageRow rowOf(const ChartItem& item) const;
   void present(const ChartShow& shown);
   void printByMenu();
 

@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 ImageryForm::ImageryForm(QWidget* parent, Terminal& terminal)
     : QDialog(parent), terminal_(terminal), menuBar_(new QMenuBar(this)),
-      imagery_(
-          new ImageryView(this, terminal.program().services.endpoints, terminal.program().services.shutdown,
-                          [&terminal](const std::function<void()>& event) { terminal.guarded(event); })) {
+      imagery_(new ImageryView(this, terminal.program().services.clock, terminal.program().services.shutdown,
+                               [&terminal](const std::function<void()>& event) { terminal.guarded(event); })),
+      note_(new QLabel(this)) {
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                  Qt::WindowCloseButtonHint);
   menuBar_->setObjectName(u"menubar"_s);
@@ -24,17 +24,29 @@ ImageryForm::ImageryForm(QWidget* parent, Terminal& terminal)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setMenuBar(menuBar_);
-  layout->addWidget(imagery_);
+  layout->addWidget(imagery_, 1);
+  note_->setObjectName(u"lblNoteLine"_s);
+  note_->setAccessibleName(u"画像の時刻"_s);
+  note_->setTextFormat(Qt::PlainText);
+  note_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  note_->setMargin(4);
+  layout->setSpacing(0);
+  layout->addWidget(note_);
+  connect(imagery_, &ImageryView::settled, this, &ImageryForm::showNote);
   timer_ = terminal_.program().services.timers.make([this] { onTick(); });
 }
 
 ImageryForm::~ImageryForm() = default;
 
-void ImageryForm::addEntry(QMenu& menu, const QString& name, int index, const QString& caption) {
+void ImageryForm::addEntry(QMenu& menu, const QString& name, int index, const QString& caption,
+                           const ImageRow& row) {
   QString text = caption;
   QAction* action = menu.addAction(text.replace(u'&', u"&&"_s));
   action->setObjectName(name);
   action->setData(index);
+  action->setEnabled(row.isAvailable());
+  action->setToolTip(row.reason);
+  menu.setToolTipsVisible(true);
   connect(action, &QAction::triggered, this, [this, name, index] {
     terminal_.guarded([&] { choose(name, index < 0 ? std::nullopt : std::optional(index)); });
   });
@@ -56,7 +68,17 @@ void ImageryForm::done(int result) {
   QDialog::done(result);
 }
 
+void ImageryForm::showNote() {
+  const QString text = imagery_->note();
+  if (note_->text() == text)
+    return;
+  note_->setText(text);
+  note_->setStyleSheet(imagery_->isOld() ? u"background: #b00020; color: #ffffff; font-weight: bold;"_s
+                                         : QString());
+}
+
 void ImageryForm::onTick() {
+  showNote();
   if (tick())
     terminal_.guarded([this] { imagery_->refresh(); });
 }
@@ -80,7 +102,7 @@ void ImageryForm::layOut(QSize viewSize, bool maximised) {
   }
   if (isMaximized())
     showNormal();
-  const QSize around(0, menuBar_->heightForWidth(viewSize.width()));
+  const QSize around(0, menuBar_->heightForWidth(viewSize.width()) + note_->sizeHint().height());
   resize((viewSize + around).boundedTo(screen()->availableSize() * 19 / 20));
   if (const QWidget* main = parentWidget())
     move(main->frameGeometry().center() - rect().center());

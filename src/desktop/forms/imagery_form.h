@@ -6,6 +6,7 @@
 #include "terminal/terminal.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <memory>
 
@@ -33,10 +34,11 @@ class ImageryForm : public QDialog {
 
   void showEvent(QShowEvent* event) override;
 
-  Terminal& terminal() { return terminal_; }
+  Terminal& terminal() const { return terminal_; }
   QMenuBar& menuBar() { return *menuBar_; }
   /// An entry that is chosen by `name` and, where it is not negative, `index`.
-  void addEntry(QMenu& menu, const QString& name, int index, const QString& caption);
+  /// It is grey, with the reason to be read beside it, where the row says that there is nothing to ask.
+  void addEntry(QMenu& menu, const QString& name, int index, const QString& caption, const ImageRow& row);
 
   /// Sets the size of the view in pixels and the window around it over the middle of the main window.
   void layOut(QSize viewSize, bool maximised);
@@ -45,10 +47,12 @@ class ImageryForm : public QDialog {
 
  private:
   void onTick();
+  void showNote();
 
   Terminal& terminal_;
   QMenuBar* menuBar_;
   ImageryView* imagery_;
+  QLabel* note_;
   std::unique_ptr<Timer> timer_;
   bool opened_ = false; // and not closed by the user since
 };

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/browser_frame.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include "desktop/widgets/program_module.h"
+
 #include <QLoggingCategory>
-#include <QPluginLoader>
 #include <QVBoxLayout>
 #include <unistd.h>
 
@@ -16,11 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcBrowser, "soran.desktop")
-
-/// The folder of the program's modules, beside that of its executables.
-QString enginePath() {
-  return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/soran/plugins/soran-web"_s);
-}
 
 /// The engine ends the whole process where it is to run its sandbox for the superuser.
 bool engineWouldAbort() {
@@ -43,12 +37,9 @@ bool BrowserFrame::loadEngine() {
     qCWarning(lcBrowser) << "passed over: web pages for the superuser";
     return false;
   }
-  QPluginLoader loader(enginePath());
-  auto* factory = qobject_cast<WebPageFactory*>(loader.instance());
-  if (!factory) {
-    qCWarning(lcBrowser) << "passed over: loading the web engine -" << loader.errorString();
+  auto* factory = moduleOf<WebPageFactory>(u"soran-web"_s);
+  if (!factory)
     return false;
-  }
   page_ = factory->make(this);
   page_->onState = [this](WebPage::State state) { emit pageState(state); };
   page_->onAddress = [this](const QUrl& url) { emit addressChanged(url.toString()); };

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/imagery_view.h"
 
+#include "desktop/pdf/pdf_reader.h"
 #include "desktop/widgets/browser_frame.h"
 #include "desktop/widgets/picture_view.h"
+#include "desktop/widgets/program_module.h"
 #include "imagery/sources.h"
 
 #include <QLabel>
@@ -43,8 +45,8 @@ QString breakable(QString address) {
 
 } // namespace
 
-ImageryView::ImageryView(QWidget* parent, const Endpoints& endpoints, const Shutdown& shutdown, Guard guard)
-    : QStackedWidget(parent), endpoints_(endpoints), guard_(std::move(guard)),
+ImageryView::ImageryView(QWidget* parent, const Clock& clock, const Shutdown& shutdown, Guard guard)
+    : QStackedWidget(parent), clock_(clock), guard_(std::move(guard)),
       inet_(std::make_shared<NetInet>(makeNetwork(), shutdown)), picture_(new PictureView(this)) {
   setObjectName(u"WebBrowser"_s);
   setAccessibleName(u"画像"_s);
@@ -74,12 +76,12 @@ QWidget* ImageryView::makeFailurePage() {
   sourceName_ = addLine(page, u"lblSource"_s, u"提供元"_s);
   sourceAddress_ = addLine(page, u"lblAddress"_s, u"アドレス"_s);
   sourceNote_ = addLine(page, u"lblNote"_s, u"説明"_s);
-  auto* again = new QPushButton(u"再試行"_s, page);
-  again->setObjectName(u"cmdRetry"_s);
-  again->setAccessibleName(u"再試行"_s);
-  page->setFocusProxy(again);
-  connect(again, &QPushButton::clicked, this, [this] { guard_([this] { refresh(); }); });
-  layout->addWidget(again, 0, Qt::AlignHCenter);
+  again_ = new QPushButton(u"再試行"_s, page);
+  again_->setObjectName(u"cmdRetry"_s);
+  again_->setAccessibleName(u"再試行"_s);
+  page->setFocusProxy(again_);
+  connect(again_, &QPushButton::clicked, this, [this] { guard_([this] { refresh(); }); });
+  layout->addWidget(again_, 0, Qt::AlignHCenter);
   layout->addStretch();
   return page;
 }
@@ -90,19 +92,18 @@ void ImageryView::describe(const QString& title) {
 
 void ImageryView::open(const ImageryTarget& target) {
   target_ = target;
-  const QString host = endpoints_.others.value(target.source);
-  url_ = host.isEmpty() ? QUrl() : QUrl(host + target.address);
   refresh();
 }
 
 void ImageryView::refresh() {
   stop();
-  if (!url_.isValid() || url_.host().isEmpty())
+  url_ = QUrl();
+  if (!target_.row.isAvailable())
     showFailure();
-  else if (target_.still)
-    fetch();
-  else
+  else if (target_.row.kind == ImageRow::Kind::Page)
     openPage();
+  else
+    fetch();
 }
 
 void ImageryView::stop() {
@@ -116,13 +117,27 @@ void ImageryView::fetch() {
   const QPointer<ImageryView> self(this);
   const std::shared_ptr<NetInet> inet = inet_;
   const int request = request_;
-  const Reply reply = inet->open(url_);
+  const FetchedImage found = fetchImage(*inet, target_.row, clock_.now());
   if (!self || request != request_)
     return;
-  if (reply.ok && picture_->showPicture(reply.body))
-    settle(picture_);
-  else
+  url_ = found.address;
+  if (!found.ok() || !showFound(found)) {
     showFailure();
+    return;
+  }
+  time_ = found.time;
+  settle(picture_);
+}
+
+bool ImageryView::showFound(const FetchedImage& found) {
+  if (target_.row.kind == ImageRow::Kind::Picture)
+    return picture_->showPictures(found.layers);
+  auto* reader = moduleOf<PdfReader>(u"soran-pdf"_s);
+  constexpr int largestSide = 3000;
+  const QImage image = reader ? reader->draw(found.layers.front(), largestSide) : QImage();
+  if (!image.isNull())
+    picture_->showImage(image);
+  return !image.isNull();
 }
 
 void ImageryView::openPage() {
@@ -133,12 +148,13 @@ void ImageryView::openPage() {
     addWidget(browser_);
     connect(browser_, &BrowserFrame::pageState, this, &ImageryView::onPageState);
   }
+  url_ = imageAddress(target_.row, target_.row.layers.first(), {});
   browser_->open(url_.toString());
 }
 
 void ImageryView::onPageState(WebPage::State state) {
   // A page that was left for a picture has nothing to say any more.
-  if (target_.still)
+  if (target_.row.kind != ImageRow::Kind::Page)
     return;
   if (state == WebPage::State::Started)
     setCurrentWidget(browser_);
@@ -156,16 +172,26 @@ void ImageryView::settle(QWidget* page) {
 }
 
 void ImageryView::showFailure() {
+  const QString howToName =
+      u"\nアドレスが分かるときは、endpoints.ini の %1 か imagery.ini の [%2] に指定してください."_s;
+  const ImageRow& row = target_.row;
   const ImagerySource* source = findImagerySource(target_.source);
-  const bool known = !url_.isEmpty();
-  sourceName_->setText(source ? source->name.toString() : target_.source);
-  sourceAddress_->setText(breakable(known ? url_.toString() : target_.address));
-  QString note = known ? u"サーバーが応答しないか、画像がありません."_s
-                       : u"サーバーのアドレスがありません (endpoints.ini の "_s + target_.source + u")."_s;
-  if (source && !source->note.isEmpty())
-    note += u'\n' + source->note;
-  sourceNote_->setText(note);
+  const QString name = source ? source->name.toString() : target_.source;
+  sourceName_->setText(row.from.isEmpty() ? name : name + u" - " + row.from);
+  sourceAddress_->setText(breakable(row.isAvailable() ? url_.toString() : target_.path));
+  sourceNote_->setText(row.isAvailable() ? u"サーバーが応答しないか、画像がありません."_s
+                                         : row.reason + howToName.arg(target_.source, row.key));
+  again_->setVisible(row.isAvailable());
   settle(failure_);
+}
+
+QString ImageryView::note() const {
+  return currentWidget() == picture_ && picture_->hasPicture() ? imageNote(target_.row, time_, clock_.now())
+                                                               : QString();
+}
+
+bool ImageryView::isOld() const {
+  return !note().isEmpty() && soran::isOld(time_, target_.row.period, clock_.now());
 }
 
 bool ImageryView::print(QPrinter& printer) {

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "desktop/web/web_page.h"
-#include "platform/endpoints.h"
+#include "imagery/image_fetch.h"
+#include "platform/clock.h"
 #include "platform/net_inet.h"
 
 #include <QStackedWidget>
@@ -12,6 +13,7 @@
 
 class QLabel;
 class QPrinter;
+class QPushButton;
 
 namespace soran {
 
@@ -20,20 +22,20 @@ class PictureView;
 
 /// What a view of charts or cameras is to show.
 struct ImageryTarget {
-  QString source;     ///< key of the server
-  QString address;    ///< path and query on it
-  bool still = false; ///< a picture that the program fetches itself; else a page for the web engine
+  ImageRow row;
+  QString source; ///< the key in the endpoints file
+  QString path;   ///< on the host that may stand there
 };
 
-/// The view `WebBrowser` of charts and cameras: a picture, a web page, or the program's own page where the
-/// source has no host or does not answer.
+/// The view `WebBrowser` of charts and cameras: a picture, a web page, or the program's own page where there
+/// is nothing to ask or nothing comes.
 class ImageryView : public QStackedWidget {
   Q_OBJECT
  public:
   /// Carries an event out that may wait and be unwound.
   using Guard = std::function<void(const std::function<void()>&)>;
 
-  ImageryView(QWidget* parent, const Endpoints& endpoints, const Shutdown& shutdown, Guard guard);
+  ImageryView(QWidget* parent, const Clock& clock, const Shutdown& shutdown, Guard guard);
   ~ImageryView() override;
 
   /// What screen readers call the picture.
@@ -49,6 +51,11 @@ class ImageryView : public QStackedWidget {
   /// The program's own page is up.
   bool failed() const { return currentWidget() == failure_; }
 
+  /// The line that goes with the picture, as of now, and whether it says that the picture is old; empty where
+  /// none is shown.
+  QString note() const;
+  bool isOld() const;
+
   /// Prints what is shown on one page; false where the printer failed.
   bool print(QPrinter& printer);
 
@@ -60,16 +67,18 @@ class ImageryView : public QStackedWidget {
   QWidget* makeFailurePage();
   void fetch();
   void openPage();
+  bool showFound(const FetchedImage& found);
   void showFailure();
   void settle(QWidget* page);
   void onPageState(WebPage::State state);
 
-  const Endpoints& endpoints_;
+  const Clock& clock_;
   Guard guard_;
   // A fetch in the event loop may outlive the view.
   std::shared_ptr<NetInet> inet_;
   ImageryTarget target_;
-  QUrl url_;
+  QUrl url_;        // what was asked last
+  QDateTime time_;  // of the picture
   int request_ = 0; // a fetch that is no longer the last one has nothing to show
   PictureView* picture_;
   BrowserFrame* browser_ = nullptr; // made at the first page
@@ -77,6 +86,7 @@ class ImageryView : public QStackedWidget {
   QLabel* sourceName_ = nullptr;
   QLabel* sourceAddress_ = nullptr;
   QLabel* sourceNote_ = nullptr;
+  QPushButton* again_ = nullptr;
 };
 
 } // namespace soran

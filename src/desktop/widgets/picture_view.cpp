@@ -16,28 +16,49 @@ bool isDrawing(const QByteArray& bytes) {
 
 } // namespace
 
-bool PictureView::showPicture(const QByteArray& bytes) {
-  auto drawing = isDrawing(bytes) ? std::make_unique<QSvgRenderer>(bytes) : nullptr;
-  const QImage image = drawing ? QImage() : QImage::fromData(bytes);
-  if (drawing ? !drawing->isValid() : image.isNull())
-    return false;
-  drawing_ = std::move(drawing);
-  image_ = image;
+std::optional<PictureView::Layer> PictureView::layerOf(const QByteArray& bytes) {
+  Layer layer;
+  if (isDrawing(bytes))
+    layer.drawing = std::make_unique<QSvgRenderer>(bytes);
+  else
+    layer.image = QImage::fromData(bytes);
+  const bool good = layer.drawing ? layer.drawing->isValid() : !layer.image.isNull();
+  return good ? std::optional(std::move(layer)) : std::nullopt;
+}
+
+bool PictureView::showPictures(std::span<const QByteArray> pictures) {
+  std::vector<Layer> layers;
+  for (const QByteArray& bytes : pictures) {
+    std::optional<Layer> layer = layerOf(bytes);
+    if (!layer)
+      return false;
+    layers.push_back(*std::move(layer));
+  }
+  layers_ = std::move(layers);
   update();
   return true;
+}
+
+void PictureView::showImage(const QImage& image) {
+  layers_.clear();
+  layers_.push_back({.image = image, .drawing = nullptr});
+  update();
 }
 
 void PictureView::paintInto(QPainter& painter, const QRectF& area) {
   if (!hasPicture())
     return;
-  const QSizeF own = drawing_ ? QSizeF(drawing_->defaultSize()) : QSizeF(image_.size());
+  const Layer& first = layers_.front();
+  const QSizeF own = first.drawing ? QSizeF(first.drawing->defaultSize()) : QSizeF(first.image.size());
   QRectF place(QPointF(), own.scaled(area.size(), Qt::KeepAspectRatio));
   place.moveCenter(area.center());
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  if (drawing_)
-    drawing_->render(&painter, place);
-  else
-    painter.drawImage(place, image_);
+  for (const Layer& layer : layers_) {
+    if (layer.drawing)
+      layer.drawing->render(&painter, place);
+    else
+      painter.drawImage(place, layer.image);
+  }
 }
 
 void PictureView::paintEvent(QPaintEvent*) {

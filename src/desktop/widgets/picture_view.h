@@ -6,6 +6,9 @@
 #include <QSvgRenderer>
 #include <QWidget>
 #include <memory>
+#include <optional>
+#include <span>
+#include <vector>
 
 namespace soran {
 
@@ -15,9 +18,12 @@ class PictureView : public QWidget {
  public:
   explicit PictureView(QWidget* parent = nullptr) : QWidget(parent) {}
 
-  /// Shows a picture (PNG, JPEG, GIF, SVG); false, and the picture before stays, where it is none.
-  bool showPicture(const QByteArray& bytes);
-  bool hasPicture() const { return drawing_ || !image_.isNull(); }
+  /// Shows pictures (PNG, JPEG, GIF, SVG) drawn over one another, each as large as the first; false, and what
+  /// was there before stays, where one of them is none.
+  bool showPictures(std::span<const QByteArray> pictures);
+  void showImage(const QImage& image);
+  bool showPicture(const QByteArray& bytes) { return showPictures({&bytes, 1}); }
+  bool hasPicture() const { return !layers_.empty(); }
 
   /// Draws the picture into the middle of `area`, as large as it allows.
   void paintInto(QPainter& painter, const QRectF& area);
@@ -26,8 +32,13 @@ class PictureView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QImage image_;
-  std::unique_ptr<QSvgRenderer> drawing_; // in place of an image
+  struct Layer {
+    QImage image;
+    std::unique_ptr<QSvgRenderer> drawing; // in place of an image
+  };
+  static std::optional<Layer> layerOf(const QByteArray& bytes);
+
+  std::vector<Layer> layers_;
 };
 
 } // namespace soran

@@ -33,4 +33,9 @@ QSize TerminalStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
   return type == CT_PushButton ? size + air : size;
 }
 
+int TerminalStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* more) const {
+  return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 } // namespace soran
