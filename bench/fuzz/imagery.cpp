@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The table of charts of a user, up to the first NUL, and behind it the list that its rows ask for a name.
+#include "base/utc.h"
 #include "imagery/image_fetch.h"
 #include "platform/network.h"
 #include "targets.h"
@@ -29,7 +30,7 @@ void nameFrom(const ImageRow& row, QByteArrayView list, const QDateTime& time) {
 void imagery(QByteArrayView input) {
   const qsizetype mark = std::max<qsizetype>(0, input.indexOf('\0'));
   const ImageTable table = readImageTable(input.first(mark).toByteArray(), QStringLiteral("t"));
-  const QDateTime now(QDate(2026, 11, 24), QTime(5, 20), Qt::UTC);
+  const QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 20));
   for (const ImageRow& row : table.rows) {
     if (!row.isAvailable())
       continue;

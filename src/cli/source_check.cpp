@@ -3,6 +3,7 @@
 #include "cli/source_check.h"
 
 #include "base/text.h"
+#include "base/utc.h"
 #include "imagery/image_choice.h"
 #include "imagery/image_fetch.h"
 #include "platform/network.h"
@@ -139,7 +140,7 @@ class SourceCheck {
 
   Reading cycleFile(const QByteArray& body) const {
     const QDateTime last = QDateTime::fromString(QString::fromLatin1(body.left(16)), u"yyyy/MM/dd HH:mm"_s);
-    return last.isValid() ? Reading{.kind = u"report"_s, .time = QDateTime(last.date(), last.time(), Qt::UTC)}
+    return last.isValid() ? Reading{.kind = u"report"_s, .time = inUtc(last.date(), last.time())}
                           : other(body);
   }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/courtesy.h"
 
+#include "base/utc.h"
 #include "platform/endpoints.h"
 
 #include <QLocale>
@@ -17,8 +18,7 @@ QDateTime httpDate(const QByteArray& told) {
   const QDate day = QLocale::c().toDate(text.left(16), u"ddd, dd MMM yyyy"_s);
   const QTime time = QTime::fromString(text.mid(17, 8), u"HH:mm:ss"_s);
   // Neither is of the own zone, whose clocks jump at hours that are good ones in UTC.
-  return day.isValid() && time.isValid() && text.endsWith(u" GMT") ? QDateTime(day, time, Qt::UTC)
-                                                                   : QDateTime();
+  return day.isValid() && time.isValid() && text.endsWith(u" GMT") ? inUtc(day, time) : QDateTime();
 }
 
 std::chrono::milliseconds Courtesy::claim(const QUrl& url) {

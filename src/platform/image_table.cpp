@@ -273,7 +273,7 @@ std::vector<QDateTime> imageTimes(const ImageRow& row, const QDateTime& now) {
   const qint64 newest = local - local % step - ahead;
   std::vector<QDateTime> times;
   for (int n = 0; n <= row.back; ++n)
-    times.push_back(QDateTime::fromSecsSinceEpoch(newest - n * step, Qt::UTC));
+    times.push_back(QDateTime::fromSecsSinceEpoch(newest - n * step).toUTC());
   return times;
 }
 

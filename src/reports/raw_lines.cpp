@@ -3,6 +3,7 @@
 #include "reports/raw_lines.h"
 
 #include "base/text.h"
+#include "base/utc.h"
 
 #include <QList>
 #include <algorithm>
@@ -90,8 +91,8 @@ QDateTime timeNear(QStringView group, const QDateTime& now) {
   QDateTime nearest;
   for (const int months : {-1, 0, 1}) {
     const QDate month = now.date().addMonths(months);
-    const QDateTime candidate(QDate(month.year(), month.month(), leadingInteger(group.first(2))), time,
-                              Qt::UTC);
+    const QDateTime candidate =
+        inUtc(QDate(month.year(), month.month(), leadingInteger(group.first(2))), time);
     if (candidate.isValid() &&
         (!nearest.isValid() || std::abs(candidate.secsTo(now)) < std::abs(nearest.secsTo(now))))
       nearest = candidate;

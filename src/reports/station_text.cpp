@@ -4,6 +4,7 @@
 
 #include "base/foreign_text.h"
 #include "base/text.h"
+#include "base/utc.h"
 
 #include <QTimeZone>
 #include <algorithm>
@@ -89,7 +90,7 @@ StationText readStationText(const StationCode& asked, QStringView body) {
   if (!report.text.endsWith(u'\n'))
     report.text += u'\n';
   const QDateTime written = QDateTime::fromString(report.text.left(16), u"yyyy/MM/dd HH:mm"_s);
-  report.time = QDateTime(written.date(), written.time(), Qt::UTC);
+  report.time = inUtc(written.date(), written.time());
   return report;
 }
 

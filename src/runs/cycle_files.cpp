@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/skip.h"
 #include "base/text.h"
+#include "base/utc.h"
 #include "reports/sequence.h"
 
 namespace soran {
@@ -18,7 +19,7 @@ Q_LOGGING_CATEGORY(lcCycles, "soran.pipeline")
 /// The hour's latest beginning, as a date and time.
 QDateTime latestBeginning(const Program& program, UtcHour hour) {
   const QDateTime now = program.services.clock.now().toUTC();
-  const QDateTime today(now.date(), QTime(hour.value, 0), Qt::UTC);
+  const QDateTime today = inUtc(now.date(), QTime(hour.value, 0));
   return today <= now ? today : today.addDays(-1);
 }
 

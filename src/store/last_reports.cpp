@@ -29,7 +29,7 @@ std::optional<LastReport> LastReports::find(const QString& code, ReportKind kind
     return std::nullopt;
   const QVariantList& row = rows.front();
   const auto timeAt = [&](int column) {
-    return QDateTime::fromSecsSinceEpoch(row[column].toLongLong(), Qt::UTC);
+    return QDateTime::fromSecsSinceEpoch(row[column].toLongLong()).toUTC();
   };
   return LastReport{code, kind, row[0].toString(), timeAt(1), timeAt(2), row[3].toString()};
 }

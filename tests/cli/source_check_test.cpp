@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "cli/source_check.h"
 
 #include "cli_fixture.h"
@@ -7,7 +8,7 @@
 using namespace soran;
 
 TEST(SourceCheck, TellsEachKindOfAnswer) {
-  const QDateTime now(QDate(2026, 11, 24), QTime(5, 20), Qt::UTC);
+  const QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 20));
   EndpointServer server;
   ASSERT_TRUE(server.start());
   const QString base = server.baseAddress();

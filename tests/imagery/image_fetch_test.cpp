@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "imagery/image_fetch.h"
 
 #include "imagery/image_choice.h"
@@ -14,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QDateTime now(QDate(2026, 11, 24), QTime(5, 20), Qt::UTC);
+const QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 20));
 
 class ImageFetch : public testing::Test {
  protected:

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "platform/image_table.h"
 
 #include "support/printing.h"
@@ -61,7 +62,7 @@ TEST(ImageTable, TheUsersRowStandsForTheWholeOfTheOther) {
 }
 
 TEST(ImageTable, TimesAreThoseOfTheZoneAndWalkBack) {
-  const QDateTime now(QDate(2026, 11, 23), QTime(15, 10), Qt::UTC); // 00:10 of the 24th in Japan
+  const QDateTime now = inUtc(QDate(2026, 11, 23), QTime(15, 10)); // 00:10 of the 24th in Japan
   const struct {
     ImageRow row;
     QStringView name, addresses;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "reports/raw_lines.h"
 
 #include "support/printing.h"
@@ -10,7 +11,7 @@ using namespace soran;
 using namespace Qt::StringLiterals;
 
 TEST(RawLines, BecomeTheStationFilesThatAnotherSourceServes) {
-  const QDateTime now(QDate(2026, 11, 30), QTime(23, 50), Qt::UTC);
+  const QDateTime now = inUtc(QDate(2026, 11, 30), QTime(23, 50));
   const struct {
     const char* name;
     QString body;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "reports/sigmet.h"
 
 #include "support/printing.h"
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QDateTime now(QDate(2026, 11, 30), QTime(23, 50), Qt::UTC);
+const QDateTime now = inUtc(QDate(2026, 11, 30), QTime(23, 50));
 
 QStringList inside(const Sigmet& sigmet) {
   const struct {

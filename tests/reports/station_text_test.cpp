@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "reports/station_text.h"
 
 #include "support/printing.h"
@@ -49,6 +50,6 @@ TEST(StationText, IsAReportOfTheStationOrIsRefused) {
     EXPECT_EQ(found.other, c.other);
   }
   EXPECT_TRUE(readStationText(StationCode(u"rjtt"_s), metar).isReport());
-  EXPECT_EQ(readStationText(StationCode(u"RJTT"_s), metar).time, QDateTime({2026, 11, 24}, {5, 0}, Qt::UTC));
+  EXPECT_EQ(readStationText(StationCode(u"RJTT"_s), metar).time, inUtc({2026, 11, 24}, {5, 0}));
   EXPECT_FALSE(readStationText(StationCode(u"RJTT"_s), u"2026/13/24 05:00\nRJTT").time.isValid());
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "runs/run_bench.h"
 
 using namespace soran;
@@ -14,7 +15,7 @@ class ClockJumpTest : public ::testing::Test {
       setAutoList(tables, u"RJTT"_s);
       tables.settings().store(key::シーケンス時間, 1);
     });
-    serve(QDateTime({2026, 11, 23}, {5, 0}, Qt::UTC));
+    serve(inUtc({2026, 11, 23}, {5, 0}));
     world.forecast(u"RJTT"_s, u"05:00"_s, u"TAF RJTT 240500Z\n"_s);
     world.server.setHandler(cyclesPath, [](const QUrl&) { return Answer{.body = "RJTT 240400Z\n"}; });
   }
@@ -52,7 +53,7 @@ TEST_F(ClockJumpTest, TheCycleGoesOnAndAnnouncesANewReportOnce) {
       {"back to the old year", u"2027-01-01T00:10:00+09:00"_s, u"2026-12-31T23:50:00+09:00"_s, false, 21},
   };
   ASSERT_TRUE(run.begin());
-  QDateTime written({2026, 11, 23}, {5, 0}, Qt::UTC);
+  QDateTime written = inUtc({2026, 11, 23}, {5, 0});
   for (const auto& jump : jumps) {
     SCOPED_TRACE(jump.name);
     set(jump.from);

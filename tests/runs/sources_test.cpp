@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/utc.h"
 #include "runs/change_detector.h"
 #include "runs/last_known.h"
 #include "runs/run_bench.h"
@@ -175,7 +176,7 @@ TEST_F(TwoSources, WhatASourceServesOlderAnotherServesNewer) {
 
 TEST(SourceHealth, ASourceThatFailsIsLeftOutForLongerEachTime) {
   SourceHealth health;
-  QDateTime now(QDate(2026, 11, 24), QTime(5, 0), Qt::UTC);
+  QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 0));
   for (const int minutes : {1, 2, 4, 8, 16, 30, 30}) {
     health.tell(0, 60, 31, now);
     EXPECT_TRUE(health.isAway(0, now.addSecs(minutes * 60 - 1)));
