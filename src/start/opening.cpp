@@ -27,6 +27,12 @@ bool isAnswer(const Reply& reply) {
   return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
 }
 
+/// Whether a failure is one of what the file holds, and not of the moment.
+bool isSaidOfTheFile(StoreError::Kind kind) {
+  using enum StoreError::Kind;
+  return kind == Corrupt || kind == NotADatabase || kind == Other;
+}
+
 /// Only what the library found to be damaged, in a file of which every byte could be read, is to be replaced
 /// by an older copy; an empty one holds nothing that could be lost. Whatever cannot be opened just now is
 /// whole for all that is known.
@@ -37,9 +43,9 @@ bool isLost(const QString& database, const std::optional<StoreError>& error) {
   const FileBytes file = readPlainFile(database, largestDatabase);
   if (!file.ok() || file.bytes.isEmpty() || !error)
     return file.ok() && file.bytes.isEmpty();
-  // An early release of the library tells a page whose code is wrong as a failure of its own.
-  return error->kind() == StoreError::Kind::Corrupt || error->kind() == StoreError::Kind::NotADatabase ||
-         (error->kind() == StoreError::Kind::Other && !cipher::isUndamaged(file.bytes));
+  // Another key, or, in an early release of the library, a page whose code is wrong: its codes decide.
+  return error->kind() == StoreError::Kind::Corrupt ||
+         (isSaidOfTheFile(error->kind()) && !cipher::isUndamaged(file.bytes));
 }
 
 bool replaceFile(const QString& from, const QString& to) {
@@ -160,6 +166,13 @@ Opening::Result Opening::openDatabase() {
   if (open())
     return Result::Started;
   program_.tables.closeAll();
+  // The library of Debian 13 tells a read that failed as a damaged page: only what it says again is so.
+  if (error && isSaidOfTheFile(error->kind())) {
+    error.reset();
+    if (open())
+      return Result::Started;
+    program_.tables.closeAll();
+  }
   const QString database = databasePath();
   if (error && error->kind() == StoreError::Kind::NotADatabase && cipher::isDatabaseOfAnotherFormat(database))
     return failed(Result::OtherFormat, u"データベースの形式が異なるため、開くことができません　　\r\n\r\n" +
