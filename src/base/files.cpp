@@ -3,9 +3,11 @@
 #include "base/files.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
+#include <cstdio>
 
 namespace soran {
 
@@ -46,6 +48,10 @@ FileFault replaceWhole(const QString& path, const QByteArray& bytes, bool isPriv
   if (file.write(bytes) != bytes.size() || !file.flush())
     return failed();
   return file.commit() ? FileFault::None : failed();
+}
+
+bool renameOver(const QString& from, const QString& to) {
+  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 QString textOfBytes(const QByteArray& bytes) {

@@ -25,6 +25,10 @@ bool writeWhole(const QString& path, const QByteArray& bytes, bool isPrivate = f
 /// The same, and why it failed. What is no plain file is not replaced, a link only where it is followed.
 FileFault replaceWhole(const QString& path, const QByteArray& bytes, bool isPrivate, Links links);
 
+/// Gives the file a name that another one may have, which is then gone. False where it failed; both are then
+/// as they were.
+bool renameOver(const QString& from, const QString& to);
+
 /// The bytes as text: UTF-8 where they are valid UTF-8, else Latin-1.
 QString textOfBytes(const QByteArray& bytes);
 

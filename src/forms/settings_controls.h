@@ -39,6 +39,9 @@ struct SettingsCombo {
 };
 std::span<const SettingsCombo> settingsCombos() noexcept;
 
+/// The position, from 0, of the list of the hours between UTC and the local time.
+inline constexpr int offsetSettingsCombo = 4;
+
 /// The entries of a list; empty for the lists of fonts, which the front end knows.
 QStringList settingsComboItems(int index);
 

@@ -31,7 +31,6 @@ constexpr Dependence comboDependences[] = {{4, 23}, {9, 28}};
 constexpr int screenFontCombo = 0;
 constexpr int printerFontCombo = 2;
 constexpr int printerSizeCombo = 3;
-constexpr int offsetCombo = 4;
 constexpr int firstWindowCombo = 5;
 constexpr int lastWindowCombo = 8;
 constexpr int hoursCombo = 9;
@@ -182,7 +181,7 @@ void SettingsForm::choose(int combo, const QString& text) {
   }
   if (!isFontCombo(combo) && !items(combo).contains(text))
     return;
-  if (combo == offsetCombo)
+  if (combo == offsetSettingsCombo)
     offsetChanged_ = true;
   store(spec->key, spec->number ? QVariant(leadingInteger(text)) : QVariant(text));
   if (combo == hoursCombo)

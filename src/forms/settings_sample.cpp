@@ -12,14 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int offsetCombo = 4;
-
 /// The time of day of the sample, 08 and `minute` UTC, in the displayed zone.
 QString sampleTime(const SettingsRecord& settings, QStringView minute) {
   int offset = 0;
   if (settings[key::LOCAL使用] != false) {
     const QString text = settings[key::時差].value_or(QString());
-    if (!settingsComboItems(offsetCombo).contains(text))
+    if (!settingsComboItems(offsetSettingsCombo).contains(text))
       return {};
     offset = leadingInteger(text);
   }

@@ -35,6 +35,9 @@ struct Reply {
 
   /// The body as text: UTF-8 where it is valid, else Latin-1.
   QString text() const;
+
+  /// Whether it holds something of the endpoint's own, and no page that tells an error.
+  bool isAnswer() const { return ok && !body.isEmpty() && !body.startsWith('<'); }
 };
 
 /// A transfer that was begun ahead of its need. Destroying it ends it.

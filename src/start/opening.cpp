@@ -12,7 +12,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <cstdio>
 
 namespace soran {
 
@@ -21,11 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcTerminal, "soran.terminal")
-
-/// True where the answer is text of the endpoint and no error page.
-bool isAnswer(const Reply& reply) {
-  return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
-}
 
 /// Whether a failure is one of what the file holds, and not of the moment.
 bool isSaidOfTheFile(StoreError::Kind kind) {
@@ -46,10 +40,6 @@ bool isLost(const QString& database, const std::optional<StoreError>& error) {
   // Another key, or, in an early release of the library, a page whose code is wrong: its codes decide.
   return error->kind() == StoreError::Kind::Corrupt ||
          (isSaidOfTheFile(error->kind()) && !cipher::isUndamaged(file.bytes));
-}
-
-bool replaceFile(const QString& from, const QString& to) {
-  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 } // namespace
@@ -111,10 +101,10 @@ Opening::Result Opening::start() {
 
 bool Opening::networkIsThere() {
   const Reply version = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/version.dat"));
-  if (isAnswer(version))
+  if (version.isAnswer())
     versionText_ = version.text();
   const QString& probe = program_.services.endpoints.probe;
-  return probe.isEmpty() ? isAnswer(version) : isAnswer(program_.services.inet.open(QUrl(probe)));
+  return probe.isEmpty() ? version.isAnswer() : program_.services.inet.open(QUrl(probe)).isAnswer();
 }
 
 void Opening::fetchMissing() {
@@ -124,7 +114,7 @@ void Opening::fetchMissing() {
   if (firstStart_) {
     const QString fetched = database + u".new";
     if (update_.fetchDatabase(fetched))
-      replaceFile(fetched, database);
+      renameOver(fetched, database);
     QFile::remove(fetched);
   }
   const std::pair<QString, QString> files[] = {{u"/data/update.exe"_s, u"update.exe"_s},
@@ -212,7 +202,7 @@ bool Opening::restoreDatabase() {
   const bool isThere = fileExists(database);
   const QString stamp = program_.services.clock.now().toString(u"yyyyMMdd-HHmmss");
   const QString damaged = freeName(database + u".damaged-" + stamp);
-  if (!putAside(database, damaged) || !replaceFile(database + u".new", database)) {
+  if (!putAside(database, damaged) || !renameOver(database + u".new", database)) {
     QFile::remove(database + u".new");
     return false;
   }
@@ -226,8 +216,8 @@ bool Opening::restoreDatabase() {
 /// file it would be rolled back into that one.
 bool Opening::putAside(const QString& database, const QString& damaged) {
   const QString journal = database + u"-journal";
-  return (!fileExists(journal) || replaceFile(journal, damaged + u"-journal")) &&
-         (!fileExists(database) || replaceFile(database, damaged));
+  return (!fileExists(journal) || renameOver(journal, damaged + u"-journal")) &&
+         (!fileExists(database) || renameOver(database, damaged));
 }
 
 void Opening::tellRestoration(const QString& damaged) {
@@ -275,7 +265,7 @@ void Opening::renewFiles() {
 
 void Opening::takeServerAddress() {
   const Reply reply = program_.services.inet.open(QUrl(program_.baseUrl + u"/data/server.dat"));
-  if (const auto address = isAnswer(reply) ? serverAddress(reply.text()) : std::nullopt)
+  if (const auto address = reply.isAnswer() ? serverAddress(reply.text()) : std::nullopt)
     program_.baseUrl = *address;
   if (program_.settings()[key::BASEurl] != program_.baseUrl)
     program_.settings().store(key::BASEurl, program_.baseUrl);

@@ -7,7 +7,6 @@
 
 #include <QFile>
 #include <QScopeGuard>
-#include <cstdio>
 
 namespace soran {
 
@@ -177,7 +176,7 @@ void compactDatabase(const QString& path, const QString& temporary) {
     throw StoreError("the database has a journal");
   QFile::setPermissions(temporary, QFile::ReadOwner | QFile::WriteOwner);
   // Qt's rename does not replace an existing file; this one does, in one step.
-  if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) != 0)
+  if (!renameOver(temporary, path))
     throw StoreError("cannot replace the database by its compacted copy");
 }
 

@@ -10,7 +10,6 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -66,10 +65,6 @@ bool syncDirectory(const QString& directory) {
   const bool synced = ::fsync(file) == 0;
   ::close(file);
   return synced;
-}
-
-bool renameOver(const QString& from, const QString& to) {
-  return std::rename(nameOf(from).constData(), nameOf(to).constData()) == 0;
 }
 
 /// Gives the file a second name, so that it never goes from its own place.

@@ -15,7 +15,6 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <cstdio>
 
 namespace soran {
 
@@ -30,16 +29,8 @@ constexpr QStringView acceptedModule = u"module.version";
 constexpr QStringView moduleAddress = u"/data/update.exe";
 constexpr QStringView databaseAddress = u"/data/soran.mdb";
 
-bool isAnswer(const Reply& reply) {
-  return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
-}
-
 QByteArray contents(const QString& path) {
   return readPlainFile(path, NetInet::largestBody).bytes;
-}
-
-bool renameOver(const QString& from, const QString& to) {
-  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 bool isUsersOwnMachine(const QUrl& endpoint) {
@@ -77,7 +68,7 @@ QString versionText(double version) {
 
 bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
   const Reply reply = services_.inet.open(QUrl(baseUrl_ + remote));
-  if (!isAnswer(reply)) {
+  if (!reply.isAnswer()) {
     // An endpoint need not serve everything.
     qCDebug(lcUpdate) << "passed over: fetching" << remote;
     return false;
@@ -92,7 +83,7 @@ bool ProgramUpdate::fetchFile(const QString& remote, const QString& local) {
 bool ProgramUpdate::writeModule(const QString& local, const QByteArray& module) {
   const Reply reply = services_.inet.open(QUrl(baseUrl_ + moduleAddress + u".sig"));
   // A signature may begin with any byte.
-  const bool answered = isAnswer(reply) || (reply.ok && reply.body.size() == signatureSize);
+  const bool answered = reply.isAnswer() || (reply.ok && reply.body.size() == signatureSize);
   const QByteArray signature = answered ? reply.body : QByteArray();
   const bool isSigned = signatureFits(module, signature, publicKey_);
   const bool unsignedToo = takesUnsigned(services_.endpoints);
