@@ -18,7 +18,7 @@ import sys
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
 
-FILES_IN_A_UNIT = 6
+FILES_IN_A_UNIT = 16
 
 
 def command_of(entry):
@@ -59,7 +59,7 @@ def main():
     source = os.path.join(os.getcwd(), 'src', '')
     with open(commands, encoding='utf-8') as file:
         entries = {e['file']: e for e in json.load(file) if e['file'].startswith(source)}
-    units = [[os.path.realpath(n)] for n in named] or list(units_of(entries))
+    units = [[os.path.realpath(n)] for n in named] or sorted(units_of(entries), key=len, reverse=True)
     for files in units:
         if files[0] not in entries:
             sys.exit(f'lint: {files[0]} is not built')

@@ -10,6 +10,7 @@
 #include "desktop/widgets/screen_view.h"
 #include "desktop/widgets/start_banner.h"
 #include "desktop/widgets/toolbar_frame.h"
+#include "runs/headline_note.h"
 #include "screen/untold_text.h"
 #include "terminal/first_activation.h"
 #include "ui_main_window.h"
@@ -119,6 +120,7 @@ void MainWindow::makeStatusBar() {
 void MainWindow::connectTerminal() {
   ScreenView& screen = *ui_->TextBox0;
   screen.show(console_.screen());
+  screen.setNotes([this](qsizetype at) { return headlineNote(terminal_.program(), at); });
   connect(&console_, &Console::inputChanged, this, &MainWindow::showInput);
   connect(&console_, &Console::busyChanged, this, &MainWindow::showBusy);
   connect(&console_, &Console::progress, this, &MainWindow::showProgress);

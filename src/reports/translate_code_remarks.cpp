@@ -17,12 +17,12 @@ bool tellInches(CodeWalk& code) {
   return true;
 }
 
-struct WordLine {
+struct CodeWord {
   QStringView word;
   QStringView line;
 };
 
-constexpr std::array<WordLine, 5> words{{
+constexpr std::array<CodeWord, 5> words{{
     {u"AO1", u"降水測定機能のない自動観測装置による観測"},
     {u"AO2", u"降水測定機能のある自動観測装置による観測"},
     {u"P/RR", u"地上気圧が急速に上昇中"},
@@ -32,7 +32,7 @@ constexpr std::array<WordLine, 5> words{{
 
 bool tellWords(CodeWalk& code) {
   const auto* const known = std::ranges::find_if(
-      words, [&code](const WordLine& entry) { return code.peek().startsWith(entry.word); });
+      words, [&code](const CodeWord& entry) { return code.peek().startsWith(entry.word); });
   if (known == words.end())
     return false;
   code.walk.line(known->line);

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "reports/colouring_words.h"
 #include "reports/layout.h"
+#include "runs/headline_note.h"
 #include "runs/program.h"
 
 namespace soran {
@@ -15,12 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcLast, "soran.last")
-
-QString ageText(const QDateTime& time, const QDateTime& now) {
-  const qint64 minutes = std::max<qint64>(0, time.secsTo(now) / 60);
-  const QString rest = QString::number(minutes % 60) + u" min OLD";
-  return minutes < 60 ? rest : QString::number(minutes / 60) + u" h " + rest;
-}
 
 QString headline(const QDateTime& time, Program& program) {
   QString text = colouring::lastKnown + u" - " + ageText(time, program.services.clock.now());

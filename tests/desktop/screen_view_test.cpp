@@ -4,11 +4,13 @@
 
 #include "support/printing.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace soran {
@@ -56,6 +58,25 @@ TEST_F(ScreenViewTest, ShowsTextWithEachLineEndAsOne) {
   screen_.append(u"\nEND"_s);
   EXPECT_EQ(view_.toPlainText(), u"RJTT\nMETAR\n250300Z\nRJAA\nEND");
   EXPECT_EQ(view_.positions().toScreen(view_.toPlainText().indexOf(u"END")), screen_.text().indexOf(u"END"));
+}
+
+TEST_F(ScreenViewTest, ATipTellsOfThePlaceBelowThePointer) {
+  screen_.setText(u"LINE\r\nRJTT  METAR 1030I"_s);
+  qsizetype asked = -1;
+  view_.setNotes([&asked](qsizetype at) {
+    asked = at;
+    return at < 6 ? QString() : u"9 min OLD"_s;
+  });
+  view_.QWidget::show();
+  for (const auto& [column, tip] : {std::pair{2, QString()}, {7, u"9 min OLD"_s}}) {
+    QTextCursor cursor(view_.document());
+    cursor.setPosition(column);
+    const QPoint place = view_.cursorRect(cursor).center() + QPoint(2, 0);
+    QHelpEvent help(QEvent::ToolTip, place, view_.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view_.viewport(), &help);
+    EXPECT_EQ(asked, view_.positions().toScreen(column));
+    EXPECT_EQ(QToolTip::text(), tip);
+  }
 }
 
 TEST_F(ScreenViewTest, ShowsRunsAsFormatsAcrossLineEnds) {

@@ -26,10 +26,13 @@ inline std::string_view nameOf(FaultKind kind) {
 /// The calls, by their numbers from 1, at which a fault is tried. A kill is tried at the first, the middle
 /// and the last of equal calls in a row, and in the first, the second and the last of such rows; other faults
 /// in the middle of the first and the last row. With SORAN_EVERY_FAULT in the environment all calls are
-/// tried.
+/// tried, of a row of more than 32 its first, its last and each eighth: such a row reads or writes the pages
+/// of a database, one as the other.
 inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultKind kind) {
   const bool every = qEnvironmentVariableIsSet("SORAN_EVERY_FAULT");
   const bool kills = kind == FaultKind::Kill;
+  constexpr qsizetype longRow = 32;
+  constexpr qsizetype stride = 8;
   const int rowsTried = kills ? 2 : 1;
   QHash<QString, int> rows;
   std::vector<qsizetype> worth;
@@ -43,7 +46,8 @@ inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultK
     const bool tried = ++rows[calls[first]] <= rowsTried || !calls.mid(end).contains(calls[first]);
     for (qsizetype i = first; i < end; ++i) {
       const bool atEnd = i == first || i == end - 1;
-      if (every || (tried && (i == (first + end) / 2 || (kills && atEnd))))
+      const bool inTurn = end - first <= longRow || atEnd || (i - first) % stride == 0;
+      if ((every && inTurn) || (tried && (i == (first + end) / 2 || (kills && atEnd))))
         worth.push_back(i + 1);
     }
   }

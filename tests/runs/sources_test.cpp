@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/utc.h"
 #include "runs/change_detector.h"
+#include "runs/headline_note.h"
 #include "runs/last_known.h"
 #include "runs/run_bench.h"
 #include "support/printing.h"
@@ -196,6 +197,16 @@ TEST_F(TwoSources, TheLastKnownReportOutlivesTheProgramAndTellsItsAge) {
     RunBench run(world);
     ASSERT_TRUE(run.begin());
     run.list(u"RJTT"_s);
+    // The headline tells of itself, from its first to its last character, and nothing else does.
+    const QString text = run.program.console.screen().text();
+    const QString headline = u"RJTT  TAF   1405I"_s;
+    const qsizetype at = text.indexOf(headline);
+    for (const qsizetype position : {at, at + headline.size()})
+      EXPECT_EQ(headlineNote(run.program, position),
+                u"RJTT TAF 240505Z / 15 min OLD / FROM files / ASKED 05:20Z");
+    for (const qsizetype position :
+         {qsizetype(-1), qsizetype(0), at - 1, at + headline.size() + 2, text.size(), text.size() + 1})
+      EXPECT_EQ(headlineNote(run.program, position), QString());
   }
   EXPECT_FALSE(contents(world.path(u"last.mdb"_s)).contains("RJTT"));
   world.clock.advance(3 * 3600);

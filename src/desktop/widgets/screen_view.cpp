@@ -7,11 +7,13 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
@@ -231,6 +233,15 @@ void ScreenView::insertFromMimeData(const QMimeData* source) {
 
 void ScreenView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
+}
+
+bool ScreenView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip)
+    return QPlainTextEdit::viewportEvent(event);
+  const auto help = static_cast<QHelpEvent*>(event);
+  QToolTip::showText(help->globalPos(),
+                     noteAt_(positions_.toScreen(cursorForPosition(help->pos()).position())), viewport());
+  return true;
 }
 
 void ScreenView::mousePressEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@
 
 #include <QPlainTextEdit>
 #include <QTextLayout>
+#include <functional>
 
 namespace soran {
 
@@ -23,6 +24,10 @@ class ScreenView : public QPlainTextEdit {
   void release();
 
   const ScreenPositions& positions() const { return positions_; }
+
+  /// Asked with a position (from 0) of the terminal's text below the pointer; what it tells is shown as a
+  /// tip.
+  void setNotes(std::function<QString(qsizetype)> noteAt) { noteAt_ = std::move(noteAt); }
 
   /// The selection's first position in the terminal's text, and its length there.
   std::pair<qsizetype, qsizetype> selectedStretch() const;
@@ -42,6 +47,7 @@ class ScreenView : public QPlainTextEdit {
   void insertFromMimeData(const QMimeData* source) override;
   bool canInsertFromMimeData(const QMimeData* source) const override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
@@ -57,6 +63,7 @@ class ScreenView : public QPlainTextEdit {
 
   const Screen* screen_ = nullptr;
   ScreenPositions positions_;
+  std::function<QString(qsizetype)> noteAt_ = [](qsizetype) { return QString(); };
 };
 
 } // namespace soran
