@@ -135,8 +135,7 @@ bool WatchCycle::probe() {
 }
 
 bool WatchCycle::answers(const QUrl& address) {
-  const Reply reply = program_.services.inet.open(address);
-  return reply.ok && !reply.body.isEmpty() && !reply.body.startsWith('<');
+  return program_.services.inet.open(address).isAnswer();
 }
 
 void WatchCycle::networkFailed() {

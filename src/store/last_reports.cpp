@@ -37,14 +37,19 @@ std::optional<LastReport> LastReports::find(const QString& code, ReportKind kind
 void LastReports::open() {
   if (database_.isOpen())
     return;
-  try {
-    openFile();
-  } catch (const StoreError& e) {
-    database_.close();
-    if (e.kind() != StoreError::Kind::Corrupt && e.kind() != StoreError::Kind::NotADatabase)
-      throw;
-    QFile::remove(path_);
-    openFile();
+  // A read that failed may be told as damage: only what is told twice is so.
+  for (int trial = 1;; ++trial) {
+    try {
+      return openFile();
+    } catch (const StoreError& e) {
+      database_.close();
+      const bool isDamaged =
+          e.kind() == StoreError::Kind::Corrupt || e.kind() == StoreError::Kind::NotADatabase;
+      if (!isDamaged || trial == 3)
+        throw;
+      if (trial == 2)
+        QFile::remove(path_);
+    }
   }
 }
 
