@@ -66,6 +66,8 @@ foreach(program ${MANUALS})
 endforeach()
 install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
 install_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})
+install(FILES relay/soran-relay.conf relay/endpoints.ini ${PROJECT_SOURCE_DIR}/docs/relay.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/relay)
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES debian/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME soran)
 install(FILES completion/soran-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
