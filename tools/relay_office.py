@@ -62,6 +62,8 @@ class Relay:
         hosts = [("noaa", "tgftp.nws.noaa.gov", self.noaa), ("awc", "aviationweather.gov", self.awc)]
         pairs = [("/var/cache/soran-relay", str(self.cache)), ("/var/log/nginx/soran-relay.log", str(self.log)),
                  ("listen 8080;", f"listen 127.0.0.1:{self.port};"), (self.SLOTS[60], self.SLOTS[seconds])]
+        if seconds == 1:
+            pairs.append(("inactive=2m", "inactive=10s"))  # the entries of a whole day take long to remove at the end
         for name, host, source in hosts:
             pairs += [(f"server {host}:443;", f"server 127.0.0.1:{source.port};"),
                       (f"Host {host};", f"Host {host}; proxy_set_header {SLOT_HEADER} $soran_minute;")]
