@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/endpoints.h"
 
-#include "base/plain_file.h"
+#include "base/files.h"
 #include "base/text.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QHostAddress>
 #include <QMap>
+#include <QRegularExpression>
 #include <QSettings>
 #include <algorithm>
 #include <cmath>
@@ -68,6 +69,19 @@ std::vector<ReportSource> sourcesIn(QSettings& ini, const QString& iniFile) {
   return sources;
 }
 
+/// QSettings reads the file once more and passes over a read that fails: then it lacks keys that stand there.
+/// The last one tells, as what is read begins at the file's beginning.
+bool lacksKeysOf(const QSettings& ini, const QByteArray& bytes) {
+  static const QRegularExpression plainKey(u"^\\s*([A-Za-z0-9]+)\\s*="_s,
+                                           QRegularExpression::MultilineOption);
+  QString last;
+  for (auto keys = plainKey.globalMatch(textOfBytes(bytes)); keys.hasNext();)
+    last = keys.next().captured(1);
+  const QStringList known = ini.allKeys();
+  const auto isLast = [&](const QString& key) { return key.section(u'/', -1) == last; };
+  return !last.isEmpty() && std::none_of(known.begin(), known.end(), isLast);
+}
+
 int aheadOf(const QString& value) {
   constexpr double most = 8;
   const double number = value.toDouble(); // 0 where it is none
@@ -96,10 +110,10 @@ Endpoints Endpoints::builtIn(const QString& delivered) {
 
 Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const {
   Endpoints e = *this;
-  const FileFault fault = readPlainFile(iniFile, largestSettingsFile, Links::Followed).fault;
+  const FileBytes read = readPlainFile(iniFile, largestSettingsFile, Links::Followed);
   if (why)
-    *why = fault;
-  if (fault != FileFault::None)
+    *why = read.fault;
+  if (!read.ok())
     return e;
   QSettings ini(iniFile, QSettings::IniFormat);
   const std::vector<ReportSource> listed = sourcesIn(ini, iniFile);
@@ -126,7 +140,7 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   // Whoever names whom to ask for reports has no other host asked.
   if (namesOwn && !keys.contains(u"sigmet"_s))
     e.sigmet.clear();
-  if (why && ini.status() == QSettings::AccessError)
+  if (why && (ini.status() == QSettings::AccessError || lacksKeysOf(ini, read.bytes)))
     *why = FileFault::Failed;
   return e;
 }

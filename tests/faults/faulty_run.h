@@ -25,9 +25,9 @@ inline std::string_view nameOf(FaultKind kind) {
 
 /// The calls, by their numbers from 1, at which a fault is tried. A kill is tried at the first, the middle
 /// and the last of equal calls in a row, and in the first, the second and the last of such rows; other faults
-/// in the middle of the first and the last row. With SORAN_EVERY_FAULT in the environment all calls are
-/// tried, of a row of more than 32 its first, its last and each eighth: such a row reads or writes the pages
-/// of a database, one as the other.
+/// in the middle of the first and the last row, and EIO at all calls on files of settings. With
+/// SORAN_EVERY_FAULT in the environment all calls are tried, of a row of more than 32 its first, its last and
+/// each eighth: such a row reads or writes the pages of a database, one as the other.
 inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultKind kind) {
   const bool every = qEnvironmentVariableIsSet("SORAN_EVERY_FAULT");
   const bool kills = kind == FaultKind::Kill;
@@ -43,7 +43,9 @@ inline std::vector<qsizetype> faultsWorthTrying(const QStringList& calls, FaultK
       continue;
     if (kind == FaultKind::Short && !calls[first].startsWith(u"write") && !calls[first].startsWith(u"read"))
       continue;
-    const bool tried = ++rows[calls[first]] <= rowsTried || !calls.mid(end).contains(calls[first]);
+    const bool isSettings = kind == FaultKind::Eio && calls[first].endsWith(u".ini");
+    const bool tried =
+        ++rows[calls[first]] <= rowsTried || isSettings || !calls.mid(end).contains(calls[first]);
     for (qsizetype i = first; i < end; ++i) {
       const bool atEnd = i == first || i == end - 1;
       const bool inTurn = end - first <= longRow || atEnd || (i - first) % stride == 0;
