@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "reports/attribute_canvas.h"
 #include "reports/colouring_words.h"
+#include "reports/limit_readings.h"
 #include "reports/word_search.h"
 
 #include <algorithm>
@@ -31,13 +32,7 @@ constexpr Condition conditions[] = {
     {key::条件3有効, key::鉛直視程3有効, key::雲高3, key::雲高3の色, key::視程3, key::視程3の色},
 };
 
-/// A figure of the text that is compared with a limit, and the stretch painted where it is below.
-struct Reading {
-  Position1 pos;
-  qsizetype length;
-  double value;
-};
-using Readings = std::vector<Reading>;
+using Readings = std::vector<LimitReading>;
 
 std::vector<QStringView> allFixedWords() {
   std::vector<QStringView> words;
@@ -109,7 +104,6 @@ class ColouringPass {
   void readCeilings(const CeilingForm& form, Readings& readings) const;
   void readVisibilities(Readings& readings) const;
   void readRunways(Readings& readings) const;
-  bool readFourFigures(Position1 pos, Readings& readings) const;
   void paintBelow(const Readings& readings, std::optional<double> limit, std::optional<Colour> colour);
   void restoreWord(QStringView word, const WordSearch::Positions& hits);
 
@@ -143,28 +137,10 @@ void ColouringPass::paintKinds() {
 }
 
 void ColouringPass::readCeilings(const CeilingForm& form, Readings& readings) const {
-  const qsizetype front = form.oktas ? 1 : 0;
-  const qsizetype length = form.word.size() + 3 + front;
-  scan(hitsOf(form.word), length, [&](Position1 pos) {
-    if (form.oktas && leadingNumber(mid1(text_, pos - 1, 1)) < 5)
-      return;
-    const QStringView height = mid1(text_, pos + form.word.size(), 3);
-    if (form.mayBeUnknown && height == u"///")
-      return;
-    readings.push_back({pos - front, length, leadingNumber(height)});
+  scan(hitsOf(form.word), ceilingLength(form), [&](Position1 pos) {
+    if (const auto reading = ceilingAt(text_, form, pos))
+      readings.push_back(*reading);
   });
-}
-
-bool ColouringPass::readFourFigures(Position1 pos, Readings& readings) const {
-  int value = 0;
-  for (Position1 i = pos; i < pos + 4; i = i + 1) {
-    const QChar c = at1(text_, i);
-    if (!isAsciiDigit(c))
-      return false;
-    value = value * 10 + (c.unicode() - u'0');
-  }
-  readings.push_back({pos, 4, static_cast<double>(value)});
-  return true;
 }
 
 void ColouringPass::readVisibilities(Readings& readings) const {
@@ -174,8 +150,10 @@ void ColouringPass::readVisibilities(Readings& readings) const {
       return;
     const QStringView front = text_.first(pos.index());
     const auto endsFront = [front](QStringView word) { return front.endsWith(word); };
-    if (std::none_of(std::begin(timeWords), std::end(timeWords), endsFront))
-      readFourFigures(pos + 1, readings);
+    if (std::any_of(std::begin(timeWords), std::end(timeWords), endsFront))
+      return;
+    if (const auto reading = fourFiguresAt(text_, pos + 1))
+      readings.push_back(*reading);
   });
 }
 
@@ -186,10 +164,8 @@ void ColouringPass::readRunways(Readings& readings) const {
   scan(hitsOf(runway), 8, [&](Position1 pos) {
     if (pos < read || (at1(text_, pos + 3) != u'/' && at1(text_, pos + 4) != u'/'))
       return;
-    const Position1 blank = find1(text_, groupGap, pos);
-    read = blank ? blank : Position1::ofIndex(text_.size());
-    for (Position1 i = pos; i + 4 <= read; i = i + 1)
-      readFourFigures(i, readings);
+    read = readRunwayRanges(text_, pos,
+                            [&readings](const LimitReading& reading) { readings.push_back(reading); });
   });
 }
 
@@ -197,7 +173,7 @@ void ColouringPass::paintBelow(const Readings& readings, std::optional<double> l
                                std::optional<Colour> colour) {
   if (!limit)
     return;
-  for (const Reading& reading : readings) {
+  for (const LimitReading& reading : readings) {
     if (reading.value < *limit)
       canvas_.setColour(reading.pos, reading.length, colour);
   }
