@@ -6,6 +6,7 @@
 #include "reports/attribute_canvas.h"
 #include "reports/colouring_words.h"
 #include "reports/limit_readings.h"
+#include "reports/limits.h"
 #include "reports/word_search.h"
 
 #include <algorithm>
@@ -16,20 +17,16 @@ using namespace colouring;
 
 namespace {
 
-/// The settings of one of the three weather conditions.
-struct Condition {
-  SettingKey<SettingType::YesNo> enabled;
-  SettingKey<SettingType::YesNo> testsVertical;
-  SettingKey<SettingType::Integer> ceiling; // feet
-  SettingKey<SettingType::Rgb> ceilingColour;
-  SettingKey<SettingType::Integer> visibility; // metres, of runway visual ranges too
-  SettingKey<SettingType::Rgb> visibilityColour;
+/// The colours of the three weather conditions.
+struct ConditionColours {
+  SettingKey<SettingType::Rgb> ceiling;
+  SettingKey<SettingType::Rgb> visibility; // of runway visual ranges too
 };
 
-constexpr Condition conditions[] = {
-    {key::条件1有効, key::鉛直視程1有効, key::雲高1, key::雲高1の色, key::視程1, key::視程1の色},
-    {key::条件2有効, key::鉛直視程2有効, key::雲高2, key::雲高2の色, key::視程2, key::視程2の色},
-    {key::条件3有効, key::鉛直視程3有効, key::雲高3, key::雲高3の色, key::視程3, key::視程3の色},
+constexpr ConditionColours conditionColours[] = {
+    {key::雲高1の色, key::視程1の色},
+    {key::雲高2の色, key::視程2の色},
+    {key::雲高3の色, key::視程3の色},
 };
 
 using Readings = std::vector<LimitReading>;
@@ -180,6 +177,7 @@ void ColouringPass::paintBelow(const Readings& readings, std::optional<double> l
 }
 
 void ColouringPass::paintConditions() {
+  const Limits limits = Limits::of(settings_);
   Readings ceilings;
   for (const CeilingForm& form : ceilingForms)
     readCeilings(form, ceilings);
@@ -189,17 +187,18 @@ void ColouringPass::paintConditions() {
   readVisibilities(visibilities);
   readRunways(visibilities);
 
-  for (const Condition& condition : conditions) {
-    if (settings_[condition.enabled] != true)
+  for (size_t i = 0; i < limits.conditions.size(); ++i) {
+    const std::optional<ConditionLimits>& condition = limits.conditions[i];
+    if (!condition)
       continue;
     std::optional<double> hundreds;
-    if (const auto feet = settings_[condition.ceiling])
-      hundreds = *feet / 100.0;
-    const auto ceilingColour = settings_[condition.ceilingColour];
+    if (condition->ceiling)
+      hundreds = *condition->ceiling / 100.0;
+    const auto ceilingColour = settings_[conditionColours[i].ceiling];
     paintBelow(ceilings, hundreds, ceilingColour);
-    if (settings_[condition.testsVertical] == true)
+    if (condition->testsVertical)
       paintBelow(verticals, hundreds, ceilingColour);
-    paintBelow(visibilities, settings_[condition.visibility], settings_[condition.visibilityColour]);
+    paintBelow(visibilities, condition->visibility, settings_[conditionColours[i].visibility]);
   }
 }
 
