@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/element_values.h"
 
-#include "reports/colouring.h"
-#include "reports/sample_reports.h"
 #include "support/printing.h"
 
+#include <QStringList>
 #include <gtest/gtest.h>
-#include <set>
 
 using namespace Qt::StringLiterals;
 using namespace soran;
@@ -120,84 +118,6 @@ TEST(ElementValues, SpeedsInKnots) {
   EXPECT_NEAR(inKnots({10}, SpeedUnit::MetresPerSecond), 19.44, 0.01);
   EXPECT_NEAR(inKnots({10}, SpeedUnit::KilometresPerHour), 5.40, 0.01);
   EXPECT_EQ(inKnots({10}, SpeedUnit::Knots), 10);
-}
-
-// Colour and values.
-
-constexpr Colour lowCeiling{21};
-constexpr Colour lowVisibility{31};
-
-/// The settings that paint nothing but what lies below one limit.
-SettingsRecord only(int feet, int metres) {
-  SettingsRecord settings = SettingsRecord::standard(u"+9"_s);
-  for (const auto& off :
-       {key::天気略語着色, key::SPECI着色, key::CBTCUを強調, key::条件2有効, key::条件3有効})
-    settings.set(off, false);
-  settings.set(key::雲高1, feet);
-  settings.set(key::視程1, metres);
-  settings.set(key::雲高1の色, lowCeiling);
-  settings.set(key::視程1の色, lowVisibility);
-  return settings;
-}
-
-using Painted = std::set<std::pair<qsizetype, qsizetype>>;
-
-/// The stretches within the words that stand out below these limits.
-Painted paintedIn(const QString& text, const Words& stretch, int feet, int metres) {
-  Painted painted;
-  for (const AttributeRun& run : colourRuns(text, only(feet, metres), u" ", {})) {
-    if ((run.colour == lowCeiling || run.colour == lowVisibility) && run.start >= stretch.start &&
-        run.start < stretch.end())
-      painted.insert({run.start, run.length});
-  }
-  return painted;
-}
-
-bool holds(const Words& words, const std::pair<qsizetype, qsizetype>& painted) {
-  return painted.first >= words.start && painted.first + painted.second <= words.end();
-}
-
-/// A figure is painted below the limit above it, and no longer at the limit that it is itself.
-void expectColouredAs(const QString& text, const Words& words, int value, bool isCeiling) {
-  const auto isPainted = [&](int limit) {
-    const Painted painted = paintedIn(text, words, isCeiling ? limit : 0, isCeiling ? 0 : limit);
-    return !painted.empty();
-  };
-  EXPECT_FALSE(isPainted(value)) << words.in(text).toUtf8().toStdString() << " of " << text.toStdString();
-  EXPECT_TRUE(isPainted(value + 1)) << words.in(text).toUtf8().toStdString() << " of " << text.toStdString();
-}
-
-TEST(ElementValues, AreThoseByWhichTheColouringJudges) {
-  int compared = 0;
-  for (const SampleReport& report : sampleReports()) {
-    if (report.isForecast)
-      continue;
-    // The colouring takes figures for a visibility between two blanks.
-    const QString text = report.text + u' ';
-    const Words stretch = observationIn(text);
-    const ElementValues values = readElements(text, stretch);
-    const bool isMetric = !values.visibility || !values.visibility->words.in(text).endsWith(u"SM");
-    if (values.visibility && isMetric)
-      expectColouredAs(text, values.visibility->words, values.visibility->metres, false);
-    for (const RunwayRange& range : values.runwayRanges) {
-      if (!range.words.in(text).contains(u"FT"))
-        expectColouredAs(text, range.words, range.metres, false);
-    }
-    if (const Ceiling* ceiling = values.ceiling())
-      expectColouredAs(text, ceiling->words, ceiling->feet, true);
-    compared += values.visibility || values.ceiling() ? 1 : 0;
-
-    // And nothing else of the observation stands out, however high the limits are.
-    for (const auto& painted : paintedIn(text, stretch, 32767, 32767)) {
-      bool isKnown = values.visibility && holds(values.visibility->words, painted);
-      for (const RunwayRange& range : values.runwayRanges)
-        isKnown = isKnown || holds(range.words, painted);
-      for (const Words& cloud : values.clouds)
-        isKnown = isKnown || holds(cloud, painted);
-      EXPECT_TRUE(isKnown) << painted.first << " of " << text.toStdString();
-    }
-  }
-  EXPECT_GT(compared, 0);
 }
 
 } // namespace
