@@ -114,6 +114,8 @@ struct ElementValues {
   const RunwayRange* leastRunwayRange() const;
   /// The lower of layer and vertical visibility; null where neither is reported.
   const Ceiling* ceiling() const;
+  /// The groups of all elements, in the order of a report.
+  std::vector<Words> allWords() const;
   /// No element at all is told.
   bool isEmpty() const { return *this == ElementValues(); }
   bool operator==(const ElementValues&) const = default;
