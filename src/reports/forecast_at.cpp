@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int secondsOfHour = 3600;
+constexpr qint64 secondsOfHour = 3600;
 
 /// Hours by which the displayed time is ahead of UTC.
 int displayedHours(const SettingsRecord& settings) {
@@ -23,7 +23,7 @@ int displayedHours(const SettingsRecord& settings) {
 }
 
 QString kindOf(const ForecastSlice& slice) {
-  const QString probability = u"確率 "_s + QString::number(slice.probability) + u'%';
+  QString probability = u"確率 "_s + QString::number(slice.probability) + u'%';
   switch (slice.kind) {
   case SliceKind::Prevailing:
     return u"卓越する状態"_s;

@@ -14,7 +14,7 @@
 namespace soran {
 
 /// How far ahead of the time and behind it a slice still counts.
-inline constexpr int minutesAround = 60;
+inline constexpr qint64 minutesAround = 60;
 
 /// The slices that touch the time between an hour ahead of `at` and an hour behind it. One that ends as that
 /// hour begins is left out, one that begins as the other ends is not.

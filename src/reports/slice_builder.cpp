@@ -26,7 +26,7 @@ void SliceBuilder::add(const ForecastPart& part) {
   if (part.kind == SliceKind::From)
     beginAnew(part, std::move(values));
   else if (part.kind == SliceKind::Becoming)
-    change(part, std::move(values));
+    change(part, values);
   else
     slices_.push_back({part.kind, part.probability, part.from, part.to, std::move(values), part.words});
 }
@@ -54,7 +54,7 @@ void SliceBuilder::beginAnew(const ForecastPart& part, ElementValues values) {
   slices_.push_back({SliceKind::From, 0, part.from, to_, std::move(values), part.words});
 }
 
-void SliceBuilder::change(const ForecastPart& part, ElementValues values) {
+void SliceBuilder::change(const ForecastPart& part, const ElementValues& values) {
   changed_ = std::max(changed_, part.from);
   ElementValues merged = mergedOver(prevailing().values, values);
   prevailing().to = std::min(part.to, to_);

@@ -30,7 +30,7 @@ class SliceBuilder {
 
  private:
   bool isInTime(const ForecastPart& part) const;
-  void change(const ForecastPart& part, ElementValues values);
+  void change(const ForecastPart& part, const ElementValues& values);
   void beginAnew(const ForecastPart& part, ElementValues values);
   ForecastSlice& prevailing() { return slices_[prevailing_]; }
 
