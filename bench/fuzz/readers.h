@@ -12,10 +12,10 @@ struct Reader {
 };
 
 inline constexpr Reader readers[] = {
-    {"batch", batch},     {"colour", colour},     {"endpoints", endpoints}, {"exchange", exchange},
-    {"explain", explain}, {"imagery", imagery},   {"layout", layout},       {"manifest", manifest},
-    {"picture", picture}, {"sequence", sequence}, {"session", session},     {"translate", translate},
-    {"update", update},
+    {"batch", batch},         {"colour", colour},     {"endpoints", endpoints}, {"exchange", exchange},
+    {"explain", explain},     {"forecast", forecast}, {"imagery", imagery},     {"layout", layout},
+    {"manifest", manifest},   {"picture", picture},   {"sequence", sequence},   {"session", session},
+    {"translate", translate}, {"update", update},
 };
 
 } // namespace soran::fuzz

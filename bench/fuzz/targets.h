@@ -49,6 +49,7 @@ void colour(QByteArrayView input);
 void endpoints(QByteArrayView input);
 void exchange(QByteArrayView input);
 void explain(QByteArrayView input);
+void forecast(QByteArrayView input);
 void imagery(QByteArrayView input);
 void layout(QByteArrayView input);
 void manifest(QByteArrayView input);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text.h"
+#include "cli/batch_forecast.h"
 #include "cli/batch_job.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
@@ -179,7 +180,7 @@ BatchOperation batchOperation(const QString& name) {
       {u"translate"_s, translate}, {u"explain"_s, explain},     {u"colour"_s, colour},
       {u"layout"_s, layout},       {u"sequence"_s, sequence},   {u"sun"_s, sun},
       {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf}, {u"sungraph"_s, sunGraphOf},
-      {u"chart"_s, chart},         {u"camera"_s, camera},
+      {u"chart"_s, chart},         {u"camera"_s, camera},       {u"taf_at"_s, tafAt},
   };
   return operations.value(name, nullptr);
 }

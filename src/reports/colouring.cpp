@@ -5,6 +5,8 @@
 #include "base/text.h"
 #include "reports/attribute_canvas.h"
 #include "reports/colouring_words.h"
+#include "reports/limit_readings.h"
+#include "reports/limits.h"
 #include "reports/word_search.h"
 
 #include <algorithm>
@@ -15,29 +17,19 @@ using namespace colouring;
 
 namespace {
 
-/// The settings of one of the three weather conditions.
-struct Condition {
-  SettingKey<SettingType::YesNo> enabled;
-  SettingKey<SettingType::YesNo> testsVertical;
-  SettingKey<SettingType::Integer> ceiling; // feet
-  SettingKey<SettingType::Rgb> ceilingColour;
-  SettingKey<SettingType::Integer> visibility; // metres, of runway visual ranges too
-  SettingKey<SettingType::Rgb> visibilityColour;
+/// The colours of the three weather conditions.
+struct ConditionColours {
+  SettingKey<SettingType::Rgb> ceiling;
+  SettingKey<SettingType::Rgb> visibility; // of runway visual ranges too
 };
 
-constexpr Condition conditions[] = {
-    {key::条件1有効, key::鉛直視程1有効, key::雲高1, key::雲高1の色, key::視程1, key::視程1の色},
-    {key::条件2有効, key::鉛直視程2有効, key::雲高2, key::雲高2の色, key::視程2, key::視程2の色},
-    {key::条件3有効, key::鉛直視程3有効, key::雲高3, key::雲高3の色, key::視程3, key::視程3の色},
+constexpr ConditionColours conditionColours[] = {
+    {key::雲高1の色, key::視程1の色},
+    {key::雲高2の色, key::視程2の色},
+    {key::雲高3の色, key::視程3の色},
 };
 
-/// A figure of the text that is compared with a limit, and the stretch painted where it is below.
-struct Reading {
-  Position1 pos;
-  qsizetype length;
-  double value;
-};
-using Readings = std::vector<Reading>;
+using Readings = std::vector<LimitReading>;
 
 std::vector<QStringView> allFixedWords() {
   std::vector<QStringView> words;
@@ -109,7 +101,6 @@ class ColouringPass {
   void readCeilings(const CeilingForm& form, Readings& readings) const;
   void readVisibilities(Readings& readings) const;
   void readRunways(Readings& readings) const;
-  bool readFourFigures(Position1 pos, Readings& readings) const;
   void paintBelow(const Readings& readings, std::optional<double> limit, std::optional<Colour> colour);
   void restoreWord(QStringView word, const WordSearch::Positions& hits);
 
@@ -143,28 +134,10 @@ void ColouringPass::paintKinds() {
 }
 
 void ColouringPass::readCeilings(const CeilingForm& form, Readings& readings) const {
-  const qsizetype front = form.oktas ? 1 : 0;
-  const qsizetype length = form.word.size() + 3 + front;
-  scan(hitsOf(form.word), length, [&](Position1 pos) {
-    if (form.oktas && leadingNumber(mid1(text_, pos - 1, 1)) < 5)
-      return;
-    const QStringView height = mid1(text_, pos + form.word.size(), 3);
-    if (form.mayBeUnknown && height == u"///")
-      return;
-    readings.push_back({pos - front, length, leadingNumber(height)});
+  scan(hitsOf(form.word), ceilingLength(form), [&](Position1 pos) {
+    if (const auto reading = ceilingAt(text_, form, pos))
+      readings.push_back(*reading);
   });
-}
-
-bool ColouringPass::readFourFigures(Position1 pos, Readings& readings) const {
-  int value = 0;
-  for (Position1 i = pos; i < pos + 4; i = i + 1) {
-    const QChar c = at1(text_, i);
-    if (!isAsciiDigit(c))
-      return false;
-    value = value * 10 + (c.unicode() - u'0');
-  }
-  readings.push_back({pos, 4, static_cast<double>(value)});
-  return true;
 }
 
 void ColouringPass::readVisibilities(Readings& readings) const {
@@ -174,8 +147,10 @@ void ColouringPass::readVisibilities(Readings& readings) const {
       return;
     const QStringView front = text_.first(pos.index());
     const auto endsFront = [front](QStringView word) { return front.endsWith(word); };
-    if (std::none_of(std::begin(timeWords), std::end(timeWords), endsFront))
-      readFourFigures(pos + 1, readings);
+    if (std::any_of(std::begin(timeWords), std::end(timeWords), endsFront))
+      return;
+    if (const auto reading = fourFiguresAt(text_, pos + 1))
+      readings.push_back(*reading);
   });
 }
 
@@ -186,10 +161,8 @@ void ColouringPass::readRunways(Readings& readings) const {
   scan(hitsOf(runway), 8, [&](Position1 pos) {
     if (pos < read || (at1(text_, pos + 3) != u'/' && at1(text_, pos + 4) != u'/'))
       return;
-    const Position1 blank = find1(text_, groupGap, pos);
-    read = blank ? blank : Position1::ofIndex(text_.size());
-    for (Position1 i = pos; i + 4 <= read; i = i + 1)
-      readFourFigures(i, readings);
+    read = readRunwayRanges(text_, pos,
+                            [&readings](const LimitReading& reading) { readings.push_back(reading); });
   });
 }
 
@@ -197,13 +170,14 @@ void ColouringPass::paintBelow(const Readings& readings, std::optional<double> l
                                std::optional<Colour> colour) {
   if (!limit)
     return;
-  for (const Reading& reading : readings) {
+  for (const LimitReading& reading : readings) {
     if (reading.value < *limit)
       canvas_.setColour(reading.pos, reading.length, colour);
   }
 }
 
 void ColouringPass::paintConditions() {
+  const Limits limits = Limits::of(settings_);
   Readings ceilings;
   for (const CeilingForm& form : ceilingForms)
     readCeilings(form, ceilings);
@@ -213,17 +187,18 @@ void ColouringPass::paintConditions() {
   readVisibilities(visibilities);
   readRunways(visibilities);
 
-  for (const Condition& condition : conditions) {
-    if (settings_[condition.enabled] != true)
+  for (size_t i = 0; i < limits.conditions.size(); ++i) {
+    const std::optional<ConditionLimits>& condition = limits.conditions[i];
+    if (!condition)
       continue;
     std::optional<double> hundreds;
-    if (const auto feet = settings_[condition.ceiling])
-      hundreds = *feet / 100.0;
-    const auto ceilingColour = settings_[condition.ceilingColour];
+    if (condition->ceiling)
+      hundreds = *condition->ceiling / 100.0;
+    const auto ceilingColour = settings_[conditionColours[i].ceiling];
     paintBelow(ceilings, hundreds, ceilingColour);
-    if (settings_[condition.testsVertical] == true)
+    if (condition->testsVertical)
       paintBelow(verticals, hundreds, ceilingColour);
-    paintBelow(visibilities, settings_[condition.visibility], settings_[condition.visibilityColour]);
+    paintBelow(visibilities, condition->visibility, settings_[conditionColours[i].visibility]);
   }
 }
 

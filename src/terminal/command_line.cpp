@@ -3,6 +3,8 @@
 #include "terminal/command_line.h"
 
 #include "base/text.h"
+#include "reports/forecast_at.h"
+#include "runs/arrival_forecast.h"
 #include "runs/last_known.h"
 #include "runs/sigmet_list.h"
 #include "sun/sun_command.h"
@@ -226,6 +228,34 @@ Outcome sigmet(Command& c) {
   return Outcome::Taken;
 }
 
+Outcome networkGate(Command& c);
+
+/// "ETA RJTT 1430", with "Z" behind the time in UTC.
+Outcome arrival(Command& c) {
+  constexpr QStringView word = u"ETA ";
+  if (!c.text.startsWith(word))
+    return Outcome::Passed;
+  const QStringList parts = c.text.sliced(word.size()).split(u' ', Qt::SkipEmptyParts);
+  const QString code = parts.value(0);
+  const std::optional<QDateTime> at =
+      nextTime(parts.value(1), c.program().services.clock.now().toUTC(), c.program().record());
+  if (parts.size() != 2 || code.size() != 4 || !isCodeList(code) || !at) {
+    c.emptyPad();
+    c.log(u"SYNTAX ERROR"_s);
+    c.prompt(crlf + u"SYNTAX ERROR / ETA RJTT 1430 OR ETA RJTT 0530Z" + crlf);
+    return Outcome::Taken;
+  }
+  if (!c.program().networkAvailable)
+    return networkGate(c);
+  rememberWord(c.program().inputHistory, code);
+  rememberWord(c.console().recentCodes, code);
+  c.emptyPad();
+  c.log(u"ETA COMMAND " + code);
+  c.console().appendScreen(crlf.toString());
+  c.prompt(arrivalForecast(c.program(), StationCode(code), *at));
+  return Outcome::Taken;
+}
+
 Outcome networkGate(Command& c) {
   if (c.program().networkAvailable)
     return Outcome::Passed;
@@ -279,6 +309,7 @@ constexpr Row chain[] = {
     {u"HELP", true, run<action::help>},
     {u"AIS", false, ais},
     {u"", false, group},
+    {u"", false, arrival},
     {u"ATO", true, startAutomatic},
     {u"PRINT", false, print},
     {u"/P", false, print},

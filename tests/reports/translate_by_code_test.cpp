@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "delivered.h"
+#include "reports/sample_reports.h"
 #include "reports/sample_tables.h"
 #include "reports/translate_report.h"
 #include "support/printing.h"
 
-#include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
@@ -105,14 +105,12 @@ QStringList unheld(const QString& report, QString told) {
   return told.split(QStringLiteral("\r\n")).filter(QRegularExpression(QStringLiteral("\\d")));
 }
 
-/// The METAR and SPECI of the file that SORAN_REPORTS names, else of the recorded day, from their time on.
+/// The METAR and SPECI of the samples, from their time on.
 QStringList recordedReports() {
-  QFile file(qEnvironmentVariable("SORAN_REPORTS", QStringLiteral(":/delivered/demo/day.tsv")));
-  const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  static const QRegularExpression kind(QStringLiteral("(?:^|\t)(?:METAR |SPECI )?[A-Z]{4} (\\d{6}Z .*)"));
+  static const QRegularExpression kind(QStringLiteral("^(?:METAR |SPECI )?[A-Z]{4} (\\d{6}Z .*)"));
   QStringList reports;
-  for (const QString& line : QString::fromUtf8(text).split(u'\n')) {
-    const auto report = kind.match(line);
+  for (const SampleReport& sample : sampleReports()) {
+    const auto report = kind.match(sample.text);
     if (report.hasMatch())
       reports.append(report.captured(1));
   }

@@ -94,7 +94,8 @@ TEST(DeliveredTables, DictionariesHideNoCommandAndNoStation) {
       const bool weatherCode = key == u"SS" || key == u"SQ"; // a command only with a list behind it
       EXPECT_TRUE(weatherCode || !commands.contains(key)) << key.toStdString();
       EXPECT_FALSE(airports.contains(key)) << key.toStdString();
-      EXPECT_FALSE(key.startsWith(u"SS ") || key.startsWith(u"SQ ") || key.startsWith(u"JP "));
+      EXPECT_FALSE(key.startsWith(u"ETA ") || key.startsWith(u"SS ") || key.startsWith(u"SQ ") ||
+                   key.startsWith(u"JP "));
       EXPECT_FALSE(row[1].section(u'(', 0, 0).trimmed().isEmpty()) << key.toStdString();
       EXPECT_FALSE(row[1].contains(u'（') || row[1].contains(u'）')) << key.toStdString();
       EXPECT_EQ(row[1].count(u'('), row[1].count(u')')) << key.toStdString();

@@ -249,6 +249,42 @@ TEST_F(CommandsTest, KeepsEarlierRunsWhereTheScreenIsNotCleared) {
   EXPECT_EQ(run.screen(), manualTitle(u"ZZZZ"_s) + notFound(u"ZZZZ"_s) + ready);
 }
 
+TEST_F(CommandsTest, TellsTheForecastsForATime) {
+  ASSERT_TRUE(run.begin());
+  const QString title = u"*** ETA RJTT 24 1930I ***\r\n\r\n"_s;
+  const QString taf = u"TAF  24 1400I 発表 ： 有効 24 1500I - 25 2100I\r\n"
+                      "      24 1500I - 24 2000I  卓越する状態 ： 33010KT 9999 FEW020\r\n"
+                      "      24 1800I - 24 2000I  変化の途中 (BECMG) ： 36010KT 9999 FEW020\r\n"
+                      "      24 2000I - 25 2100I  卓越する状態 ： 36010KT 9999 FEW020\r\n"
+                      "最も悪い予報 ： 制限値を下回るものはありません\r\n"_s;
+  for (const QString& line : {u"ETA RJTT 1930"_s, u"ETA  RJTT 1030Z"_s}) {
+    enter(line);
+    EXPECT_TRUE(run.screen().endsWith(crlf + title + u"METAR  24 1400I ： RJTT " + weather +
+                                      u"\r\n      傾向予報なし\r\n" + taf + ready))
+        << run.screen().toStdString();
+    EXPECT_EQ(run.logged(), QStringList{u"ETA COMMAND RJTT"_s});
+    EXPECT_EQ(run.asked().size(), 2);
+    EXPECT_EQ(run.program.console.inputlbl(), QString());
+  }
+  // A forecast is told where the METAR is missing.
+  world.server.removeFile(stationsPath + u"RJTT.TXT");
+  enter(u"ETA RJTT 1930"_s);
+  EXPECT_TRUE(run.screen().endsWith(title + u"METAR  通報なし\r\n" + taf + ready))
+      << run.screen().toStdString();
+  enter(u"ETA ZZZZ 1930"_s);
+  EXPECT_TRUE(run.screen().endsWith(u"*** ETA ZZZZ 24 1930I ***\r\n" + notFound(u"ZZZZ"_s) + ready));
+
+  run.program.networkAvailable = false;
+  enter(u"ETA RJTT 1930"_s);
+  EXPECT_TRUE(run.screen().endsWith(u"\r\nNO NETWORK CONNECTION\r\n" + ready));
+  for (const QString& line :
+       {u"ETA RJTT"_s, u"ETA RJTT 2430"_s, u"ETA RJTTX 1930"_s, u"ETA RJTT 1930 Z"_s, u"ETA 1930 RJTT"_s}) {
+    enter(line);
+    EXPECT_TRUE(run.screen().endsWith(u"\r\nSYNTAX ERROR / ETA RJTT 1430 OR ETA RJTT 0530Z\r\n" + ready));
+    EXPECT_EQ(run.logged(), QStringList{u"SYNTAX ERROR"_s});
+  }
+}
+
 TEST_F(CommandsTest, ListsTheSigmetsAndTheLastKnownReports) {
   world.endpoints.sigmet = world.server.baseAddress() + u"/sigmet";
   run.program.services.endpoints.sigmet = world.endpoints.sigmet;

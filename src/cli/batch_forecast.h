@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/batch_job.h"
+
+namespace soran {
+
+/// The operation taf_at: what the METAR and the TAF of a station say for a time.
+QJsonValue tafAt(BatchJob& job);
+
+} // namespace soran

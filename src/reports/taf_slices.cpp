@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/taf_slices.h"
+
+#include "base/text.h"
+#include "base/utc.h"
+#include "reports/group_shapes.h"
+#include "reports/group_walk.h"
+#include "reports/slice_builder.h"
+
+#include <cstdlib>
+
+namespace soran {
+
+namespace {
+
+/// The date with that day of the month that is nearest to `near`; invalid where none of the months has it.
+QDate dateNear(int day, QDate near) {
+  QDate nearest;
+  for (const int months : {-1, 0, 1}) {
+    const QDate month = near.addMonths(months);
+    const QDate candidate(month.year(), month.month(), day);
+    if (candidate.isValid() &&
+        (!nearest.isValid() || std::abs(candidate.daysTo(near)) < std::abs(nearest.daysTo(near))))
+      nearest = candidate;
+  }
+  return nearest;
+}
+
+/// The time of DDHH or DDHHMM; hour 24 is the end of the day. Invalid where there is no such time.
+QDateTime timeOf(QStringView figures, QDate near) {
+  QDate date = dateNear(leadingInteger(figures.first(2)), near);
+  int hour = leadingInteger(figures.sliced(2, 2));
+  const int minute = leadingInteger(figures.sliced(4));
+  if (hour == 24 && minute == 0) {
+    date = date.addDays(1);
+    hour = 0;
+  }
+  const QTime time(hour, minute);
+  return date.isValid() && time.isValid() ? inUtc(date, time) : QDateTime();
+}
+
+/// Reads one forecast, group by group.
+class TafReader {
+ public:
+  TafReader(QStringView text, const ReportHeading& heading)
+      : text_(text), day_(heading.time.date()), walk_(text, heading.behind) {
+    taf_.station = heading.station;
+    taf_.isAmended = heading.isAmended;
+    taf_.isCorrected = heading.isCorrected;
+    taf_.issued = heading.time;
+    step();
+  }
+
+  std::optional<Taf> read();
+
+ private:
+  void step() { group_ = walk_.next(); }
+  bool is(QStringView word) const { return group_ && group_->in(text_) == word; }
+  bool isNext(QStringView shape) const { return group_ && hasShape(group_->in(text_), {shape}); }
+  bool takeTimes(QDateTime& from, QDateTime& to);
+  bool beginsPart() const;
+  ForecastPart takePart();
+  void takeContent(ForecastPart& part);
+
+  QStringView text_;
+  QDate day_;
+  GroupWalk walk_;
+  std::optional<Words> group_; ///< not yet taken
+  Taf taf_;
+};
+
+bool TafReader::takeTimes(QDateTime& from, QDateTime& to) {
+  if (!isNext(u"####/####"))
+    return false;
+  const QStringView times = group_->in(text_);
+  from = timeOf(times.first(4), day_);
+  to = timeOf(times.sliced(5), day_);
+  step();
+  return from.isValid() && to > from;
+}
+
+bool TafReader::beginsPart() const {
+  return isNext(u"FM######") || is(u"BECMG") || is(u"TEMPO") || isNext(u"PROB##");
+}
+
+void TafReader::takeContent(ForecastPart& part) {
+  const qsizetype start = group_ ? group_->start : part.words.end();
+  qsizetype end = start;
+  for (; group_ && !beginsPart(); step())
+    end = group_->end();
+  part.content = {start, end - start};
+  if (end > part.words.end())
+    part.words.length = end - part.words.start;
+}
+
+ForecastPart TafReader::takePart() {
+  ForecastPart part{.words = *group_};
+  const auto take = [&] {
+    part.words.length = group_->end() - part.words.start;
+    step();
+  };
+  if (isNext(u"FM######")) {
+    part.kind = SliceKind::From;
+    part.from = timeOf(group_->in(text_).sliced(2), day_);
+    take();
+  } else {
+    part.kind = is(u"BECMG") ? SliceKind::Becoming : is(u"TEMPO") ? SliceKind::Tempo : SliceKind::Prob;
+    if (part.kind == SliceKind::Prob)
+      part.probability = leadingInteger(group_->in(text_).sliced(4));
+    take();
+    if (part.kind == SliceKind::Prob && is(u"TEMPO")) {
+      part.kind = SliceKind::ProbTempo;
+      take();
+    }
+    if (group_)
+      part.words.length = (isNext(u"####/####") ? group_->end() : part.words.end()) - part.words.start;
+    takeTimes(part.from, part.to);
+  }
+  takeContent(part);
+  return part;
+}
+
+std::optional<Taf> TafReader::read() {
+  for (; is(u"AMD") || is(u"COR"); step()) {
+    taf_.isAmended = taf_.isAmended || is(u"AMD");
+    taf_.isCorrected = taf_.isCorrected || is(u"COR");
+  }
+  ForecastPart first;
+  if (is(u"NIL")) {
+    taf_.state = Taf::State::Missing;
+    return std::move(taf_);
+  }
+  if (group_)
+    first.words = *group_;
+  if (!takeTimes(taf_.from, taf_.to))
+    return std::nullopt;
+  if (is(u"CNL") || is(u"NIL")) {
+    taf_.state = is(u"CNL") ? Taf::State::Cancelled : Taf::State::Missing;
+    return std::move(taf_);
+  }
+  takeContent(first);
+  SliceBuilder builder(text_, taf_.from, taf_.to, readElements(text_, first.content), first.words);
+  while (group_)
+    builder.add(takePart());
+  taf_.slices = builder.takeSlices();
+  taf_.unread = builder.takeUnread();
+  return std::move(taf_);
+}
+
+} // namespace
+
+std::optional<Taf> readTaf(QStringView text, const QDateTime& now) {
+  const std::optional<ReportHeading> heading = readHeading(text, now);
+  return heading ? TafReader(text, *heading).read() : std::nullopt;
+}
+
+} // namespace soran
