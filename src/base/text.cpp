@@ -3,6 +3,8 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <clocale>
+#include <cwchar>
 #include <limits>
 
 namespace soran {
@@ -102,6 +104,17 @@ bool isCodeList(QStringView text) noexcept {
       return false;
   }
   return true;
+}
+
+int displayWidth(QStringView line) {
+  // The environment's locale may know ASCII alone.
+  static const locale_t utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  const locale_t before = ::uselocale(utf8);
+  int columns = 0;
+  for (const uint c : line.toUcs4())
+    columns += std::max(0, wcwidth(wchar_t(c)));
+  ::uselocale(before);
+  return columns;
 }
 
 void rememberWord(QString& list, QStringView word) {

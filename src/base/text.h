@@ -58,6 +58,9 @@ QString twoDigits(int value);
 /// Letters are A to Z and a to z. No look-up is made.
 bool isCodeList(QStringView text) noexcept;
 
+/// Columns that a line of printable text takes in a terminal; a wide character takes two.
+int displayWidth(QStringView line);
+
 /// A list of words with a blank at both ends, to which `word` is added where it is not yet in it. While the
 /// list is longer than 200 characters its oldest word is dropped; the blank in front stays.
 void rememberWord(QString& list, QStringView word);

@@ -7,8 +7,6 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
-#include <clocale>
-#include <cwchar>
 
 namespace soran {
 
@@ -164,17 +162,6 @@ QByteArray ansiText(const QString& text, qsizetype from, const std::vector<Attri
     }
   }
   return out;
-}
-
-int displayWidth(QStringView line) {
-  // The environment's locale may know ASCII alone.
-  static const locale_t utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  const locale_t before = ::uselocale(utf8);
-  int columns = 0;
-  for (const uint c : line.toUcs4())
-    columns += std::max(0, wcwidth(wchar_t(c)));
-  ::uselocale(before);
-  return columns;
 }
 
 } // namespace soran

@@ -50,7 +50,4 @@ QStringList linesOf(const QString& text);
 QByteArray ansiText(const QString& text, qsizetype from, const std::vector<AttributeRun>& runs, Colour base,
                     TerminalStyle style);
 
-/// Columns that a line of printable text takes; a wide character takes two.
-int displayWidth(QStringView line);
-
 } // namespace soran

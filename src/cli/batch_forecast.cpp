@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/batch_forecast.h"
 
+#include "desk/verdict.h"
 #include "reports/forecast_at.h"
 
 namespace soran {
@@ -157,7 +158,55 @@ QJsonValue worstJson(const StationForecast& forecast) {
                      {u"words"_s, json(crossing.words)}};
 }
 
+QJsonObject json(const Finding& finding) {
+  return {{u"element"_s, finding.element},
+          {u"group"_s, finding.words},
+          {u"value"_s, finding.value},
+          {u"limit"_s, finding.limit},
+          {u"level"_s, finding.level}};
+}
+
+QJsonValue json(const std::optional<Outlook>& outlook) {
+  if (!outlook)
+    return {};
+  QJsonObject object = json(outlook->worst);
+  object.insert(u"begins"_s, json(outlook->begins));
+  return object;
+}
+
 } // namespace
+
+QJsonValue boardOf(BatchJob& job) {
+  const StationCode code(job.fields.text(u"code"_s));
+  BoardReports reports{.metar = job.fields.textOr(u"metar"_s, QString()),
+                       .before = job.fields.textOr(u"before"_s, QString()),
+                       .taf = job.fields.textOr(u"taf"_s, QString())};
+  const QDateTime now = job.fields.localTime(u"now"_s);
+  job.fields.finish();
+  const auto observed = [&now](const QString& text) {
+    const std::optional<MetarReading> metar = readMetar(text, now);
+    return metar ? metar->observed : QDateTime();
+  };
+  reports.time = observed(reports.metar);
+  for (const QDateTime& time : {observed(reports.before), reports.time}) {
+    if (time.isValid())
+      reports.times.push_back(time);
+  }
+  const BoardRow row = boardRow(code, reports, Limits::of(job.settings), now);
+  QJsonArray findings;
+  for (const Finding& finding : row.findings)
+    findings.append(json(finding));
+  QJsonObject outlook;
+  for (size_t i = 0; i < outlookHours.size(); ++i)
+    outlook.insert(QString::number(outlookHours[i]), json(row.outlook[i]));
+  QJsonObject cells;
+  for (int column = 0; column < boardColumnCount; ++column)
+    cells.insert(headingOf(BoardColumn(column)), cellOf(row, BoardColumn(column), now));
+  return QJsonObject{{u"state"_s, stateWord(row)},    {u"level"_s, row.level()},
+                     {u"observed"_s, json(row.time)}, {u"values"_s, json(row.values)},
+                     {u"findings"_s, findings},       {u"taf_expired"_s, row.tafExpired},
+                     {u"outlook"_s, outlook},         {u"cells"_s, cells}};
+}
 
 QJsonValue tafAt(BatchJob& job) {
   const QString metar = job.fields.textOr(u"metar"_s, QString());

@@ -9,4 +9,7 @@ namespace soran {
 /// The operation taf_at: what the METAR and the TAF of a station say for a time.
 QJsonValue tafAt(BatchJob& job);
 
+/// The operation board: the row that the board of the watch has for the reports of a station.
+QJsonValue boardOf(BatchJob& job);
+
 } // namespace soran

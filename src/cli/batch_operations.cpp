@@ -181,6 +181,7 @@ BatchOperation batchOperation(const QString& name) {
       {u"layout"_s, layout},       {u"sequence"_s, sequence},   {u"sun"_s, sun},
       {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf}, {u"sungraph"_s, sunGraphOf},
       {u"chart"_s, chart},         {u"camera"_s, camera},       {u"taf_at"_s, tafAt},
+      {u"board"_s, boardOf},
   };
   return operations.value(name, nullptr);
 }

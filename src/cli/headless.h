@@ -49,6 +49,7 @@ class Headless final : public Dialogs, public Forms, public Sounds, public Print
   void show(const Form& form) override;
   ModalOutcome showModal(const ModalForm& form) override;
   void hide(const Form&) override {}
+  std::optional<int> textColumns() const override { return 100; }
 
   void play(const QString& path) override;
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/screen_printer.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 
 namespace soran {

@@ -33,6 +33,7 @@ class TerminalDesk final : public Dialogs, public Forms, public Sounds, public P
   void show(const Form& form) override;
   ModalOutcome showModal(const ModalForm& form) override;
   void hide(const Form&) override {}
+  std::optional<int> textColumns() const override { return output_.columns(); }
 
   void play(const QString&) override { output_.ring(); }
 

@@ -67,6 +67,12 @@ void TerminalOutput::tell(const QString& line, Colour colour, Colour base) {
   printLines(ansiText(line + u'\n', 0, {{0, line.size() + 1, colour, false}}, base, style_));
 }
 
+int TerminalOutput::columns() const {
+  constexpr int usualColumns = 80;
+  const int columns = LineEditor::columns();
+  return columns > 0 ? columns : usualColumns;
+}
+
 void TerminalOutput::ring() {
   flush();
   editor_.print("\a");

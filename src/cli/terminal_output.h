@@ -27,6 +27,8 @@ class TerminalOutput final : public QObject {
   /// Shows a line in a colour; `base` is the terminal's own.
   void tell(const QString& line, Colour colour, Colour base);
   void ring();
+  /// Columns of the terminal; 80 where it tells none.
+  int columns() const;
 
   /// Asks for a line. Nothing where the user ended the input; throws Unwind where the program is closed.
   std::optional<QString> ask(const QString& prompt, const Shutdown& shutdown,

@@ -18,6 +18,7 @@ constexpr SettingsCheckBox checkBoxes[] = {
     {16, 0, u" 通信エラーが発生した場合にアラームを鳴らす", SettingIndex::切断時アラーム},
     {20, 0, u" データ更新終了時にメッセージを表示する", SettingIndex::更新終了時メッセージ},
     {17, 0, u" データ更新終了時にサウンドを鳴らす", SettingIndex::更新終了時アラーム},
+    {31, 0, u" 気象状態が設定値を下回ったとき、悪化または回復したときにアラームを鳴らす", SettingIndex::条件アラーム},
     {27, 0, u" ヘルプの閲覧に SORAN ブラウザーを使用する", SettingIndex::ブラウザー},
     {3, 1, u" 特定の気象状態を着色して表示する", SettingIndex::計器気象状態を強調},
     {18, 1, u" CB / TCU を強調表示する", SettingIndex::CBTCUを強調},
@@ -55,6 +56,8 @@ constexpr SettingsCombo combos[] = {
     {2, 3, SettingIndex::印刷文字のフォント, false}, {3, 3, SettingIndex::印刷文字のサイズ, true},
     {5, 3, SettingIndex::印刷開始時, false},         {6, 3, SettingIndex::印刷開始分, false},
     {7, 3, SettingIndex::印刷終了時, false},         {8, 3, SettingIndex::印刷終了分, false},
+    {10, 0, SettingIndex::アラーム間隔, true},       {11, 0, SettingIndex::静音開始時, false},
+    {12, 0, SettingIndex::静音終了時, false},
 };
 
 constexpr SettingsSwatch swatches[] = {
@@ -105,12 +108,16 @@ QStringList settingsComboItems(int index) {
     return numbers(-12, 12, signedHours);
   case 5:
   case 7:
+  case 11:
+  case 12:
     return numbers(0, 23, twoDigits);
   case 6:
   case 8:
     return numbers(0, 59, twoDigits);
   case 9:
     return numbers(1, 23, plain);
+  case 10:
+    return numbers(0, 30, plain);
   default:
     return {};
   }

@@ -45,6 +45,12 @@ struct Cameras {
   static constexpr QStringView name = u"camera";
   static constexpr bool goesWithWindow = true;
 };
+/// The watched airports at a glance.
+struct Board {
+  static constexpr QStringView name = u"board";
+  static constexpr bool goesWithWindow = true;
+  QString group = {}; ///< whose airports it shows; those of the automatic list where it is empty
+};
 /// The network was lost.
 struct Alert {
   static constexpr QStringView name = u"message";
@@ -109,8 +115,8 @@ struct PdfNotice {
 
 /// A form beside the main window.
 using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
-                          form::SunTimes, form::Charts, form::Cameras, form::Alert, form::NewReports,
-                          form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
+                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Alert,
+                          form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
 
 /// A form that the user answers.
 using ModalForm = std::variant<form::NoConnection, form::EditAirports, form::EditAutoList, form::EditGroups,
@@ -143,6 +149,9 @@ class Forms {
 
   /// Takes the form of that kind off the screen.
   virtual void hide(const Form& form) = 0;
+
+  /// The columns of a list that is shown as text on the screen; nothing where it has a form of its own.
+  virtual std::optional<int> textColumns() const { return std::nullopt; }
 
   /// Shows the form and returns what the user decided when it has closed; nothing where it closed without.
   virtual ModalOutcome showModal(const ModalForm& form) = 0;

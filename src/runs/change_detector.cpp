@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "reports/layout.h"
 #include "runs/last_known.h"
+#include "runs/night_desk.h"
 #include "runs/station_files.h"
 
 namespace soran {
@@ -93,13 +94,16 @@ class Comparison {
 
 void checkForChanges(Program& program) {
   program.console.setBusy(false);
-  if (program.settings()[key::自動デコード有効] == false || program.stationTable.stationCount() == 0)
+  const bool watches = program.desk.tellsCrossings || program.settings()[key::自動デコード有効] != false;
+  if (!watches || program.stationTable.stationCount() == 0)
     return;
   program.cycleChanged = program.cycleAnnounces = false;
+  noteWatch(program);
   Comparison comparison(program);
   for (size_t row = 0; row < program.stationTable.rows().size(); ++row)
     comparison.compare(row);
   keepLastReports(program);
+  observeReports(program);
   if (!comparison.notices().isEmpty())
     emit program.console.newReports(comparison.notices());
 }

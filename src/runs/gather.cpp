@@ -10,6 +10,7 @@
 #include "reports/translate_report.h"
 #include "runs/cycle_files.h"
 #include "runs/last_known.h"
+#include "runs/night_desk.h"
 #include "runs/report_intake.h"
 #include "runs/station_files.h"
 
@@ -172,6 +173,7 @@ GatheredRun gather(Program& program, RunRequest request, RunProgress& progress) 
   else
     gatherRecord(program, run, progress);
   keepLastReports(program);
+  observeReports(program);
   // A panel that tells of no network is left to the watch.
   if (program.console.status().panel1().startsWith(panelConnected))
     program.console.setPanel(1, program.connectedText());

@@ -33,25 +33,41 @@ std::optional<LastReport> find(Program& program, const QString& code, ReportKind
   return found;
 }
 
+QString metarText(const QString& code, const QString& file, const SettingsRecord& settings) {
+  const StationReport report = layoutReport(file, ReportKind::Metar, settings);
+  return code + kindWord(MinuteOfHour::at(report.obsTime, 3).isRoutine()) + report.obsTime + crlf +
+         report.body;
+}
+
+QString tafText(const QString& code, const QString& file, const SettingsRecord& settings) {
+  const StationReport report = layoutReport(file, ReportKind::Taf, settings);
+  return crlf + code + u"  TAF   " + report.obsTime + crlf + report.body;
+}
+
 QString blockOf(Program& program, const QString& code) {
   const auto metar = find(program, code, ReportKind::Metar);
   const auto taf = find(program, code, ReportKind::Taf);
   if (!metar && !taf)
     return crlf + code + u"  NOT FOUND" + crlf;
   QString text = crlf + headline(metar ? metar->time : taf->time, program);
-  if (metar) {
-    const StationReport report = layoutReport(metar->text, ReportKind::Metar, program.record());
-    text += code + kindWord(MinuteOfHour::at(report.obsTime, 3).isRoutine()) + report.obsTime + crlf +
-            report.body;
-  }
-  if (taf) {
-    const StationReport report = layoutReport(taf->text, ReportKind::Taf, program.record());
-    text += crlf + code + u"  TAF   " + report.obsTime + crlf + report.body;
-  }
+  if (metar)
+    text += metarText(code, metar->text, program.record());
+  if (taf)
+    text += tafText(code, taf->text, program.record());
   return text + crlf;
 }
 
 } // namespace
+
+QString knownReportText(Program& program, const QString& code) {
+  const StationCode station(code);
+  QString text;
+  if (const auto* metar = program.knownReports.find(station, ReportKind::Metar))
+    text += metarText(code, metar->text, program.record());
+  if (const auto* taf = program.knownReports.find(station, ReportKind::Taf))
+    text += tafText(code, taf->text, program.record());
+  return text;
+}
 
 void keepLastReports(Program& program) {
   const std::vector<LastReport> fresh = program.knownReports.takenSince(program.keptReports);

@@ -5,6 +5,7 @@
 #include "base/report_rules.h"
 #include "platform/services.h"
 #include "reports/dictionaries.h"
+#include "runs/night_desk_state.h"
 #include "runs/report_intake.h"
 #include "runs/run_request.h"
 #include "runs/source_health.h"
@@ -27,7 +28,8 @@ inline constexpr QStringView panelConnected = u"ネットワーク接続確立";
 struct Program {
   explicit Program(Services given)
       : services(std::move(given)), console(services.clock, tables.settings()),
-        baseUrl(services.endpoints.update), lastReports(services.path(u"last.mdb")) {}
+        baseUrl(services.endpoints.update), lastReports(services.path(u"last.mdb")),
+        desk(services.path(u"shift.jsonl")) {}
 
   Services services;
   Tables tables;
@@ -47,13 +49,14 @@ struct Program {
   QHash<QString, RecentReply> recentReplies; ///< by address
   LastReports lastReports;                   ///< what is known over runs
   int keptReports = 0;                       ///< count of the reports that were kept there
-  bool cycleChanged = false;                 ///< the last comparison found a report that is not shown yet
-  bool cycleAnnounces = false;               ///< one of these is to be announced
-  QString lastCycleTime;                     ///< HH:MM, local, at which the last cycle ended
-  bool lastProbeGood = true;                 ///< the last probe of the network watch succeeded
-  bool minimised = false;                    ///< the main window is minimised
-  int watchTicks = 0;                        ///< seconds since the last pass or key
-  int bufferLevel = 1;                       ///< 11 minus the setting バッファ
+  NightDeskState desk;
+  bool cycleChanged = false;   ///< the last comparison found a report that is not shown yet
+  bool cycleAnnounces = false; ///< one of these is to be announced
+  QString lastCycleTime;       ///< HH:MM, local, at which the last cycle ended
+  bool lastProbeGood = true;   ///< the last probe of the network watch succeeded
+  bool minimised = false;      ///< the main window is minimised
+  int watchTicks = 0;          ///< seconds since the last pass or key
+  int bufferLevel = 1;         ///< 11 minus the setting バッファ
   /// The beginning (UTC) of the hour that each cycle file fetched in this run is of. A 時差 that no zone has
   /// asks for hours that no day has.
   std::map<UtcHour, QDateTime> cycleFileHours;

@@ -36,8 +36,15 @@ const KnownReports::Known* KnownReports::find(const StationCode& code, ReportKin
 }
 
 void KnownReports::keep(const StationCode& code, ReportKind kind, Known latest) {
+  constexpr qint64 keptSeconds = 26 * 3600;
+  Known& known = reports_[{code.text(), kind}];
   latest.number = ++count_;
-  reports_[{code.text(), kind}] = std::move(latest);
+  latest.times = std::move(known.times);
+  latest.before = known.time.isValid() && known.time != latest.time ? known.text : known.before;
+  if (latest.times.empty() || latest.times.back() != latest.time)
+    latest.times.push_back(latest.time);
+  std::erase_if(latest.times, [&](const QDateTime& time) { return time.secsTo(latest.time) > keptSeconds; });
+  known = std::move(latest);
 }
 
 std::vector<LastReport> KnownReports::takenSince(int number) const {

@@ -27,6 +27,8 @@ class KnownReports {
     QString source = {};                ///< the name of who served it
     QDateTime asked = {};               ///< UTC
     std::optional<bool> isSpecial = {}; ///< what the source says of a METAR
+    QString before = {};                ///< the report before, its station file; empty where there was none
+    std::vector<QDateTime> times = {};  ///< of the reports of the last 26 hours, UTC, in the order they came
     int number = 0;                     ///< counts up with each report that is kept
   };
 

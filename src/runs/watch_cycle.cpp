@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "runs/change_detector.h"
 #include "runs/cycle_files.h"
+#include "runs/night_desk.h"
 
 namespace soran {
 
@@ -21,7 +22,7 @@ constexpr int minutesOfDay = 24 * 60;
 WatchCycle::WatchCycle(Program& program, DecodeRun& decode, Printing& printing)
     : program_(program), decode_(decode), printing_(printing), timer_(makeTimer(&WatchCycle::onWatchTick)),
       timer2_(makeTimer(&WatchCycle::onOverlayTick)), timer4_(makeTimer(&WatchCycle::onSequenceRetry)),
-      timer1_(makeTimer(&WatchCycle::onTrayTick)) {}
+      timer1_(makeTimer(&WatchCycle::onTrayTick)), alarmTimer_(makeTimer(&WatchCycle::onAlarmTick)) {}
 
 std::unique_ptr<Timer> WatchCycle::makeTimer(void (WatchCycle::*tick)()) {
   const Services& services = program_.services;
@@ -37,16 +38,24 @@ void WatchCycle::start() {
   timer2_->setInterval(1000);
   timer2_->setEnabled(true);
   timer4_->setInterval(3000);
+  alarmTimer_->setInterval(1000);
+  alarmTimer_->setEnabled(true);
 }
 
 void WatchCycle::stop() {
-  for (Timer* timer : {timer_.get(), timer2_.get(), timer4_.get(), timer1_.get()})
+  for (Timer* timer : {timer_.get(), timer2_.get(), timer4_.get(), timer1_.get(), alarmTimer_.get()})
     timer->setEnabled(false);
 }
 
 void WatchCycle::onTrayTick() {
   timer1_->setEnabled(false);
   program_.services.forms.hide(form::TaskIcon{});
+}
+
+void WatchCycle::onAlarmTick() {
+  // A sound is waited for, which would hold a run.
+  if (!decode_.running())
+    ringAlarms(program_);
 }
 
 void WatchCycle::readBufferLevel() {
@@ -141,6 +150,7 @@ bool WatchCycle::answers(const QUrl& address) {
 void WatchCycle::networkFailed() {
   Console& console = program_.console;
   program_.networkAvailable = false;
+  program_.desk.watchedSince = {};
   console.setPanel(1, u"ネットワーク未接続"_s);
   if (program_.lastProbeGood) {
     console.appendScreen(crlf + u"DISCONNECT NETWORK" + crlf);
@@ -222,6 +232,8 @@ void WatchCycle::cycle() {
     checkForChanges(program_);
     if (program_.cycleChanged)
       runChanged(acts);
+    if (program_.desk.showsBoard)
+      refreshSigmets(program_);
   }
   timer_->setEnabled(true);
   program_.lastCycleTime = timeText(program_.services.clock).left(5);

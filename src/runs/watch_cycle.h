@@ -52,6 +52,7 @@ class WatchCycle {
  private:
   std::unique_ptr<Timer> makeTimer(void (WatchCycle::*tick)());
   void onTrayTick();
+  void onAlarmTick();
   void pass();
   bool probe();
   bool answers(const QUrl& address);
@@ -73,6 +74,7 @@ class WatchCycle {
   std::unique_ptr<Timer> timer2_;
   std::unique_ptr<Timer> timer4_;
   std::unique_ptr<Timer> timer1_;
+  std::unique_ptr<Timer> alarmTimer_; ///< sounds what is due, also while the watch stands still
   int watchLimit_ = 0;
   int overlayTicks_ = 0;
   int retries_ = 0;

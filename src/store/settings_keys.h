@@ -107,7 +107,11 @@ enum class Standard {
   X(Date,    UPDATE更新日,             Kept,  u"")                                          \
   X(Version, DBバージョン,             Kept,  0)                                            \
   X(Date,    DB更新日,                 Kept,  u"")                                          \
-  X(YesNo,   規約読み,                 Fixed, true)
+  X(YesNo,   規約読み,                 Fixed, true)                                         \
+  X(YesNo,   条件アラーム,             Fixed, false)                                        \
+  X(Integer, アラーム間隔,             Fixed, 5)                                            \
+  X(Text,    静音開始時,               Fixed, u"00")                                        \
+  X(Text,    静音終了時,               Fixed, u"00")
 // clang-format on
 
 /// The C++ type of a stored form. A version is read as a number.

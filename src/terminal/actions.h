@@ -48,6 +48,7 @@ void settings(Terminal& terminal);
 /// the download.
 void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
+void board(Terminal& terminal);
 void runningLog(Terminal& terminal);
 void sunTimes(Terminal& terminal);
 void commandList(Terminal& terminal);

@@ -9,6 +9,7 @@
 #include "runs/sigmet_list.h"
 #include "sun/sun_command.h"
 #include "terminal/actions.h"
+#include "terminal/desk_commands.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/terminal.h"
 
@@ -228,6 +229,10 @@ Outcome sigmet(Command& c) {
   return Outcome::Taken;
 }
 
+Outcome nightDesk(Command& c) {
+  return runDeskCommand(c.terminal, c.text) ? Outcome::Taken : Outcome::Passed;
+}
+
 Outcome networkGate(Command& c);
 
 /// "ETA RJTT 1430", with "Z" behind the time in UTC.
@@ -309,6 +314,7 @@ constexpr Row chain[] = {
     {u"HELP", true, run<action::help>},
     {u"AIS", false, ais},
     {u"", false, group},
+    {u"", false, nightDesk},
     {u"", false, arrival},
     {u"ATO", true, startAutomatic},
     {u"PRINT", false, print},

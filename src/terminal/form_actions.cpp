@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "imagery/adobe_notice.h"
 #include "runs/cycle_files.h"
+#include "terminal/desk_commands.h"
 #include "terminal/terminal.h"
 
 namespace soran::action {
@@ -118,6 +119,10 @@ void charts(Terminal& terminal) {
 void cameras(Terminal& terminal) {
   echoPrompt(terminal);
   showBeside(terminal, u"DISPLAY NETWORK CAMERA"_s, form::Cameras{});
+}
+
+void board(Terminal& terminal) {
+  showBoard(terminal, {});
 }
 
 void runningLog(Terminal& terminal) {

@@ -65,6 +65,7 @@ constexpr Entry entries[] = {
     {Kind::Item, u"menu_info_weather", u"天気略語", u"menu_weather", NoPane, Always, action::abbreviations},
     {Kind::Item, u"menu_ais", u"AIS JAPAN", u"menu_weather", Always, Always, action::ais},
     {Kind::Item, u"menu_camera", u"ライブカメラ", u"menu_weather", Network, Always, action::cameras},
+    {Kind::Item, u"menu_board", u"監視ボード", u"menu_weather", NoPane, Always, action::board},
     {Kind::Menu, u"menu_setup", u"設定", u"", Always, Always, nullptr},
     {Kind::Item, u"menu_airport", u"飛行場リスト", u"menu_setup", NoPane, Always, action::airportList},
     {Kind::Item, u"menu_autodecode", u"自動デコードリスト", u"menu_setup", NoPane, Always, action::decodeListFromMenu},
@@ -124,6 +125,7 @@ constexpr Button buttonTable[] = {
     {15, u" ブラウザーを閉じる ", Pane, Browser, action::closePane},
     {16, u" 戻る ", Pane | Network, Browser, action::goBack},
     {17, u" 自動デコード開始 ", Network, Always, action::startAutomaticByButton},
+    {40, u" 監視ボード ", NoPage, Always, action::board},
 };
 // clang-format on
 

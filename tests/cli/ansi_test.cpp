@@ -102,11 +102,6 @@ TEST(Ansi, RunsBecomeLinesWithoutLeftOverAttributes) {
   EXPECT_EQ(ansiText(text, 4, runs, white, plain).toStdString(), "S\nC\n\nD E\xC2\xB7");
 }
 
-TEST(Ansi, WideCharactersTakeTwoColumns) {
-  EXPECT_EQ(displayWidth(u"RJTT"), 4);
-  EXPECT_EQ(displayWidth(u"東京 RJTT"), 9);
-}
-
 class ScreenPrinting : public ::testing::Test {
  protected:
   ScreenPrinting() {

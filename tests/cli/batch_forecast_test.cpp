@@ -48,6 +48,34 @@ QString compact(const QJsonValue& value, const QString& textField) {
       QJsonDocument(inWords(value, text).toObject()).toJson(QJsonDocument::Compact).replace('"', '\''));
 }
 
+TEST(BoardJob, GivesTheRowOfTheBoard) {
+  QJsonObject board = job;
+  board[u"op"_s] = u"board"_s;
+  board[u"code"_s] = u"RJTT"_s;
+  board[u"before"_s] = u"RJTT 220400Z 34012KT 9999 FEW030 24/18 Q1008"_s;
+  board[u"now"_s] = u"2026-08-22T06:20:00"_s;
+  board.remove(u"time"_s);
+  const QJsonObject row = answerTo(board)[u"result"].toObject();
+  // VV/// counts as the least height; the next METAR has not come.
+  EXPECT_EQ(row[u"state"], u"L3"_s);
+  EXPECT_EQ(row[u"level"], 3);
+  EXPECT_EQ(row[u"observed"], u"2026-08-22T04:30:00Z"_s);
+  EXPECT_EQ(row[u"values"], answerTo(job)[u"result"][u"metar"][u"values"]);
+  EXPECT_EQ(row[u"findings"][0][u"element"], u"RVR"_s);
+  EXPECT_EQ(row[u"findings"][1][u"group"], u"VV///"_s);
+  EXPECT_EQ(row[u"outlook"][u"1"][u"group"], u"0700"_s);
+  EXPECT_EQ(row[u"outlook"][u"1"][u"begins"], u"2026-08-22T06:20:00Z"_s);
+  EXPECT_EQ(row[u"cells"][u"AGE"], u"1h50 OVERDUE"_s);
+  EXPECT_EQ(row[u"cells"][u"CHANGE"], u"WIND↑ VIS↓ CIG↓"_s);
+  board[u"now"_s] = u"2026-08-23T12:00:00"_s;
+  for (const QString& text : {u"metar"_s, u"before"_s})
+    board.remove(text);
+  const QJsonObject late = answerTo(board)[u"result"].toObject();
+  EXPECT_EQ(late[u"state"], u"NO DATA"_s);
+  EXPECT_EQ(late[u"taf_expired"], true);
+  EXPECT_TRUE(late[u"outlook"][u"6"].isNull());
+}
+
 TEST(TafAt, GivesSlicesValuesAndTheWorst) {
   const QJsonObject result = answerTo(job)[u"result"].toObject();
   EXPECT_EQ(result[u"at"], u"2026-08-22T06:30:00Z"_s);

@@ -91,7 +91,7 @@ TEST_F(SettingsFormTest, EveryControlWritesItsOwnKeyAtOnce) {
     note(before);
     ++controls;
   }
-  EXPECT_EQ(controls, 31 + 10 + 8 + 10);
+  EXPECT_EQ(controls, 32 + 13 + 8 + 10);
   EXPECT_EQ(changed.size(), controls);
   EXPECT_EQ(changed.removeDuplicates(), 0);
   Tables other;

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "desktop/forms/adobe_form.h"
 #include "desktop/forms/airport_form.h"
+#include "desktop/forms/board_form.h"
 #include "desktop/forms/camera_form.h"
 #include "desktop/forms/chart_form.h"
 #include "desktop/forms/command_form.h"
@@ -63,6 +64,8 @@ void FormService::show(const Form& form) {
       return;
     connect(widget.get(), &QDialog::finished, this, [this, form] { terminal_->forms().closed(form); });
   }
+  if (const auto* board = std::get_if<form::Board>(&form))
+    static_cast<BoardForm&>(*widget).setGroup(board->group);
   widget->show();
   widget->raise();
 }
@@ -133,6 +136,9 @@ FormService::Widget FormService::make(const form::Charts&) {
 }
 FormService::Widget FormService::make(const form::Cameras&) {
   return std::make_unique<CameraForm>(window_, *terminal_);
+}
+FormService::Widget FormService::make(const form::Board& board) {
+  return std::make_unique<BoardForm>(window_, *terminal_, board.group);
 }
 FormService::Widget FormService::make(const form::Alert&) {
   return std::make_unique<MessageForm>(window_);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QPalette>
+#include <QPlainTextEdit>
 #include <QTranslator>
 #include <QWidget>
 
@@ -123,6 +124,17 @@ void paintLikeScreen(QWidget& widget, Colour ground, Colour text) {
     palette.setColor(role, toQColor(text));
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);
+}
+
+void insertColoured(QPlainTextEdit& pane, const QString& text, const std::vector<AttributeRun>& runs) {
+  QTextCursor cursor(pane.document());
+  cursor.movePosition(QTextCursor::End);
+  for (const AttributeRun& run : runs) {
+    QTextCharFormat format;
+    format.setForeground(toQColor(run.colour));
+    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+    cursor.insertText(text.mid(run.start, run.length).remove(u'\r'), format);
+  }
 }
 
 } // namespace soran

@@ -8,10 +8,12 @@
 #include <QFont>
 #include <QIcon>
 #include <QString>
+#include <vector>
 
 class QApplication;
 class QFrame;
 class QLabel;
+class QPlainTextEdit;
 class QWidget;
 
 namespace soran {
@@ -46,5 +48,8 @@ void drawFrameOf(QFrame& frame);
 
 /// Gives a widget the ground and text colour of the terminal.
 void paintLikeScreen(QWidget& widget, Colour ground, Colour text);
+
+/// Adds the text in the colours of its runs, which stand in order and cover it.
+void insertColoured(QPlainTextEdit& pane, const QString& text, const std::vector<AttributeRun>& runs);
 
 } // namespace soran

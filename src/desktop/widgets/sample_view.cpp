@@ -25,12 +25,7 @@ void SampleView::showSample(const SettingsSample& sample) {
   setFont(terminalFont(sample.font, std::max(sample.size, 1), sample.bold));
   const int place = verticalScrollBar()->value();
   clear();
-  QTextCursor cursor(document());
-  for (const AttributeRun& run : sample.runs) {
-    QTextCharFormat format;
-    format.setForeground(toQColor(run.colour));
-    cursor.insertText(sample.text.mid(run.start, run.length).remove(u'\r'), format);
-  }
+  insertColoured(*this, sample.text, sample.runs);
   setVerticalScrollBarPolicy(sample.scrollBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
   verticalScrollBar()->setValue(place);
 }

@@ -12,7 +12,7 @@ class QBoxLayout;
 
 namespace soran {
 
-/// The strip `Frame` with the image buttons `img0` to `img17`.
+/// The strip `Frame` with the image buttons `img0` to `img17` and `img40`.
 class ToolbarFrame : public QFrame {
   Q_OBJECT
  public:

@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desk/board_cells.h"
+
+#include "base/text.h"
+
+#include <cmath>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+QString stateWord(const BoardRow& row) {
+  const QString forecast = u'F' + QString::number(row.outlookLevel());
+  if (row.level() > 0) {
+    const QString now = u'L' + QString::number(row.level());
+    return row.outlookLevel() > row.level() ? now + u'/' + forecast : now;
+  }
+  if (row.freshness == Freshness::Unknown)
+    return u"NO DATA"_s;
+  if (row.freshness == Freshness::Overdue)
+    return u"OVERDUE"_s;
+  if (row.outlookLevel() > 0)
+    return forecast;
+  if (row.tafExpired)
+    return u"EXPIRED"_s;
+  return row.freshness == Freshness::Closed ? u"CLOSED"_s : u"OK"_s;
+}
+
+QString alarmWord(const Alarm& alarm) {
+  if (alarm.muted)
+    return u"MUTED"_s;
+  switch (alarm.state) {
+  case AlarmState::Ringing:
+    return u"RING"_s;
+  case AlarmState::Acknowledged:
+    return u"ACK"_s;
+  case AlarmState::Quiet:
+    break;
+  }
+  return {};
+}
+
+namespace cell {
+
+namespace {
+
+QString joined(const BoardRow& row, const std::vector<Words>& groups) {
+  QStringList words;
+  for (const Words& group : groups)
+    words.append(group.in(row.metar).toString());
+  return words.join(u' ');
+}
+
+QString reported(const BoardRow& row, const Words& words) {
+  return words.in(row.metar).toString();
+}
+
+QString arrow(double before, double now) {
+  return now > before ? u"↑"_s : u"↓"_s;
+}
+
+template <class Element, class Value>
+void addChange(QStringList& changes, QStringView name, const std::optional<Element>& before,
+               const std::optional<Element>& now, Value value) {
+  if (!before || !now || value(*before) == value(*now))
+    return;
+  changes.append(name + arrow(value(*before), value(*now)));
+}
+
+/// Metres that a report tells; CAVOK is 10 km or more.
+std::optional<int> metres(const ElementValues& values) {
+  if (values.cavok)
+    return 9999;
+  return values.visibility ? std::optional(values.visibility->metres) : std::nullopt;
+}
+
+/// Feet; a sky without a ceiling lies above every height that can be reported, of which there are three
+/// figures of hundreds.
+std::optional<int> feet(const ElementValues& values) {
+  constexpr int aboveAll = 100'000;
+  if (const Ceiling* ceiling = values.ceiling())
+    return ceiling->feet;
+  return values.cavok || !values.clouds.empty() ? std::optional(aboveAll) : std::nullopt;
+}
+
+std::optional<double> speed(const ElementValues& values) {
+  if (!values.wind || !values.wind->speed)
+    return std::nullopt;
+  const Wind& wind = *values.wind;
+  return inKnots(wind.gust ? *wind.gust : *wind.speed, wind.unit);
+}
+
+} // namespace
+
+QString state(const BoardRow& row, const QDateTime&) {
+  return stateWord(row);
+}
+
+QString alarm(const BoardRow& row, const QDateTime&) {
+  return alarmWord(row.alarm);
+}
+
+QString code(const BoardRow& row, const QDateTime&) {
+  return row.code.text();
+}
+
+QString name(const BoardRow& row, const QDateTime&) {
+  return row.name;
+}
+
+QString report(const BoardRow& row, const QDateTime&) {
+  if (!row.time.isValid())
+    return {};
+  return (row.isSpecial ? u"SPECI "_s : u"METAR "_s) + row.time.toString(u"HHmm"_s) + u'Z';
+}
+
+QString age(const BoardRow& row, const QDateTime& now) {
+  if (!row.time.isValid())
+    return {};
+  const qint64 minutes = std::max<qint64>(0, row.time.secsTo(now) / 60);
+  QString age = QString::number(minutes) + u'm';
+  if (minutes >= 60)
+    age = QString::number(minutes / 60) + u'h' + twoDigits(int(minutes % 60));
+  if (row.freshness == Freshness::Overdue)
+    return age + u" OVERDUE";
+  return row.freshness == Freshness::Closed ? age + u" CLOSED" : age;
+}
+
+QString wind(const BoardRow& row, const QDateTime&) {
+  return row.values.wind ? reported(row, row.values.wind->words) : QString();
+}
+
+QString visibility(const BoardRow& row, const QDateTime&) {
+  QStringList words;
+  if (row.values.cavok)
+    words.append(u"CAVOK"_s);
+  else if (row.values.visibility)
+    words.append(reported(row, row.values.visibility->words));
+  if (const RunwayRange* least = row.values.leastRunwayRange())
+    words.append(reported(row, least->words));
+  return words.join(u' ');
+}
+
+QString weather(const BoardRow& row, const QDateTime&) {
+  return joined(row, row.values.weather);
+}
+
+QString ceiling(const BoardRow& row, const QDateTime&) {
+  const Ceiling* ceiling = row.values.ceiling();
+  return ceiling ? reported(row, ceiling->words) : QString();
+}
+
+QString temperatures(const BoardRow& row, const QDateTime&) {
+  return row.values.temperatures ? reported(row, row.values.temperatures->words) : QString();
+}
+
+QString qnh(const BoardRow& row, const QDateTime&) {
+  // As the field reads it: the hectopascals that are reached.
+  return row.values.pressure ? QString::number(std::floor(row.values.pressure->hectopascals)) : QString();
+}
+
+QString outlook(const BoardRow& row, int place) {
+  const auto& outlook = row.outlook[size_t(place)];
+  if (!outlook)
+    return {};
+  return outlook->worst.element + u' ' + outlook->worst.words + u'/' + outlook->begins.toString(u"ddHH"_s) +
+         u'Z';
+}
+
+QString sigmet(const BoardRow& row, const QDateTime&) {
+  return row.sigmets.join(u' ');
+}
+
+QString source(const BoardRow& row, const QDateTime&) {
+  return row.source;
+}
+
+QString changes(const BoardRow& row, const QDateTime&) {
+  QStringList changes;
+  const auto value = [](auto number) { return double(number); };
+  addChange(changes, u"WIND", speed(row.before), speed(row.values), value);
+  addChange(changes, u"VIS", metres(row.before), metres(row.values), value);
+  addChange(changes, u"CIG", feet(row.before), feet(row.values), value);
+  addChange(changes, u"QNH", row.before.pressure, row.values.pressure,
+            [](const Pressure& pressure) { return pressure.hectopascals; });
+  return changes.join(u' ');
+}
+
+} // namespace cell
+
+} // namespace soran
