@@ -70,6 +70,7 @@ install(FILES relay/soran-relay.conf relay/endpoints.ini ${PROJECT_SOURCE_DIR}/d
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/relay)
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES debian/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME soran)
+install(FILES soran-watch.service DESTINATION lib/systemd/user)
 install(FILES completion/soran-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 get_property(compressed GLOBAL PROPERTY SORAN_COMPRESSED)

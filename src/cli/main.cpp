@@ -9,6 +9,7 @@
 #include "cli/session.h"
 #include "cli/source_check.h"
 #include "cli/standard_stream.h"
+#include "cli/watch.h"
 #include "delivered.h"
 
 #include <QCoreApplication>
@@ -29,6 +30,10 @@ QByteArray helpText() {
              "  soran-cli [OPTIONS] session       an event a line in, the state a line out, both JSON "
              "(--runs "
              "adds colours)\n"
+             "  soran-cli [OPTIONS] watch         tells what happens, an event a line (--list CODES, --group "
+             "NAME, "
+             "--json,\n"
+             "                                    --exec COMMAND, --webhook ADDRESS)\n"
              "  soran-cli [OPTIONS] batch         a job a line in, its result a line out, both JSON\n"
              "  soran-cli [OPTIONS] check-sources asks every address once, and tells what it answered "
              "(--json: "
@@ -55,8 +60,16 @@ int runCall(LaunchOptions options, StandardStream& output, StandardStream& error
   const QString call = options.rest.takeFirst();
   if (options.runs && call != u"session")
     return refuse(errors, u"--runs goes with session"_s);
-  if (options.json && call != u"check-sources")
-    return refuse(errors, u"--json goes with check-sources"_s);
+  if (options.json && call != u"check-sources" && call != u"watch")
+    return refuse(errors, u"--json goes with check-sources and watch"_s);
+  const QString watchOptions = options.list + options.group + options.exec + options.webhook;
+  if (!watchOptions.isEmpty() && call != u"watch")
+    return refuse(errors, u"--list, --group, --exec and --webhook go with watch"_s);
+  if (call == u"watch") {
+    if (!options.rest.isEmpty())
+      return refuse(errors, u"watch takes no further arguments"_s);
+    return Watch(options, delivered::file, output, errors).run();
+  }
   if (call == u"check-sources") {
     if (!options.rest.isEmpty())
       return refuse(errors, u"check-sources takes no further arguments"_s);

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
+#include <algorithm>
 
 namespace soran {
 
@@ -28,6 +29,16 @@ QString userDirectory() {
 /// The files installed with the program lie beside the folder of its executables.
 QString installed(QStringView name) {
   return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/soran/" + name);
+}
+
+/// Where the value of an option that is a text goes; null where it is none of them.
+QString* textOption(LaunchOptions& options, const QString& name) {
+  const std::pair<QStringView, QString*> texts[] = {{u"--list", &options.list},
+                                                    {u"--group", &options.group},
+                                                    {u"--exec", &options.exec},
+                                                    {u"--webhook", &options.webhook}};
+  const auto found = std::ranges::find(texts, QStringView(name), &std::pair<QStringView, QString*>::first);
+  return found == std::end(texts) ? nullptr : found->second;
 }
 
 } // namespace
@@ -73,6 +84,8 @@ LaunchOptions readOptions(const QStringList& arguments) {
       options.demo = true;
     } else if (argument == u"--runs") {
       options.runs = true;
+    } else if (QString* text = textOption(options, argument)) {
+      *text = value(argument);
     } else if (argument == u"--json") {
       options.json = true;
     } else if (argument == u"--help") {

@@ -15,11 +15,15 @@ namespace soran {
 
 /// The options that both programs take.
 struct LaunchOptions {
-  QString home;      ///< the program's directory; empty for the user's own
-  QString endpoints; ///< the endpoints file; empty for endpoints.ini in the program's directory
-  bool runs = false; ///< the states of a session tell the coloured runs
-  bool json = false; ///< what is told comes as JSON
-  bool demo = false; ///< the embedded endpoint serves everything
+  QString home;         ///< the program's directory; empty for the user's own
+  QString endpoints;    ///< the endpoints file; empty for endpoints.ini in the program's directory
+  bool runs = false;    ///< the states of a session tell the coloured runs
+  bool json = false;    ///< what is told comes as JSON
+  QString list = {};    ///< of a watch: the codes, with a blank between them; empty for the automatic list
+  QString group = {};   ///< of a watch: the group whose airports it watches
+  QString exec = {};    ///< of a watch: a program that gets each event
+  QString webhook = {}; ///< of a watch: an address that gets each event
+  bool demo = false;    ///< the embedded endpoint serves everything
   bool help = false;
   bool version = false;
   std::optional<QDateTime> now; ///< the instant at which the clock stands

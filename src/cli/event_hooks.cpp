@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/event_hooks.h"
+
+#include <QNetworkReply>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int limitMilliseconds = 30'000;
+/// Of more events than these the oldest are dropped, and it is told.
+constexpr size_t longestQueue = 1000;
+
+} // namespace
+
+EventHooks::EventHooks(const QString& command, const QUrl& address, StandardStream& errors)
+    : command_(QProcess::splitCommand(command)), address_(address), errors_(errors) {
+  limit_.setSingleShot(true);
+  limit_.setInterval(limitMilliseconds);
+  connect(&limit_, &QTimer::timeout, this, [this] {
+    timedOut_ = true;
+    process_->kill();
+  });
+}
+
+EventHooks::~EventHooks() {
+  if (process_) {
+    process_->disconnect(this);
+    process_->kill();
+    process_->waitForFinished(1000);
+  }
+}
+
+void EventHooks::tell(const QString& what) {
+  errors_.tell(u"soran-cli: "_s + what + u'\n');
+}
+
+void EventHooks::add(std::deque<QByteArray>& queue, const QByteArray& json) {
+  queue.push_back(json + '\n');
+  if (queue.size() > longestQueue) {
+    queue.pop_front();
+    tell(u"an event was dropped, too many wait"_s);
+  }
+}
+
+void EventHooks::give(const QByteArray& json) {
+  if (!command_.isEmpty()) {
+    add(toRun_, json);
+    runNext();
+  }
+  if (!address_.isEmpty()) {
+    add(toPost_, json);
+    postNext();
+  }
+}
+
+void EventHooks::runNext() {
+  if (process_ || toRun_.empty())
+    return;
+  timedOut_ = false;
+  process_ = std::make_unique<QProcess>();
+  process_->setProcessChannelMode(QProcess::ForwardedChannels);
+  connect(process_.get(), &QProcess::finished, this, &EventHooks::runEnded, Qt::QueuedConnection);
+  connect(
+      process_.get(), &QProcess::errorOccurred, this,
+      [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+          runEnded();
+      },
+      Qt::QueuedConnection);
+  const QByteArray event = toRun_.front();
+  toRun_.pop_front();
+  process_->start(command_.first(), command_.mid(1));
+  process_->write(event);
+  process_->closeWriteChannel();
+  limit_.start();
+}
+
+void EventHooks::runEnded() {
+  if (!process_)
+    return;
+  limit_.stop();
+  if (process_->error() == QProcess::FailedToStart)
+    tell(command_.first() + u": " + process_->errorString());
+  else if (timedOut_)
+    tell(command_.first() + u": stopped after 30 seconds"_s);
+  else if (process_->exitStatus() != QProcess::NormalExit || process_->exitCode() != 0)
+    tell(command_.first() + u": exit status "_s + QString::number(process_->exitCode()));
+  process_.reset();
+  runNext();
+}
+
+void EventHooks::postNext() {
+  if (reply_ || toPost_.empty())
+    return;
+  if (!network_)
+    network_ = std::make_unique<QNetworkAccessManager>();
+  QNetworkRequest request(address_);
+  request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
+  request.setTransferTimeout(limitMilliseconds);
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+  reply_ = network_->post(request, toPost_.front());
+  toPost_.pop_front();
+  connect(reply_, &QNetworkReply::finished, this, [this] {
+    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status < 200 || status > 299) {
+      const QString why = status == 0 ? reply_->errorString() : u"status "_s + QString::number(status);
+      tell(address_.toDisplayString(QUrl::RemoveUserInfo | QUrl::RemoveQuery) + u": " + why);
+    }
+    reply_->deleteLater();
+    reply_ = nullptr;
+    postNext();
+  });
+}
+
+} // namespace soran

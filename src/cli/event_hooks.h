@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/standard_stream.h"
+
+#include <QNetworkAccessManager>
+#include <QProcess>
+#include <QStringList>
+#include <QTimer>
+#include <QUrl>
+#include <deque>
+#include <memory>
+
+namespace soran {
+
+/// Hands events on, as JSON: to a program on its standard input, never through a shell, and to an address by
+/// POST. Of each kind at most one is under way, for 30 seconds at most; what failed is told, and the next
+/// event goes on.
+class EventHooks final : public QObject {
+  Q_OBJECT
+ public:
+  /// `command` is a program with its arguments, quoted as in a shell; empty for none, as is an empty address.
+  EventHooks(const QString& command, const QUrl& address, StandardStream& errors);
+  ~EventHooks() override;
+
+  void give(const QByteArray& json);
+
+  /// Nothing waits and nothing is under way.
+  bool isIdle() const { return !process_ && !reply_ && toRun_.empty() && toPost_.empty(); }
+
+ private:
+  void add(std::deque<QByteArray>& queue, const QByteArray& json);
+  void runNext();
+  void runEnded();
+  void postNext();
+  void tell(const QString& what);
+
+  QStringList command_;
+  QUrl address_;
+  StandardStream& errors_;
+  std::deque<QByteArray> toRun_;
+  std::deque<QByteArray> toPost_;
+  std::unique_ptr<QProcess> process_;
+  QTimer limit_;
+  bool timedOut_ = false;
+  std::unique_ptr<QNetworkAccessManager> network_;
+  QNetworkReply* reply_ = nullptr;
+};
+
+} // namespace soran

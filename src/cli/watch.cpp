@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/watch.h"
+
+#include "base/text.h"
+#include "runs/night_desk.h"
+#include "start/opening.h"
+
+#include <QEventLoop>
+
+namespace soran {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The report of a station file on one line.
+QString onOneLine(const KnownReports::Known* known) {
+  return known ? known->text.section(u'\n', 1).simplified() : QString();
+}
+
+} // namespace
+
+Watch::Watch(const LaunchOptions& options, DeliveredFile delivered, StandardStream& output,
+             StandardStream& errors)
+    : options_(options), output_(output), errors_(errors), launch_(options, timers_, std::move(delivered)),
+      waiting_(launch_.shutdown()), program_(launch_.services(desk_.frontEnd(waiting_))), view_(program_),
+      hooks_(options.exec, QUrl(options.webhook), errors) {
+  connect(&signals_, &SignalWatch::closing, this, [this] { view_.terminal().close(); });
+  connect(&timer_, &QTimer::timeout, this, &Watch::second);
+  connect(&program_.console, &Console::newReports, this, &Watch::takeNotices);
+  program_.services.handsOver = false;
+  desk_.onDialog = [this](const QString& text) { errors_.tell(text.simplified() + u'\n'); };
+}
+
+QDateTime Watch::now() const {
+  return program_.services.clock.now().toUTC();
+}
+
+std::optional<QStringList> Watch::codes() {
+  if (options_.list.isEmpty())
+    return boardCodes(program_, options_.group);
+  const QString list = asciiUpper(options_.list.simplified());
+  return isCodeList(list) ? std::optional(list.split(u' ')) : std::nullopt;
+}
+
+int Watch::run() {
+  Opening opening(program_);
+  if (opening.start() != Opening::Result::Started) {
+    errors_.tell(u"soran-cli: "_s + opening.failure() + u'\n');
+    return notStarted;
+  }
+  const std::optional<QStringList> watched = codes();
+  if (!watched || watched->isEmpty()) {
+    errors_.tell(u"soran-cli: no airports to watch: give --list with codes, --group with its name, or an "
+                 "automatic list\n"_s);
+    return notStarted;
+  }
+  if (launch_.demo())
+    errors_.tell(u"DEMONSTRATION DATA\n"_s);
+  program_.desk.watched = *watched;
+  program_.desk.tellsCrossings = true;
+  QEventLoop loop;
+  connect(&view_, &View::stopped, &loop, &QEventLoop::quit);
+  Terminal& terminal = view_.terminal();
+  terminal.guarded([&] { terminal.start(opening.notice()); });
+  terminal.guarded([&] {
+    terminal.cycle().run(
+        {.kind = RunKind::List, .codes = watched->join(u' '), .origin = RunOrigin::Typed, .fullLoad = true});
+  });
+  timer_.start(1000);
+  if (!terminal.ended())
+    loop.exec();
+  return lost_ ? outputLost : 0;
+}
+
+void Watch::second() {
+  takeAlarms();
+  lookAtNetwork();
+  lookAtAges();
+}
+
+void Watch::takeNotices(const QStringList& notices) {
+  for (const QString& notice : notices) {
+    WatchEvent event = eventOfNotice(notice, now());
+    const ReportKind kind = notice.mid(4).startsWith(u" TAF") ? ReportKind::Taf : ReportKind::Metar;
+    event.report = onOneLine(program_.knownReports.find(StationCode(event.code), kind));
+    tell(event);
+  }
+}
+
+void Watch::takeAlarms() {
+  for (const AlarmEvent& alarm : std::exchange(program_.desk.untold, {})) {
+    const auto* known = program_.knownReports.find(StationCode(alarm.code), alarm.report);
+    const bool ofReport = alarm.kind <= AlarmEventKind::Back;
+    tell({.time = alarm.time,
+          .event = nameOf(alarm.kind).toString(),
+          .code = alarm.code,
+          .text = eventText(alarm),
+          .report = ofReport ? onOneLine(known) : QString(),
+          .alarm = alarm});
+  }
+}
+
+void Watch::lookAtAges() {
+  for (const BoardRow& row : boardRows(program_, program_.desk.watched)) {
+    const QString& code = row.code.text();
+    const Freshness before = std::exchange(ages_[code], row.freshness);
+    const auto tellState = [&](const QString& name) {
+      tell({.time = now(),
+            .event = name,
+            .code = code,
+            .text = code + u' ' + name + u' ' + cellOf(row, BoardColumn::Report, now())});
+    };
+    if (row.freshness == Freshness::Overdue && before != Freshness::Overdue)
+      tellState(u"OVERDUE"_s);
+    if (row.freshness == Freshness::Current && before == Freshness::Overdue)
+      tellState(u"CURRENT"_s);
+    if (row.tafExpired && !std::exchange(expired_[code], row.tafExpired))
+      tellState(u"EXPIRED"_s);
+    expired_[code] = row.tafExpired;
+  }
+}
+
+void Watch::lookAtNetwork() {
+  const auto tellChange = [this](const QString& name, const QString& text) {
+    tell({.time = now(), .event = name, .text = text});
+  };
+  const bool connected = program_.networkAvailable;
+  if (connected_ && *connected_ != connected)
+    tellChange(connected ? u"NETWORK BACK"_s : u"NETWORK LOST"_s, {});
+  connected_ = connected;
+  // Behind the words for a network stands the source that is away.
+  const QString panel = connected ? program_.connectedText() : panel1_;
+  if (panel != panel1_ && !panel1_.isEmpty())
+    tellChange(panel == panelConnected ? u"SOURCE BACK"_s : u"SOURCE AWAY"_s, panel);
+  panel1_ = panel;
+}
+
+void Watch::tell(const WatchEvent& event) {
+  const QByteArray json = jsonOf(event);
+  const bool written = options_.json ? output_.writeAll(json + '\n') : output_.tell(lineOf(event) + u'\n');
+  hooks_.give(json);
+  if (written)
+    return;
+  // Nobody reads what is told.
+  lost_ = true;
+  view_.terminal().close();
+}
+
+} // namespace soran

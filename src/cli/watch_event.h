@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desk/alarm_event.h"
+#include "desk/board.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <optional>
+
+namespace soran {
+
+/// Something that the watch tells.
+struct WatchEvent {
+  QDateTime time; ///< UTC
+  /// REPORT, AMENDED, one of the kinds of the shift log, OVERDUE, CURRENT, EXPIRED, SOURCE AWAY, SOURCE BACK,
+  /// NETWORK LOST, NETWORK BACK.
+  QString event;
+  QString code = {};   ///< of the airport, empty for what concerns none
+  QString text = {};   ///< what a person reads
+  QString report = {}; ///< the report on one line, empty where there is none
+  std::optional<AlarmEvent> alarm = {};
+};
+
+/// One line a person reads, and one JSON object, both without a line end.
+QString lineOf(const WatchEvent& event);
+QByteArray jsonOf(const WatchEvent& event);
+
+/// The event that a notice of the running log is: "RJTT TAF(AMD) RECEIVED".
+WatchEvent eventOfNotice(const QString& notice, const QDateTime& now);
+
+} // namespace soran

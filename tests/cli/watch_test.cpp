@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// soran-cli watch as a process, and what it tells.
+
+#include "base/utc.h"
+#include "cli/cli_fixture.h"
+#include "cli/event_hooks.h"
+#include "cli/watch_event.h"
+
+#include <QDeadlineTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <array>
+#include <unistd.h>
+
+using namespace soran;
+
+namespace {
+
+class WatchTest : public CliTest {
+ protected:
+  WatchTest() {
+    world.report(u"RJTT"_s, u"05:00"_s, u"240500Z 36003KT 0300 FG VV001 12/12 Q1018"_s,
+                 u"240500Z 2406/2512 33010KT 9999"_s);
+    world.report(u"RJAA"_s, u"05:00"_s, u"240500Z 36003KT CAVOK 12/02 Q1018"_s,
+                 u"240500Z 2406/2512 33010KT 9999"_s);
+  }
+  /// A script of the test's folder.
+  QString script(const QByteArray& text) const {
+    const QString path = world.folder.filePath(u"hook.sh"_s);
+    writeWhole(path, "#!/bin/sh\n" + text);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path;
+  }
+  static int endBySignal(Cli& watch) {
+    watch.terminate();
+    return watch.end();
+  }
+};
+
+} // namespace
+
+TEST_F(WatchTest, TellsWhatIsBelowItsLimitAndEndsWithASignal) {
+  const QString seen = world.folder.filePath(u"seen"_s);
+  const QString hook = script("cat >> \"$1\"\n");
+  Cli watch(
+      with({u"watch"_s, u"--json"_s, u"--list"_s, u"RJTT RJAA"_s, u"--exec"_s, hook + u" \"" + seen + u'"'}));
+  QStringList events;
+  QJsonObject visibility;
+  for (int i = 0; i < 3; ++i) {
+    const QJsonObject event = watch.receive();
+    events.append(event[u"event"].toString() + u' ' + event[u"airport"].toString() + u' ' +
+                  event[u"element"].toString());
+    if (event[u"element"] == u"VIS"_s)
+      visibility = event;
+  }
+  events.sort();
+  EXPECT_EQ(events, (QStringList{u"CROSSED RJTT CIG"_s, u"CROSSED RJTT VIS"_s, u"RANG RJTT "_s}))
+      << events.join(u", ").toStdString();
+  EXPECT_EQ(visibility[u"value"], 300);
+  EXPECT_EQ(visibility[u"limit"], 800);
+  EXPECT_EQ(visibility[u"raw"], u"RJTT 240500Z 36003KT 0300 FG VV001 12/12 Q1018"_s);
+  EXPECT_EQ(endBySignal(watch), 0);
+  EXPECT_TRUE(readPlainFile(seen, largestListFile).bytes.contains("\"element\":\"CIG\""));
+}
+
+TEST_F(WatchTest, RefusesWhatItCannotWatch) {
+  const std::pair<QStringList, int> cases[] = {
+      {{u"watch"_s, u"--list"_s, u"RJT"_s}, 1},
+      {{u"watch"_s, u"--group"_s, u"NONE"_s}, 1},
+      {{u"watch"_s, u"RJTT"_s}, 2},
+      {{u"watch"_s, u"--exec"_s}, 2},
+      {{u"run"_s, u"--list"_s, u"RJTT"_s, u"CLS"_s}, 2},
+  };
+  for (const auto& [call, status] : cases) {
+    Cli watch(with(call));
+    EXPECT_EQ(watch.end(), status) << call.join(u' ').toStdString();
+    EXPECT_NE(watch.readAllStandardError(), QByteArray());
+  }
+}
+
+TEST(WatchEvents, AreLinesAndObjects) {
+  const QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 20));
+  WatchEvent amended = eventOfNotice(u"RJTT TAF(AMD) RECEIVED"_s, now);
+  amended.report = u"TAF AMD RJTT 240510Z"_s;
+  EXPECT_EQ(lineOf(amended), u"2026-11-24T05:20:00Z  AMENDED  RJTT TAF(AMD) RECEIVED  TAF AMD RJTT 240510Z");
+  EXPECT_EQ(eventOfNotice(u"RJTT TAF   CHANGED"_s, now).event, u"REPORT");
+  // An airport whose code holds such a word.
+  EXPECT_EQ(eventOfNotice(u"CORA METAR CHANGED"_s, now).event, u"REPORT");
+  const QJsonObject object = QJsonDocument::fromJson(jsonOf(amended)).object();
+  EXPECT_EQ(object[u"airport"], u"RJTT"_s);
+  EXPECT_EQ(object[u"raw"], u"TAF AMD RJTT 240510Z"_s);
+  EXPECT_FALSE(object.contains(u"element"));
+}
+
+TEST_F(WatchTest, HooksTellWhatFailedAndGoOn) {
+  const QString seen = world.folder.filePath(u"seen"_s);
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  StandardStream errors(pipe[1]);
+  const QString hook = script("read line\necho \"$line\" >> \"$1\"\ntest \"$line\" != bad\n");
+  int posted = 0;
+  QTcpServer server;
+  ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+  QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
+    QTcpSocket* socket = server.nextPendingConnection();
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [&posted, socket] {
+      if (socket->peek(100'000).startsWith("POST /hook ") && socket->peek(100'000).endsWith("d\n")) {
+        socket->readAll();
+        socket->write(++posted == 1 ? "HTTP/1.1 500 No\r\nContent-Length: 0\r\n\r\n"
+                                    : "HTTP/1.1 204 Yes\r\nContent-Length: 0\r\n\r\n");
+      }
+    });
+  });
+  const auto waitFor = [](const EventHooks& hooks) {
+    QDeadlineTimer deadline(10'000);
+    while (!hooks.isIdle() && !deadline.hasExpired())
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return hooks.isIdle();
+  };
+  EventHooks hooks(hook + u' ' + seen, QUrl(u"http://127.0.0.1:%1/hook"_s.arg(server.serverPort())), errors);
+  for (const char* event : {"bad", "good"})
+    hooks.give(event);
+  EXPECT_TRUE(waitFor(hooks));
+  EXPECT_EQ(readPlainFile(seen, largestListFile).bytes, "bad\ngood\n");
+  EXPECT_EQ(posted, 2);
+  EventHooks missing(world.folder.filePath(u"none"_s), {}, errors);
+  missing.give("{}");
+  EXPECT_TRUE(waitFor(missing));
+  ::close(pipe[1]);
+  QFile told;
+  ASSERT_TRUE(told.open(pipe[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+  const QByteArray text = told.readAll();
+  EXPECT_TRUE(text.contains("hook.sh: exit status 1\n")) << text.toStdString();
+  EXPECT_TRUE(text.contains("/hook: status 500\n")) << text.toStdString();
+  EXPECT_TRUE(text.contains("none: ")) << text.toStdString();
+}
