@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QString>
 #include <QTimeZone>
 
 namespace soran {
@@ -15,6 +16,11 @@ inline QDateTime inUtc(QDate date, QTime time) {
 #else
   return {date, time, Qt::UTC};
 #endif
+}
+
+/// The instant as "2026-11-24T05:20:00Z".
+inline QString utcText(const QDateTime& time) {
+  return time.toUTC().toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")) + u'Z';
 }
 
 } // namespace soran

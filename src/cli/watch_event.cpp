@@ -3,6 +3,7 @@
 #include "cli/watch_event.h"
 
 #include "base/report_rules.h"
+#include "base/utc.h"
 #include "desk/shift_log.h"
 
 #include <QJsonDocument>
@@ -12,16 +13,8 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString timeText(const QDateTime& time) {
-  return time.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss"_s) + u'Z';
-}
-
-} // namespace
-
 QString lineOf(const WatchEvent& event) {
-  QStringList parts = {timeText(event.time), event.event};
+  QStringList parts = {utcText(event.time), event.event};
   for (const QString& part : {event.text, event.report}) {
     if (!part.isEmpty())
       parts.append(part);
@@ -32,7 +25,7 @@ QString lineOf(const WatchEvent& event) {
 QByteArray jsonOf(const WatchEvent& event) {
   // An alarm is told as the shift log tells it.
   QJsonObject object = event.alarm ? QJsonDocument::fromJson(jsonLine(*event.alarm)).object() : QJsonObject();
-  object[u"time"_s] = timeText(event.time);
+  object[u"time"_s] = utcText(event.time);
   object[u"event"_s] = event.event;
   if (!event.code.isEmpty())
     object[u"airport"_s] = event.code;

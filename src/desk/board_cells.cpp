@@ -122,9 +122,11 @@ QString age(const BoardRow& row, const QDateTime& now) {
   QString age = QString::number(minutes) + u'm';
   if (minutes >= 60)
     age = QString::number(minutes / 60) + u'h' + twoDigits(int(minutes % 60));
-  if (row.freshness == Freshness::Overdue)
+  // What the column of the state does not tell.
+  const QString state = stateWord(row);
+  if (row.freshness == Freshness::Overdue && state != u"OVERDUE")
     return age + u" OVERDUE";
-  return row.freshness == Freshness::Closed ? age + u" CLOSED" : age;
+  return row.freshness == Freshness::Closed && state != u"CLOSED" ? age + u" CLOSED" : age;
 }
 
 QString wind(const BoardRow& row, const QDateTime&) {

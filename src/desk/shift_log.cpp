@@ -4,6 +4,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "base/utc.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,10 +16,6 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString timeText(const QDateTime& time) {
-  return time.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss"_s) + u'Z';
-}
 
 QDateTime timeOf(const QJsonValue& value) {
   const QDateTime time = QDateTime::fromString(value.toString(), Qt::ISODate);
@@ -46,7 +43,7 @@ QString csvField(const QString& text) {
 } // namespace
 
 QByteArray jsonLine(const AlarmEvent& event) {
-  QJsonObject line{{u"time"_s, timeText(event.time)},
+  QJsonObject line{{u"time"_s, utcText(event.time)},
                    {u"event"_s, nameOf(event.kind).toString()},
                    {u"airport"_s, event.code}};
   if (isOfReport(event)) {
@@ -60,7 +57,7 @@ QByteArray jsonLine(const AlarmEvent& event) {
     }
   }
   if (event.until.isValid())
-    line[u"until"_s] = timeText(event.until);
+    line[u"until"_s] = utcText(event.until);
   return QJsonDocument(line).toJson(QJsonDocument::Compact);
 }
 
@@ -143,7 +140,7 @@ QString shiftCsv(std::span<const AlarmEvent> events) {
   for (const AlarmEvent& event : events) {
     const bool ofReport = isOfReport(event);
     const bool hasGroup = !event.words.isEmpty();
-    const QStringList fields = {timeText(event.time),
+    const QStringList fields = {utcText(event.time),
                                 nameOf(event.kind).toString(),
                                 event.code,
                                 ofReport ? nameOf(event.report).toString() : QString(),
@@ -152,7 +149,7 @@ QString shiftCsv(std::span<const AlarmEvent> events) {
                                 hasGroup ? numberText(event.value) : QString(),
                                 hasGroup ? numberText(event.limit) : QString(),
                                 ofReport ? QString::number(event.level) : QString(),
-                                event.until.isValid() ? timeText(event.until) : QString()};
+                                event.until.isValid() ? utcText(event.until) : QString()};
     QStringList quoted;
     std::ranges::transform(fields, std::back_inserter(quoted), csvField);
     table += quoted.join(u',') + crlf;
