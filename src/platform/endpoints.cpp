@@ -116,6 +116,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   if (!read.ok())
     return e;
   QSettings ini(iniFile, QSettings::IniFormat);
+  if (why && (ini.status() == QSettings::AccessError || lacksKeysOf(ini, read.bytes)))
+    *why = FileFault::Failed;
   const std::vector<ReportSource> listed = sourcesIn(ini, iniFile);
   ini.beginGroup(u"endpoints"_s);
   const QHash<QString, QString*> known = {
@@ -140,8 +142,6 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   // Whoever names whom to ask for reports has no other host asked.
   if (namesOwn && !keys.contains(u"sigmet"_s))
     e.sigmet.clear();
-  if (why && (ini.status() == QSettings::AccessError || lacksKeysOf(ini, read.bytes)))
-    *why = FileFault::Failed;
   return e;
 }
 

@@ -50,7 +50,10 @@ TEST(Endpoints, NameTheSourcesOfReportsInTheirOrder) {
   auto read = [&, files = 0](const QByteArray& text) mutable {
     const QString ini = folder.filePath(u"own"_s + QString::number(++files));
     EXPECT_TRUE(writeWhole(ini, text));
-    return Endpoints::builtIn(QString()).overriddenBy(ini);
+    FileFault fault = FileFault::Failed;
+    Endpoints overridden = Endpoints::builtIn(QString()).overriddenBy(ini, &fault);
+    EXPECT_EQ(fault, FileFault::None) << text.toStdString();
+    return overridden;
   };
   const QByteArray second = "[source.10]\nname=b\nform=raw-lines\nmetar=http://b/m?ids={codes}&format=raw\n"
                             "taf=http://b/t?ids={codes},X\nlist=999\npause=-1\n";
@@ -76,8 +79,10 @@ TEST(Endpoints, NameTheSourcesOfReportsInTheirOrder) {
   EXPECT_TRUE(old.sources.empty());
   EXPECT_EQ(old.reportSources()[0].address(ReportKind::Metar, codes), QUrl(u"http://a/RJTT.TXT"_s));
   EXPECT_EQ(old.sigmet, u"http://a/s");
+  FileFault fault = FileFault::Failed;
   const Endpoints shipped =
-      Endpoints().overriddenBy(QStringView(SORAN_SOURCE_DIR) + u"/packaging/endpoints.ini");
+      Endpoints().overriddenBy(QStringView(SORAN_SOURCE_DIR) + u"/packaging/endpoints.ini", &fault);
+  EXPECT_EQ(fault, FileFault::None);
   EXPECT_EQ(shipped.sources, Endpoints::builtIn(QString()).sources);
   EXPECT_EQ(shipped.sigmet, Endpoints::builtIn(QString()).sigmet);
   EXPECT_EQ(shipped.ahead, 4);
