@@ -194,6 +194,8 @@ void BoardForm::showSummary(const std::vector<BoardRow>& rows) {
 }
 
 void BoardForm::fitColumns() {
+  for (int column = 0; column < boardColumnCount; ++column)
+    table_->setColumnHidden(column, model_->isEmpty(column));
   table_->resizeColumnsToContents();
   for (int column = 0; column < boardColumnCount; ++column)
     table_->setColumnWidth(column, table_->columnWidth(column) + table_->fontMetrics().averageCharWidth());

@@ -63,6 +63,11 @@ int BoardModel::rowOf(const StationCode& code) const {
   return found == rows_.end() ? -1 : int(found - rows_.begin());
 }
 
+bool BoardModel::isEmpty(int column) const {
+  const auto hasNothing = [=](const Shown& shown) { return shown.cells[column].isEmpty(); };
+  return !rows_.empty() && std::ranges::all_of(rows_, hasNothing);
+}
+
 int BoardModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : int(rows_.size());
 }

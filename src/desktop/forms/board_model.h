@@ -24,6 +24,9 @@ class BoardModel : public QAbstractTableModel {
   /// The row of a code; -1 where there is none.
   int rowOf(const StationCode& code) const;
 
+  /// There are rows, and none has anything in the column, from 0.
+  bool isEmpty(int column) const;
+
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
