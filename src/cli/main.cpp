@@ -58,6 +58,8 @@ int told(int status, const StandardStream& output, StandardStream& errors) {
 
 int runCall(LaunchOptions options, StandardStream& output, StandardStream& errors) {
   const QString call = options.rest.takeFirst();
+  if (options.board)
+    return refuse(errors, u"--board goes with soran"_s);
   if (options.runs && call != u"session")
     return refuse(errors, u"--runs goes with session"_s);
   if (options.json && call != u"check-sources" && call != u"watch")

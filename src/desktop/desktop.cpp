@@ -110,10 +110,12 @@ void Desktop::onStopped() {
     window_->release();
 }
 
-int Desktop::run() {
+int Desktop::run(bool showsBoard) {
   if (!start())
     return 1;
   if (!view_.terminal().ended()) {
+    if (showsBoard)
+      view_.terminal().guarded([this] { view_.terminal().forms().show(form::Board{}); });
     connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QApplication::exec();
   }

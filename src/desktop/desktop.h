@@ -26,7 +26,7 @@ class Desktop : public QObject {
   bool start();
 
   /// Starts and runs until the program has stopped; the exit status.
-  int run();
+  int run(bool showsBoard = false);
 
   Terminal& terminal() { return view_.terminal(); }
   MainWindow& window() { return *window_; }

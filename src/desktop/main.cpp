@@ -28,13 +28,16 @@ std::optional<int> answerWithoutWindow(const LaunchOptions& options) {
   if (why.isEmpty() && options.runs)
     why = u"--runs goes with a session of soran-cli"_s;
   if (why.isEmpty() && options.json)
-    why = u"--json goes with soran-cli check-sources"_s;
+    why = u"--json goes with soran-cli check-sources and watch"_s;
+  if (why.isEmpty() && !QString(options.list + options.group + options.exec + options.webhook).isEmpty())
+    why = u"--list, --group, --exec and --webhook go with soran-cli watch"_s;
   if (!why.isEmpty()) {
     print(stderr, u"soran: "_s + why + u'\n');
     return badArguments;
   }
   if (options.help) {
-    print(stdout, u"soran: SORAN, the aviation weather terminal\n\n  soran [OPTIONS]\n\n"_s + optionsHelp());
+    print(stdout, u"soran: SORAN, the aviation weather terminal\n\n  soran [OPTIONS]\n\n"_s + optionsHelp() +
+                      u"  --board           shows the board of the watch from the start\n"_s);
     return 0;
   }
   if (options.version) {
@@ -65,5 +68,5 @@ int main(int argc, char** argv) {
   dressApplication(app);
   LoopTimers timers;
   Launch launch(options, timers, delivered::file);
-  return Desktop(launch).run();
+  return Desktop(launch).run(options.board);
 }

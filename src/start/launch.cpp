@@ -86,6 +86,8 @@ LaunchOptions readOptions(const QStringList& arguments) {
       options.runs = true;
     } else if (QString* text = textOption(options, argument)) {
       *text = value(argument);
+    } else if (argument == u"--board") {
+      options.board = true;
     } else if (argument == u"--json") {
       options.json = true;
     } else if (argument == u"--help") {

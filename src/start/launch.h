@@ -19,6 +19,7 @@ struct LaunchOptions {
   QString endpoints;    ///< the endpoints file; empty for endpoints.ini in the program's directory
   bool runs = false;    ///< the states of a session tell the coloured runs
   bool json = false;    ///< what is told comes as JSON
+  bool board = false;   ///< the window shows the board of the watch from its start
   QString list = {};    ///< of a watch: the codes, with a blank between them; empty for the automatic list
   QString group = {};   ///< of a watch: the group whose airports it watches
   QString exec = {};    ///< of a watch: a program that gets each event
