@@ -11,7 +11,7 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 QString stateWord(const BoardRow& row) {
-  const QString forecast = u'F' + QString::number(row.outlookLevel());
+  QString forecast = u'F' + QString::number(row.outlookLevel());
   if (row.level() > 0) {
     const QString now = u'L' + QString::number(row.level());
     return row.outlookLevel() > row.level() ? now + u'/' + forecast : now;

@@ -256,9 +256,8 @@ void BoardForm::print() {
 }
 
 void BoardForm::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F11)
-    toggleFullScreen();
-  else if (event->key() == Qt::Key_Escape && isFullScreen())
+  const bool leavesFullScreen = event->key() == Qt::Key_Escape && isFullScreen();
+  if (event->key() == Qt::Key_F11 || leavesFullScreen)
     toggleFullScreen();
   else
     QDialog::keyPressEvent(event);
