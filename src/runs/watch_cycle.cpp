@@ -144,7 +144,10 @@ bool WatchCycle::probe() {
 }
 
 bool WatchCycle::answers(const QUrl& address) {
-  return program_.services.inet.open(address).isAnswer();
+  // A server that wants to be left alone is there.
+  constexpr int tooMany = 429;
+  const Reply reply = program_.services.inet.open(address);
+  return reply.isAnswer() || reply.status == tooMany;
 }
 
 void WatchCycle::networkFailed() {

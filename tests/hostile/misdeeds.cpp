@@ -158,7 +158,12 @@ const Misdeed all[] = {
            "408 Late",    "410 Gone",   "429 Many",  "500 X",     "502 X",  "503 X",      "504 X",
            "511 Login",   "599 X",      "600 X",     "999 X",     "000 X",  "20 X",       "2000 X",
            "-200 X",      "200OK",      "2OO OK",    "",          "0200 X"};
-       return {.pieces = {sized(m.body, "HTTP/1.1 " + d.oneOf(statuses) + "\r\n")}, .end = End::Close};
+       const Bytes status = d.oneOf(statuses);
+       const bool leavesAlone = status.startsWith("429");
+       return {
+           .pieces = {sized(m.body, "HTTP/1.1 " + status + "\r\n", leavesAlone ? "Retry-After: 1\r\n" : "")},
+           .end = End::Close,
+           .leavesAlone = leavesAlone};
      }},
     {"another protocol", Transfer,
      [](D& d, const M& m) -> Script {

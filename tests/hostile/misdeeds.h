@@ -46,10 +46,11 @@ struct Script {
   QList<QByteArray> pieces; ///< with a millisecond between them
   End end = End::Keep;
   Shows shows = Shows::Refusal;
-  QByteArray body = {};    ///< what is shown where that is this answer itself
-  QByteArray surplus = {}; ///< comes behind the answer ...
-  int surplusAfter = 0;    ///< ... so many milliseconds later
-  bool askedAgain = false; ///< played once, it costs nothing
+  QByteArray body = {};     ///< what is shown where that is this answer itself
+  QByteArray surplus = {};  ///< comes behind the answer ...
+  int surplusAfter = 0;     ///< ... so many milliseconds later
+  bool askedAgain = false;  ///< played once, it costs nothing
+  bool leavesAlone = false; ///< the server asks for no request for a second, which is obeyed
 };
 
 struct Misdeed {

@@ -4,6 +4,7 @@
 
 #include "base/foreign_text.h"
 #include <QRegularExpression>
+#include <thread>
 
 namespace soran::hostile {
 
@@ -162,14 +163,16 @@ QString Trial::attempt(Dice& dice) {
     return wrong;
   endpoint_.mend();
   endpoint_.settle();
+  if (attack.script.leavesAlone)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
   told_ += u", mended";
   return honestRound();
 }
 
 Trial::Allowed Trial::allowed(const Attack* attack) const {
   Allowed all;
-  const bool outOfStep =
-      attack && (!attack->script.surplus.isEmpty() || isCalled(*attack, "something ahead of it"));
+  const bool outOfStep = attack && (!attack->script.surplus.isEmpty() || attack->script.leavesAlone ||
+                                    isCalled(*attack, "something ahead of it"));
   for (const Station& station : stations_) {
     for (const ReportKind kind : {ReportKind::Metar, ReportKind::Taf}) {
       const QByteArray path = pathOf(station.code, kind);

@@ -61,6 +61,15 @@ TEST_F(WatchCycleTest, FirstTickRunsTheAutomaticDecode) {
   EXPECT_FALSE(run.cycle.overlayTimerEnabled());
 }
 
+TEST_F(WatchCycleTest, AServerThatWantsToBeLeftAloneIsThere) {
+  ASSERT_TRUE(run.begin());
+  run.tick();
+  world.server.setAnswer(probe, {.status = 429});
+  run.tick(20);
+  EXPECT_TRUE(connected());
+  EXPECT_FALSE(run.screen().contains(u"DISCONNECT"));
+}
+
 TEST_F(WatchCycleTest, PassesEveryTwentySecondsAndComparesEveryMinute) {
   ASSERT_TRUE(run.begin());
   run.tick();
