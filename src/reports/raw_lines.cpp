@@ -84,20 +84,24 @@ Heading takeHeading(QList<QStringView>& groups) {
 
 } // namespace
 
+QDateTime nearestTo(int day, QTime time, const QDateTime& near) {
+  QDateTime nearest;
+  // Qt takes a time that there is not for midnight.
+  for (const int months : {-1, 0, 1}) {
+    const QDate month = near.date().addMonths(months);
+    const QDateTime candidate = inUtc(QDate(month.year(), month.month(), day), time);
+    if (time.isValid() && candidate.isValid() &&
+        (!nearest.isValid() || std::abs(candidate.secsTo(near)) < std::abs(nearest.secsTo(near))))
+      nearest = candidate;
+  }
+  return nearest;
+}
+
 QDateTime timeNear(QStringView group, const QDateTime& now) {
   if (group.size() != 7 || group[6] != u'Z' || !std::all_of(group.begin(), group.end() - 1, isAsciiDigit))
     return {};
   const QTime time(leadingInteger(group.sliced(2, 2)), leadingInteger(group.sliced(4, 2)));
-  QDateTime nearest;
-  for (const int months : {-1, 0, 1}) {
-    const QDate month = now.date().addMonths(months);
-    const QDateTime candidate =
-        inUtc(QDate(month.year(), month.month(), leadingInteger(group.first(2))), time);
-    if (candidate.isValid() &&
-        (!nearest.isValid() || std::abs(candidate.secsTo(now)) < std::abs(nearest.secsTo(now))))
-      nearest = candidate;
-  }
-  return nearest;
+  return nearestTo(leadingInteger(group.first(2)), time, now);
 }
 
 QHash<QString, RawReport> readRawLines(QStringView body, ReportKind kind, const QDateTime& now) {

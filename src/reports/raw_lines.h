@@ -19,6 +19,10 @@ struct RawReport {
   std::optional<bool> isSpecial; ///< its line says SPECI, or METAR; nothing where it says neither
 };
 
+/// The date and time of that day of a month and time of day that is nearest to `near`, both UTC; invalid
+/// where there is no such time or none of the three months has that day.
+QDateTime nearestTo(int day, QTime time, const QDateTime& near);
+
 /// The date and time nearest to `now` (UTC) of a group DDHHMMZ; invalid where it is none.
 QDateTime timeNear(QStringView group, const QDateTime& now);
 

@@ -6,6 +6,7 @@
 #include "reports/group_shapes.h"
 #include "reports/group_walk.h"
 #include "reports/raw_lines.h"
+#include "reports/station_text.h"
 
 #include <algorithm>
 
@@ -69,13 +70,27 @@ std::vector<ForecastSlice> SliceBuilder::takeSlices() {
   return std::move(slices_);
 }
 
+namespace {
+
+/// The time of a group DDHHMMZ of a report that is out: no report is of a time to come, but for clocks that
+/// differ.
+QDateTime timeBefore(QStringView group, const QDateTime& now) {
+  constexpr qint64 secondsAhead = 3600;
+  const QDateTime time = timeNear(group, now);
+  return time.isValid() && time > now.addSecs(secondsAhead) ? timeNear(group, time.addMonths(-1)) : time;
+}
+
+} // namespace
+
 std::optional<ReportHeading> readHeading(QStringView text, const QDateTime& now) {
   ReportHeading heading;
+  const QDateTime written = timeOfWriting(text);
+  const QDateTime& reference = written.isValid() ? written : now;
   std::optional<Words> before;
   GroupWalk walk(text, {0, text.size()});
   while (const std::optional<Words> group = walk.next()) {
     const QStringView word = group->in(text);
-    if (heading.time = timeNear(word, now); heading.time.isValid()) {
+    if (heading.time = timeBefore(word, reference); heading.time.isValid()) {
       if (before && before->length == 4 && std::ranges::all_of(before->in(text), isAsciiLetter))
         heading.station = before;
       heading.behind = {group->end(), text.size() - group->end()};

@@ -73,6 +73,11 @@ QStringView codeAheadOfTime(QStringView text) {
 
 } // namespace
 
+QDateTime timeOfWriting(QStringView text) {
+  const QDateTime written = QDateTime::fromString(text.left(16).toString(), u"yyyy/MM/dd HH:mm"_s);
+  return inUtc(written.date(), written.time());
+}
+
 StationText readStationText(const StationCode& asked, QStringView body) {
   using enum StationText::Kind;
   if (body.startsWith(u'<'))
@@ -89,8 +94,7 @@ StationText readStationText(const StationCode& asked, QStringView body) {
   StationText report{Report, cleaned(text)};
   if (!report.text.endsWith(u'\n'))
     report.text += u'\n';
-  const QDateTime written = QDateTime::fromString(report.text.left(16), u"yyyy/MM/dd HH:mm"_s);
-  report.time = inUtc(written.date(), written.time());
+  report.time = timeOfWriting(report.text);
   return report;
 }
 

@@ -24,13 +24,16 @@ struct StationText {
   /// came; else empty.
   QString text = {};
   QString other = {};
-  /// When the file was written: its first line, "2026/11/24 05:00" in UTC. Invalid where that says no time.
+  /// When the file was written; invalid where it does not say.
   QDateTime time = {};
   /// What the source itself says of a METAR: true for SPECI; nothing where it does not say.
   std::optional<bool> isSpecial = {};
 
   bool isReport() const { return kind == Kind::Report; }
 };
+
+/// The first line of a station file, "2026/11/24 05:00" in UTC; invalid where the text has none.
+QDateTime timeOfWriting(QStringView text);
 
 /// Judges the body of an answer. It is a report of the station where it holds the code as a word and, where a
 /// code stands ahead of a time of observation or issue (DDHHMMZ; WMO No. 306, FM 15 and FM 51), the first

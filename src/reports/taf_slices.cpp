@@ -3,48 +3,29 @@
 #include "reports/taf_slices.h"
 
 #include "base/text.h"
-#include "base/utc.h"
 #include "reports/group_shapes.h"
 #include "reports/group_walk.h"
+#include "reports/raw_lines.h"
 #include "reports/slice_builder.h"
-
-#include <cstdlib>
 
 namespace soran {
 
 namespace {
 
-/// The date with that day of the month that is nearest to `near`; invalid where none of the months has it.
-QDate dateNear(int day, QDate near) {
-  QDate nearest;
-  for (const int months : {-1, 0, 1}) {
-    const QDate month = near.addMonths(months);
-    const QDate candidate(month.year(), month.month(), day);
-    if (candidate.isValid() &&
-        (!nearest.isValid() || std::abs(candidate.daysTo(near)) < std::abs(nearest.daysTo(near))))
-      nearest = candidate;
-  }
-  return nearest;
-}
-
 /// The time of DDHH or DDHHMM; hour 24 is the end of the day. Invalid where there is no such time.
-QDateTime timeOf(QStringView figures, QDate near) {
-  QDate date = dateNear(leadingInteger(figures.first(2)), near);
-  int hour = leadingInteger(figures.sliced(2, 2));
+QDateTime timeOf(QStringView figures, const QDateTime& near) {
+  const int hour = leadingInteger(figures.sliced(2, 2));
   const int minute = leadingInteger(figures.sliced(4));
-  if (hour == 24 && minute == 0) {
-    date = date.addDays(1);
-    hour = 0;
-  }
-  const QTime time(hour, minute);
-  return date.isValid() && time.isValid() ? inUtc(date, time) : QDateTime();
+  const bool endsDay = hour == 24 && minute == 0;
+  const QDateTime time = nearestTo(leadingInteger(figures.first(2)), QTime(endsDay ? 0 : hour, minute), near);
+  return endsDay && time.isValid() ? time.addDays(1) : time;
 }
 
 /// Reads one forecast, group by group.
 class TafReader {
  public:
   TafReader(QStringView text, const ReportHeading& heading)
-      : text_(text), day_(heading.time.date()), walk_(text, heading.behind) {
+      : text_(text), near_(heading.time), walk_(text, heading.behind) {
     taf_.station = heading.station;
     taf_.isAmended = heading.isAmended;
     taf_.isCorrected = heading.isCorrected;
@@ -64,7 +45,7 @@ class TafReader {
   void takeContent(ForecastPart& part);
 
   QStringView text_;
-  QDate day_;
+  QDateTime near_; ///< the time of issue
   GroupWalk walk_;
   std::optional<Words> group_; ///< not yet taken
   Taf taf_;
@@ -74,8 +55,8 @@ bool TafReader::takeTimes(QDateTime& from, QDateTime& to) {
   if (!isNext(u"####/####"))
     return false;
   const QStringView times = group_->in(text_);
-  from = timeOf(times.first(4), day_);
-  to = timeOf(times.sliced(5), day_);
+  from = timeOf(times.first(4), near_);
+  to = timeOf(times.sliced(5), near_);
   step();
   return from.isValid() && to > from;
 }
@@ -102,7 +83,7 @@ ForecastPart TafReader::takePart() {
   };
   if (isNext(u"FM######")) {
     part.kind = SliceKind::From;
-    part.from = timeOf(group_->in(text_).sliced(2), day_);
+    part.from = timeOf(group_->in(text_).sliced(2), near_);
     take();
   } else {
     part.kind = is(u"BECMG") ? SliceKind::Becoming : is(u"TEMPO") ? SliceKind::Tempo : SliceKind::Prob;

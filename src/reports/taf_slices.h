@@ -52,8 +52,10 @@ struct Taf {
   std::vector<Words> unread = {};
 };
 
-/// Reads a TAF, or the file of a station with one. The month of its days is the one that brings the time of
-/// issue nearest to `now` (UTC). Nothing where the text has no time of issue or no validity.
+/// Reads a TAF, or the file of a station with one. The month of its time of issue is the one that brings it
+/// nearest to the file's time of writing, without one nearest to `now` (UTC), but not an hour or more behind
+/// that; those of its days lie nearest to the time of issue. Nothing where the text has no time of issue or
+/// no validity.
 std::optional<Taf> readTaf(QStringView text, const QDateTime& now);
 
 struct MetarReading {

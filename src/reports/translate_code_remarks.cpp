@@ -22,7 +22,7 @@ struct CodeWord {
   QStringView line;
 };
 
-constexpr std::array<CodeWord, 5> words{{
+constexpr std::array<CodeWord, 5> codeWords{{
     {u"AO1", u"降水測定機能のない自動観測装置による観測"},
     {u"AO2", u"降水測定機能のある自動観測装置による観測"},
     {u"P/RR", u"地上気圧が急速に上昇中"},
@@ -32,8 +32,8 @@ constexpr std::array<CodeWord, 5> words{{
 
 bool tellWords(CodeWalk& code) {
   const auto* const known = std::ranges::find_if(
-      words, [&code](const CodeWord& entry) { return code.peek().startsWith(entry.word); });
-  if (known == words.end())
+      codeWords, [&code](const CodeWord& entry) { return code.peek().startsWith(entry.word); });
+  if (known == codeWords.end())
     return false;
   code.walk.line(known->line);
   code.take();

@@ -120,6 +120,7 @@ TEST(TafSlices, DaysAreThoseOfTheMonthAtHand) {
   const struct {
     QDateTime now;
     QString validity, first, last;
+    QString written = {};
   } cases[] = {
       {inUtc({2026, 8, 31}, {23, 30}), u"312305Z 0100/0206"_s, u"2026-09-01 00:00"_s, u"2026-09-02 06:00"_s},
       {inUtc({2026, 9, 1}, {0, 30}), u"312305Z 0100/0206"_s, u"2026-09-01 00:00"_s, u"2026-09-02 06:00"_s},
@@ -127,9 +128,14 @@ TEST(TafSlices, DaysAreThoseOfTheMonthAtHand) {
       {inUtc({2028, 2, 28}, {18, 0}), u"281705Z 2818/2924"_s, u"2028-02-28 18:00"_s, u"2028-03-01 00:00"_s},
       {inUtc({2026, 3, 1}, {0, 0}), u"282305Z 2824/0106"_s, u"2026-03-01 00:00"_s, u"2026-03-01 06:00"_s},
       {inUtc({2026, 8, 22}, {1, 0}), u"220100Z 2121/2221"_s, u"2026-08-21 21:00"_s, u"2026-08-22 21:00"_s},
+      // None is of a time to come, and a file tells when it was written.
+      {inUtc({2026, 8, 22}, {1, 0}), u"231105Z 2312/2418"_s, u"2026-07-23 12:00"_s, u"2026-07-24 18:00"_s},
+      {inUtc({2026, 8, 22}, {1, 0}), u"220100Z 2201/2307"_s, u"2025-06-22 01:00"_s, u"2025-06-23 07:00"_s,
+       u"2025/06/22 01:00\n"_s},
   };
   for (const auto& c : cases) {
-    const std::optional<Taf> taf = readTaf(QString(u"TAF RJTT "_s + c.validity + u" 16008KT"), c.now);
+    const QString text = c.written + u"TAF RJTT " + c.validity + u" 16008KT";
+    const std::optional<Taf> taf = readTaf(text, c.now);
     ASSERT_TRUE(taf) << c.validity.toStdString();
     EXPECT_EQ(taf->from.toString(u"yyyy-MM-dd HH:mm"_s), c.first);
     EXPECT_EQ(taf->to.toString(u"yyyy-MM-dd HH:mm"_s), c.last);
@@ -137,6 +143,7 @@ TEST(TafSlices, DaysAreThoseOfTheMonthAtHand) {
 }
 
 TEST(TafSlices, WhatCannotBeReadIsTold) {
+  EXPECT_FALSE(readTaf(u"TAF RJTT 220560Z 2206/2312 16008KT", now));
   const QString base = u"TAF RJTT 220505Z 2206/2312 16008KT 9999"_s;
   const QStringView parts[] = {
       u"BECMG 2210/2208 BKN005", u"BECMG 3000",         u"TEMPO 2408/2410 3000", u"TEMPO 2208/2210",
