@@ -16,6 +16,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(soran-flags INTERFACE -Wno-unknown-warning-option)
 else()
   target_compile_options(soran-flags INTERFACE -fstack-clash-protection)
+  # Where files are compiled together, what has no name outside of one seems to stand in a header.
+  if(CMAKE_UNITY_BUILD)
+    target_compile_options(soran-flags INTERFACE -Wno-subobject-linkage)
+  endif()
   # GCC 12 reports null dereferences, bounds and uninitialised members that cannot be reached inside the standard library's and Qt's inlined containers.
   target_compile_options(soran-flags INTERFACE -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread
     -Wno-maybe-uninitialized)

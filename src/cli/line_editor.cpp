@@ -198,12 +198,12 @@ std::optional<QString> LineEditor::ask(const QByteArray& prompt, const QString& 
   const QByteArray keptPrompt = prompt_;
   const Receiver keptReceiver = receiver_;
   const QString kept = typed();
-  struct Answer {
+  struct Typed {
     bool given = false;
     std::optional<QString> line;
   };
   // A line on its way outlives a wait that the end of the program cuts short.
-  const auto answer = std::make_shared<Answer>();
+  const auto answer = std::make_shared<Typed>();
   hide();
   setPrompt(prompt, [answer](const std::optional<QString>& line) { *answer = {true, line}; });
   initial_ = initial;

@@ -9,7 +9,7 @@ namespace soran {
 namespace {
 
 // clang-format off
-constexpr Camera rows[] = {
+constexpr Camera allCameras[] = {
     {u"menu_haneda", u"羽田空港", u"camera_haneda",
      u"/ImageViewer?Mode=Motion&Resolution=640x480&Quality=Clarity&Interval=10", false},
     {u"menu_shinnchitose", u"新千歳空港", u"camera_shinnchitose",
@@ -36,14 +36,14 @@ constexpr Camera rows[] = {
 constexpr QStringView firstCamera = u"menu_shinnchitose";
 
 const Camera* find(QStringView menu) noexcept {
-  const auto* camera = std::ranges::find(rows, menu, &Camera::menu);
-  return camera == std::end(rows) ? nullptr : camera;
+  const auto* camera = std::ranges::find(allCameras, menu, &Camera::menu);
+  return camera == std::end(allCameras) ? nullptr : camera;
 }
 
 } // namespace
 
 std::span<const Camera> cameras() noexcept {
-  return rows;
+  return allCameras;
 }
 
 std::optional<CameraView> cameraView(QStringView menu) {

@@ -13,7 +13,7 @@ constexpr FieldPosition coded[] = {
 #include "sun/positions.inc"
 };
 
-constexpr FieldPosition named[] = {
+constexpr FieldPosition namedFields[] = {
 #include "sun/named_positions.inc"
 };
 
@@ -29,7 +29,7 @@ std::span<const FieldPosition> codedPositions() noexcept {
 }
 
 std::span<const FieldPosition> namedPositions() noexcept {
-  return named;
+  return namedFields;
 }
 
 const FieldPosition* findCoded(QStringView code) noexcept {
@@ -37,7 +37,7 @@ const FieldPosition* findCoded(QStringView code) noexcept {
 }
 
 const FieldPosition* findNamed(QStringView name) noexcept {
-  return find(named, name);
+  return find(namedFields, name);
 }
 
 QString AirfieldPosition(QStringView code) {
