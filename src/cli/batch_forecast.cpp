@@ -204,7 +204,7 @@ QJsonValue boardOf(BatchJob& job) {
     cells.insert(headingOf(BoardColumn(column)), cellOf(row, BoardColumn(column), now));
   return QJsonObject{{u"state"_s, stateWord(row)},    {u"level"_s, row.level()},
                      {u"observed"_s, json(row.time)}, {u"values"_s, json(row.values)},
-                     {u"findings"_s, findings},       {u"taf_expired"_s, row.tafExpired},
+                     {u"findings"_s, findings},       {u"taf_expired"_s, row.taf == TafState::Expired},
                      {u"outlook"_s, outlook},         {u"cells"_s, cells}};
 }
 

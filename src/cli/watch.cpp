@@ -116,9 +116,10 @@ void Watch::lookAtAges() {
       tellState(u"OVERDUE"_s);
     if (row.freshness == Freshness::Current && before == Freshness::Overdue)
       tellState(u"CURRENT"_s);
-    if (row.tafExpired && !std::exchange(expired_[code], row.tafExpired))
+    const bool isExpired = row.taf == TafState::Expired;
+    if (isExpired && !std::exchange(expired_[code], isExpired))
       tellState(u"EXPIRED"_s);
-    expired_[code] = row.tafExpired;
+    expired_[code] = isExpired;
   }
 }
 

@@ -219,11 +219,14 @@ bool ElementReader::takeCloud() {
   if (isVertical ? !hasShape(group_, {u"VV###", u"VV///"}) : !isCloudLayer(group_))
     return false;
   values_.clouds.push_back(words_);
+  values_.hidesCeiling |= group_.startsWith(u"///");
   if (isVertical)
     keepCeiling(colouring::verticalVisibility, values_.vertical);
   for (const colouring::CeilingForm& form : colouring::ceilingForms) {
-    if (!form.oktas && group_.startsWith(form.word))
+    if (!form.oktas && group_.startsWith(form.word)) {
       keepCeiling(form, values_.layer);
+      values_.hidesCeiling |= group_.sliced(form.word.size()).startsWith(u"///");
+    }
   }
   return true;
 }

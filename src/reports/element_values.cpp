@@ -63,6 +63,7 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
     merged.clouds = later.clouds;
     merged.layer = later.layer;
     merged.vertical = later.vertical;
+    merged.hidesCeiling = later.hidesCeiling;
   }
   if (later.cavok || later.visibility || !later.weather.empty() || !later.clouds.empty())
     merged.cavok = later.cavok;

@@ -61,8 +61,8 @@ TEST(BoardJob, GivesTheRowOfTheBoard) {
   EXPECT_EQ(row[u"level"], 3);
   EXPECT_EQ(row[u"observed"], u"2026-08-22T04:30:00Z"_s);
   EXPECT_EQ(row[u"values"], answerTo(job)[u"result"][u"metar"][u"values"]);
-  EXPECT_EQ(row[u"findings"][0][u"element"], u"RVR"_s);
-  EXPECT_EQ(row[u"findings"][1][u"group"], u"VV///"_s);
+  EXPECT_EQ(row[u"findings"][0][u"group"], u"VV///"_s);
+  EXPECT_EQ(row[u"findings"][1][u"element"], u"RVR"_s);
   EXPECT_EQ(row[u"outlook"][u"1"][u"group"], u"0700"_s);
   EXPECT_EQ(row[u"outlook"][u"1"][u"begins"], u"2026-08-22T06:20:00Z"_s);
   EXPECT_EQ(row[u"cells"][u"AGE"], u"1h50 OVERDUE"_s);
