@@ -183,14 +183,12 @@ QJsonValue boardOf(BatchJob& job) {
                        .taf = job.fields.textOr(u"taf"_s, QString())};
   const QDateTime now = job.fields.localTime(u"now"_s);
   job.fields.finish();
-  const auto observed = [&now](const QString& text) {
+  for (const QString& text : {reports.before, reports.metar}) {
     const std::optional<MetarReading> metar = readMetar(text, now);
-    return metar ? metar->observed : QDateTime();
-  };
-  reports.time = observed(reports.metar);
-  for (const QDateTime& time : {observed(reports.before), reports.time}) {
-    if (time.isValid())
-      reports.times.push_back(time);
+    reports.time = metar ? metar->observed : QDateTime();
+    reports.isSpecial = metar ? metar->isSpecial : std::nullopt;
+    if (metar)
+      reports.times.push_back(metar->observed);
   }
   const BoardRow row = boardRow(code, reports, Limits::of(job.settings), now);
   QJsonArray findings;

@@ -15,7 +15,7 @@ namespace {
 
 const QJsonObject job{
     {u"op"_s, u"taf_at"_s},
-    {u"metar"_s, u"RJTT 220430Z 34012G24KT 310V010 4000 R34L/0700V1200U -SHRA VV/// 24/M01 Q1008"_s},
+    {u"metar"_s, u"METAR RJTT 220430Z 34012G24KT 310V010 4000 R34L/0700V1200U -SHRA VV/// 24/M01 Q1008"_s},
     {u"taf"_s, u"TAF RJTT 220505Z 2206/2312 16008KT 9999 FEW030 PROB30 TEMPO 2206/2208 0700 FG BKN003= "_s},
     {u"time"_s, u"1530"_s},
     {u"now"_s, u"2026-08-22T05:00:00"_s}};
@@ -66,6 +66,7 @@ TEST(BoardJob, GivesTheRowOfTheBoard) {
   EXPECT_EQ(row[u"outlook"][u"1"][u"group"], u"0700"_s);
   EXPECT_EQ(row[u"outlook"][u"1"][u"begins"], u"2026-08-22T06:20:00Z"_s);
   EXPECT_EQ(row[u"cells"][u"AGE"], u"1h50 OVERDUE"_s);
+  EXPECT_EQ(row[u"cells"][u"REPORT"], u"METAR 0430Z"_s);
   EXPECT_EQ(row[u"cells"][u"CHANGE"], u"WIND↑ VIS↓ CIG↓"_s);
   board[u"now"_s] = u"2026-08-23T12:00:00"_s;
   for (const QString& text : {u"metar"_s, u"before"_s})
