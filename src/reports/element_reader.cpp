@@ -219,7 +219,9 @@ bool ElementReader::takeCloud() {
   if (isVertical ? !hasShape(group_, {u"VV###", u"VV///"}) : !isCloudLayer(group_))
     return false;
   values_.clouds.push_back(words_);
-  values_.hidesCeiling |= group_.startsWith(u"///");
+  // A CB or TCU that was seen by radar stands beside layers that were measured.
+  constexpr qsizetype withoutType = 6;
+  values_.hidesCeiling |= group_.startsWith(u"///") && group_.size() == withoutType;
   if (isVertical)
     keepCeiling(colouring::verticalVisibility, values_.vertical);
   for (const colouring::CeilingForm& form : colouring::ceilingForms) {

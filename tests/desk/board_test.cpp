@@ -167,6 +167,8 @@ TEST(Verdict, KnowsWhatAReportDoesNotTell) {
       {u"CAVOK"_s, u" (VIS RVR CIG)"_s},
       {u"1500 FEW010"_s, u"VIS 1500 (VIS RVR CIG)"_s},
       {u"1400 BKN///"_s, u"VIS 1400 (VIS)"_s},
+      {u"9999 FEW014 //////TCU"_s, u" (VIS RVR CIG)"_s},
+      {u"9999 FEW014 ///015"_s, u" (VIS RVR)"_s},
       {u"//// SCT010"_s, u" (CIG)"_s},
       {u"//// ////// R34/0400"_s, u"RVR R34/0400 (RVR)"_s},
       {u"NIL"_s, u" ()"_s},
