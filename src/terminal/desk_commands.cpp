@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "runs/night_desk.h"
+#include "runs/shift_report.h"
 #include "terminal/actions.h"
 #include "terminal/terminal.h"
 
@@ -32,7 +33,8 @@ struct DeskCommand {
 constexpr DeskCommand commands[] = {
     {u"ACK", u"ACKNOWLEDGE ALARM", u"ACK RJTT / ACK ALL", acknowledgeText},
     {u"MUTE", u"MUTE ALARM", u"MUTE RJTT / MUTE RJTT 90 / MUTE RJTT OFF", muteText},
-    {u"SHIFT", u"DISPLAY SHIFT LOG", u"SHIFT / SHIFT 24", shiftText},
+    {u"SHIFT", u"DISPLAY SHIFT LOG", u"SHIFT / SHIFT 24 / SHIFT 24 CSV / SHIFT 24 JSON / SHIFT 24 PRINT",
+     shiftText},
 };
 
 bool showBoardCommand(Terminal& terminal, const QString& group) {

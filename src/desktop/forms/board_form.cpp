@@ -6,6 +6,7 @@
 #include "desktop/services/board_print.h"
 #include "desktop/widgets/look.h"
 #include "reports/colouring.h"
+#include "runs/desk_record.h"
 #include "runs/last_known.h"
 #include "runs/night_desk.h"
 
@@ -186,11 +187,13 @@ void BoardForm::refresh() {
 void BoardForm::showSummary(const std::vector<BoardRow>& rows) {
   const auto count = [&](auto holds) { return QString::number(std::ranges::count_if(rows, holds)); };
   const QString name = group_.isEmpty() ? u"自動デコードリスト"_s : group_;
+  const QString note = recordNote(terminal_.program());
   summary_->setText(name + u"  " + QString::number(rows.size()) + u" 空港   RING " +
                     count([](const BoardRow& row) { return row.alarm.state == AlarmState::Ringing; }) +
                     u"   L1-L3 " + count([](const BoardRow& row) { return row.level() > 0; }) +
                     u"   OVERDUE " +
-                    count([](const BoardRow& row) { return row.freshness == Freshness::Overdue; }));
+                    count([](const BoardRow& row) { return row.freshness == Freshness::Overdue; }) +
+                    (note.isEmpty() ? QString() : u"   " + note));
 }
 
 void BoardForm::fitColumns() {
