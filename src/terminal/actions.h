@@ -49,6 +49,8 @@ void settings(Terminal& terminal);
 void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
 void board(Terminal& terminal);
+/// Of the first airport that is watched.
+void graph(Terminal& terminal);
 void runningLog(Terminal& terminal);
 void sunTimes(Terminal& terminal);
 void commandList(Terminal& terminal);

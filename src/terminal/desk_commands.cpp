@@ -3,6 +3,7 @@
 #include "terminal/desk_commands.h"
 
 #include "base/text.h"
+#include "runs/meteogram_run.h"
 #include "runs/night_desk.h"
 #include "runs/shift_report.h"
 #include "terminal/actions.h"
@@ -61,6 +62,21 @@ bool showBoard(Terminal& terminal, const QString& group) {
     terminal.forms().show(form::Board{group});
   }
   return true;
+}
+
+void showGraph(Terminal& terminal, const QString& code) {
+  Program& program = terminal.program();
+  program.console.addLogEntry(u"GRAPH COMMAND " + code);
+  program.console.setPad(QString());
+  if (!program.services.forms.textColumns()) {
+    action::echoPrompt(terminal);
+    terminal.forms().show(form::Graph{code});
+    return;
+  }
+  program.console.appendScreen(crlf.toString());
+  const Meteogram meteogram = gatherMeteogram(program, StationCode(code));
+  showLines(terminal,
+            u"*** GRAPH " + code + u" ***" + crlf + crlf + meteogramText(meteogram, program.record()));
 }
 
 bool runDeskCommand(Terminal& terminal, const QString& line) {

@@ -16,4 +16,8 @@ bool runDeskCommand(Terminal& terminal, const QString& line);
 /// the screen where there are no windows. False where there is no such group.
 bool showBoard(Terminal& terminal, const QString& group);
 
+/// Shows the graph of a station: its form, or a table on the screen where there are no windows. Waits in the
+/// event loop.
+void showGraph(Terminal& terminal, const QString& code);
+
 } // namespace soran

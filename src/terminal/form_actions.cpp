@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "imagery/adobe_notice.h"
 #include "runs/cycle_files.h"
+#include "runs/night_desk.h"
 #include "terminal/desk_commands.h"
 #include "terminal/terminal.h"
 
@@ -123,6 +124,11 @@ void cameras(Terminal& terminal) {
 
 void board(Terminal& terminal) {
   showBoard(terminal, {});
+}
+
+void graph(Terminal& terminal) {
+  const QStringList watched = boardCodes(terminal.program(), {}).value_or(QStringList());
+  showGraph(terminal, watched.value(0, u"RJTT"_s));
 }
 
 void runningLog(Terminal& terminal) {
