@@ -17,9 +17,17 @@ QString nameOf(LimitedElement element) {
   case LimitedElement::RunwayRange:
     return u"RVR"_s;
   case LimitedElement::Ceiling:
+    return u"CIG"_s;
+  case LimitedElement::Wind:
+    return u"WIND"_s;
+  case LimitedElement::Gust:
+    return u"GUST"_s;
+  case LimitedElement::Crosswind:
+    return u"XWIND"_s;
+  case LimitedElement::Weather:
     break;
   }
-  return u"CIG"_s;
+  return u"WX"_s;
 }
 
 /// Adds what is worse than the finding of its element so far.
@@ -34,12 +42,13 @@ void takeWorse(std::vector<Finding>& findings, const Finding& finding) {
 /// The worst of each element, the worst first.
 std::vector<Finding> findingsOf(const ElementValues& values, QStringView text, const Limits& limits) {
   std::vector<Finding> findings;
-  for (const Crossing& crossing : crossings(values, limits)) {
+  for (const Crossing& crossing : crossings(values, text, limits)) {
     takeWorse(findings, {.element = nameOf(crossing.element),
                          .words = crossing.words.in(text).toString(),
                          .value = double(crossing.value),
                          .limit = double(crossing.limit),
-                         .level = crossing.condition});
+                         .level = crossing.condition,
+                         .above = crossing.isAbove()});
   }
   std::ranges::stable_sort(findings, std::ranges::greater(), &Finding::level);
   return findings;

@@ -256,7 +256,7 @@ TEST_F(CommandsTest, TellsTheForecastsForATime) {
                       "      24 1500I - 24 2000I  卓越する状態 ： 33010KT 9999 FEW020\r\n"
                       "      24 1800I - 24 2000I  変化の途中 (BECMG) ： 36010KT 9999 FEW020\r\n"
                       "      24 2000I - 25 2100I  卓越する状態 ： 36010KT 9999 FEW020\r\n"
-                      "最も悪い予報 ： 制限値を下回るものはありません\r\n"_s;
+                      "最も悪い予報 ： 制限値を超えるものはありません\r\n"_s;
   for (const QString& line : {u"ETA RJTT 1930"_s, u"ETA  RJTT 1030Z"_s}) {
     enter(line);
     EXPECT_TRUE(run.screen().endsWith(crlf + title + u"METAR  24 1400I ： RJTT " + weather +
