@@ -96,6 +96,7 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
     const bool isRoutine = MinuteOfHour{double(reports.time.time().minute())}.isRoutine();
     row.isSpecial = reports.isSpecial.value_or(!isRoutine);
     row.values = readElements(row.metar, observationIn(row.metar));
+    row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));
     row.freshness = freshnessOf(reports.times, reports.watchedSince, now);
     row.findings = metarFindings(row.metar, limits);

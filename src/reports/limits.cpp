@@ -51,11 +51,6 @@ ConditionLimits settingsOf(const SettingsRecord& settings, size_t condition) {
           .visibility = settings[keys.visibility]};
 }
 
-int wholeKnots(double knots) {
-  constexpr double noise = 1e-6;
-  return int(std::ceil(knots - noise));
-}
-
 /// Compares the values of one report with the limits of one condition after the other.
 class Comparison {
  public:

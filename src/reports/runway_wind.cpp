@@ -33,7 +33,7 @@ std::optional<double> strongestKnots(const Wind& wind) {
 /// Takes the wind from one more direction in.
 void takeCrosswind(RunwayWind& wind, double fromRight, bool isFirst) {
   using Side = RunwayWind::Side;
-  constexpr double nothing = 0.5; // a knot that is rounded off
+  constexpr double nothing = 1e-6;
   const Side side = std::abs(fromRight) < nothing ? Side::Either : fromRight < 0 ? Side::Left : Side::Right;
   wind.side = isFirst || wind.side == side ? side : Side::Either;
   wind.crosswind = std::max(wind.crosswind, std::abs(fromRight));
@@ -53,6 +53,11 @@ const std::vector<RunwayEnd>& Runways::of(const StationCode& code) {
         {QString::fromLatin1(line.first(std::max<qsizetype>(tab, 0))), line.sliced(tab + 1).toInt()});
   }
   return place->second;
+}
+
+int wholeKnots(double knots) {
+  constexpr double noise = 1e-6; // of sines
+  return int(std::ceil(knots - noise));
 }
 
 double comparedKnots(const Speed& speed, SpeedUnit unit) {

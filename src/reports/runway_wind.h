@@ -57,4 +57,7 @@ std::optional<RunwayWind> runwayWind(const ElementValues& values, std::span<cons
 /// A speed in knots as it is compared with a limit: one above what its figures hold counts as one unit more.
 double comparedKnots(const Speed& speed, SpeedUnit unit);
 
+/// Knots as they are shown and compared: a part of one counts as a whole one, so that nothing is told late.
+int wholeKnots(double knots);
+
 } // namespace soran

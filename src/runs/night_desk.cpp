@@ -74,7 +74,7 @@ QStringList watchedCodes(Program& program) {
   return codes;
 }
 
-BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
+BoardRow rowOf(Program& program, const QString& text) {
   const StationCode code(text);
   const auto* metar = program.knownReports.find(code, ReportKind::Metar);
   const auto* taf = program.knownReports.find(code, ReportKind::Taf);
@@ -88,7 +88,7 @@ BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
   }
   if (taf)
     reports.taf = taf->text;
-  BoardRow row = boardRow(code, reports, limits, utcNow(program));
+  BoardRow row = boardRow(code, reports, program.limitsOf(code), utcNow(program));
   row.name = program.dictionaries().stationName(text).value_or(QString());
   row.source = metar ? metar->source : QString();
   row.sigmets = sigmetsOver(program, text);
@@ -121,12 +121,12 @@ void observeReports(Program& program) {
   if (!ringsByCondition(program))
     return;
   const QStringList watched = watchedCodes(program);
-  const Limits limits = Limits::of(program.record());
   const QDateTime now = utcNow(program);
   std::vector<AlarmEvent> events;
   for (const LastReport& report : program.knownReports.takenSince(program.desk.taken)) {
     if (!watched.contains(report.code))
       continue;
+    const Limits limits = program.limitsOf(StationCode(report.code));
     const std::vector<Finding> findings = report.kind == ReportKind::Metar
                                               ? metarFindings(report.text, limits)
                                               : tafFindings(report.text, now, limits);
@@ -150,10 +150,9 @@ void ringAlarms(Program& program) {
 }
 
 std::vector<BoardRow> boardRows(Program& program, const QStringList& codes) {
-  const Limits limits = Limits::of(program.record());
   std::vector<BoardRow> rows;
   for (const QString& code : codes)
-    rows.push_back(rowOf(program, code, limits));
+    rows.push_back(rowOf(program, code));
   return rows;
 }
 

@@ -4,6 +4,16 @@
 
 namespace soran {
 
+Limits Program::limitsOf(const StationCode& code) {
+  if (!runways_)
+    runways_.emplace(services.runways());
+  if (limitRevision_ != tables.revision()) {
+    limitRows_ = tables.limitRows();
+    limitRevision_ = tables.revision();
+  }
+  return Limits::of(record(), limitRows_, code, runways_->of(code));
+}
+
 QString Program::connectedText() const {
   const std::vector<ReportSource> sources = services.endpoints.reportSources();
   const bool away = sources.size() > 1 && sourceHealth.isAway(0, services.clock.now());

@@ -49,6 +49,8 @@ void settings(Terminal& terminal);
 void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
 void board(Terminal& terminal);
+/// The limits of single airports: their form, or lines on the screen where there are no windows.
+void limits(Terminal& terminal);
 void runningLog(Terminal& terminal);
 void sunTimes(Terminal& terminal);
 void commandList(Terminal& terminal);

@@ -19,6 +19,8 @@ QDateTime at(int hour, int minute) {
 
 const Limits limits = Limits::of(SettingsRecord::standard(u"9"_s));
 
+const std::vector<RunwayEnd> runways = {{u"34L"_s, 330}, {u"16R"_s, 150}};
+
 BoardRow rowOf(const QString& code, const QString& metar, const QString& before = {}) {
   BoardRow row{.code = StationCode(code), .name = u"東京国際"_s};
   row.metar = code + u" 240500Z " + metar;
@@ -27,6 +29,7 @@ BoardRow rowOf(const QString& code, const QString& metar, const QString& before 
   const QString former = code + u" 240430Z " + before;
   row.before = readElements(former, observationIn(former));
   row.freshness = Freshness::Current;
+  row.runwayWind = runwayWind(row.values, runways);
   row.findings = metarFindings(row.metar, limits);
   return row;
 }
@@ -55,6 +58,7 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
       {BoardColumn::Report, u"METAR 0500Z"_s},
       {BoardColumn::Age, u"12m"_s},
       {BoardColumn::Wind, u"33015G28KT"_s},
+      {BoardColumn::Runway, u"34L H28 X0"_s},
       {BoardColumn::Visibility, u"0700 R34L/0550VP1800D"_s},
       {BoardColumn::Weather, u"+TSRA BR"_s},
       {BoardColumn::Ceiling, u"BKN002"_s},
@@ -64,10 +68,13 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
   };
   for (const auto& [column, text] : cells)
     EXPECT_EQ(cell(row, column), text) << headingOf(column).toStdString();
+  EXPECT_EQ(cell(rowOf(u"RJTT"_s, u"30012KT 9999"_s), BoardColumn::Runway), u"34L H10 L6");
+  EXPECT_EQ(cell(rowOf(u"RJTT"_s, u"VRB03KT 9999"_s), BoardColumn::Runway), u"VRB X3");
   // What is not reported is empty and no change.
   const BoardRow bare = rowOf(u"RJTT"_s, u"///// CAVOK"_s, good);
   EXPECT_EQ(cell(bare, BoardColumn::Temperatures), u"");
   EXPECT_EQ(cell(bare, BoardColumn::Qnh), u"");
+  EXPECT_EQ(cell(bare, BoardColumn::Runway), u"");
   EXPECT_EQ(cell(bare, BoardColumn::Visibility), u"CAVOK");
   EXPECT_EQ(cell(bare, BoardColumn::Changes), u"");
 }
@@ -106,9 +113,9 @@ TEST(Board, FitsTheWidthOfTheTerminal) {
       EXPECT_LE(displayWidth(line), std::max(columns, 4)) << line.toStdString();
   }
   EXPECT_EQ(boardText(rows, 80, at(5, 12)).toStdString(),
-            "ST AP   REPORT      AGE WIND    VIS/RVR WX CIG    QNH  CHANGE\r\n"
-            "L3 RJTT METAR 0500Z 12m 33015KT 0700    BR BKN002 1013 WIND↑ VIS↓ CIG↓ QNH↓\r\n"
-            "OK RJAA METAR 0500Z 12m 36010KT 9999              1018");
+            "ST AP   REPORT      AGE WIND    RWY        VIS/RVR WX CIG    QNH\r\n"
+            "L3 RJTT METAR 0500Z 12m 33015KT 34L H15 X0 0700    BR BKN002 1013\r\n"
+            "OK RJAA METAR 0500Z 12m 36010KT 34L H9 R5  9999              1018");
 }
 
 TEST(Verdict, ReadsTheForecastAhead) {

@@ -104,6 +104,7 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
       {u"DE"_s, prompt, {u"DISPLAY AUTO DECODE LIST"_s}, {u"decodelist"_s}},
       {u"GP"_s, prompt, {u"DISPLAY GROUP LIST"_s}, {u"company"_s}},
       {u"AP"_s, prompt, {u"DISPLAY AIRPORT LIST"_s}, {u"airport"_s}},
+      {u"LIMITS"_s, prompt, {u"DISPLAY LIMITS OF AIRPORTS"_s}, {u"limits"_s}},
       {u"CAM"_s, prompt, {u"DISPLAY NETWORK CAMERA"_s}, {u"camera"_s}},
       {u"QQA"_s, u"\r\nQQA : 一\r\n"_s + ready, {u"SEARCH WORD QQA"_s}},
       {u"qqb"_s, u"\r\nQQB : 先\r\n"_s + ready, {u"SEARCH WORD QQB"_s}},

@@ -8,6 +8,7 @@
 #include "reports/colouring.h"
 #include "runs/last_known.h"
 #include "runs/night_desk.h"
+#include "terminal/actions.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -120,6 +121,10 @@ QWidget* BoardForm::makeBar() {
           &BoardForm::acknowledgeAllAlarms);
   connect(addButton(*bar, u"消音(&M)"_s, u"選択した飛行場を60分鳴らさない、または鳴らす"_s),
           &QPushButton::clicked, this, &BoardForm::toggleMute);
+  connect(addButton(*bar, u"制限値(&T)"_s, u"空港別の制限値を編集"_s), &QPushButton::clicked, this, [this] {
+    terminal_.guarded([this] { action::limits(terminal_); });
+    refresh();
+  });
   connect(addButton(*bar, u"印刷(&P)"_s, u"1ページに印刷"_s), &QPushButton::clicked, this, &BoardForm::print);
   connect(addButton(*bar, u"全画面(F11)"_s, u"全画面と元の大きさの切り替え"_s), &QPushButton::clicked, this,
           &BoardForm::toggleFullScreen);
