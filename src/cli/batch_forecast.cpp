@@ -197,14 +197,12 @@ QJsonValue boardOf(BatchJob& job) {
                        .taf = job.fields.textOr(u"taf"_s, QString())};
   const QDateTime now = job.fields.localTime(u"now"_s);
   job.fields.finish();
-  const auto observed = [&now](const QString& text) {
+  for (const QString& text : {reports.before, reports.metar}) {
     const std::optional<MetarReading> metar = readMetar(text, now);
-    return metar ? metar->observed : QDateTime();
-  };
-  reports.time = observed(reports.metar);
-  for (const QDateTime& time : {observed(reports.before), reports.time}) {
-    if (time.isValid())
-      reports.times.push_back(time);
+    reports.time = metar ? metar->observed : QDateTime();
+    reports.isSpecial = metar ? metar->isSpecial : std::nullopt;
+    if (metar)
+      reports.times.push_back(metar->observed);
   }
   const BoardRow row = boardRow(code, reports, limitsOf(job, code), now);
   QJsonArray findings;
@@ -218,7 +216,7 @@ QJsonValue boardOf(BatchJob& job) {
     cells.insert(headingOf(BoardColumn(column)), cellOf(row, BoardColumn(column), now));
   return QJsonObject{{u"state"_s, stateWord(row)},    {u"level"_s, row.level()},
                      {u"observed"_s, json(row.time)}, {u"values"_s, json(row.values)},
-                     {u"findings"_s, findings},       {u"taf_expired"_s, row.tafExpired},
+                     {u"findings"_s, findings},       {u"taf_expired"_s, row.taf == TafState::Expired},
                      {u"outlook"_s, outlook},         {u"cells"_s, cells}};
 }
 

@@ -3,6 +3,7 @@
 #include "cli/event_hooks.h"
 
 #include <QNetworkReply>
+#include <QStandardPaths>
 
 namespace soran {
 
@@ -26,7 +27,21 @@ EventHooks::EventHooks(const QString& command, const QUrl& address, StandardStre
   });
 }
 
+QString EventHooks::faultOf(const QString& command, const QString& address) {
+  const QStringList words = QProcess::splitCommand(command);
+  if (!command.isEmpty() && (words.isEmpty() || QStandardPaths::findExecutable(words.first()).isEmpty()))
+    return u"--exec: no such program: "_s + words.value(0);
+  const QUrl url(address, QUrl::StrictMode);
+  const bool isWeb = url.scheme() == u"http" || url.scheme() == u"https";
+  if (!address.isEmpty() && (!url.isValid() || !isWeb || url.host().isEmpty()))
+    return u"--webhook: no address of http or https"_s;
+  return {};
+}
+
 EventHooks::~EventHooks() {
+  const size_t left = toRun_.size() + toPost_.size() + (process_ ? 1 : 0) + (reply_ ? 1 : 0);
+  if (left > 0)
+    tell(QString::number(left) + (left == 1 ? u" event was"_s : u" events were"_s) + u" not handed on");
   if (process_) {
     process_->disconnect(this);
     process_->kill();
@@ -62,7 +77,9 @@ void EventHooks::runNext() {
     return;
   timedOut_ = false;
   process_ = std::make_unique<QProcess>();
-  process_->setProcessChannelMode(QProcess::ForwardedChannels);
+  // The output is that of the watch alone.
+  process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  process_->setStandardOutputFile(QProcess::nullDevice());
   connect(process_.get(), &QProcess::finished, this, &EventHooks::runEnded, Qt::QueuedConnection);
   connect(
       process_.get(), &QProcess::errorOccurred, this,

@@ -15,14 +15,18 @@
 namespace soran {
 
 /// Hands events on, as JSON: to a program on its standard input, never through a shell, and to an address by
-/// POST. Of each kind at most one is under way, for 30 seconds at most; what failed is told, and the next
-/// event goes on.
+/// POST. What the program writes to its standard output is dropped. Of each kind at most one is under way,
+/// for 30 seconds at most; what failed is told, and the next event goes on.
 class EventHooks final : public QObject {
   Q_OBJECT
  public:
   /// `command` is a program with its arguments, quoted as in a shell; empty for none, as is an empty address.
   EventHooks(const QString& command, const QUrl& address, StandardStream& errors);
+  /// Tells how many events were not handed on, where some were not.
   ~EventHooks() override;
+
+  /// Why the words of a call cannot be used; empty where they can.
+  static QString faultOf(const QString& command, const QString& address);
 
   void give(const QByteArray& json);
 

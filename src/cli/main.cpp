@@ -70,6 +70,8 @@ int runCall(LaunchOptions options, StandardStream& output, StandardStream& error
   if (call == u"watch") {
     if (!options.rest.isEmpty())
       return refuse(errors, u"watch takes no further arguments"_s);
+    if (const QString fault = EventHooks::faultOf(options.exec, options.webhook); !fault.isEmpty())
+      return refuse(errors, fault);
     return Watch(options, delivered::file, output, errors).run();
   }
   if (call == u"check-sources") {

@@ -41,7 +41,9 @@ std::optional<QStringList> Watch::codes() {
   if (options_.list.isEmpty())
     return boardCodes(program_, options_.group);
   const QString list = asciiUpper(options_.list.simplified());
-  return isCodeList(list) ? std::optional(list.split(u' ')) : std::nullopt;
+  QStringList codes = list.split(u' ');
+  codes.removeDuplicates();
+  return isCodeList(list) ? std::optional(codes) : std::nullopt;
 }
 
 int Watch::run() {
@@ -52,8 +54,10 @@ int Watch::run() {
   }
   const std::optional<QStringList> watched = codes();
   if (!watched || watched->isEmpty()) {
-    errors_.tell(u"soran-cli: no airports to watch: give --list with codes, --group with its name, or an "
-                 "automatic list\n"_s);
+    const QString why = !options_.list.isEmpty()    ? u"no codes: "_s + options_.list
+                        : !options_.group.isEmpty() ? u"no such group, or an empty one: "_s + options_.group
+                                                    : u"the automatic list is empty"_s;
+    errors_.tell(u"soran-cli: no airports to watch: "_s + why + u'\n');
     return notStarted;
   }
   if (launch_.demo())
@@ -116,9 +120,10 @@ void Watch::lookAtAges() {
       tellState(u"OVERDUE"_s);
     if (row.freshness == Freshness::Current && before == Freshness::Overdue)
       tellState(u"CURRENT"_s);
-    if (row.tafExpired && !std::exchange(expired_[code], row.tafExpired))
+    const bool isExpired = row.taf == TafState::Expired;
+    if (isExpired && !std::exchange(expired_[code], isExpired))
       tellState(u"EXPIRED"_s);
-    expired_[code] = row.tafExpired;
+    expired_[code] = isExpired;
   }
 }
 

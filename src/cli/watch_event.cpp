@@ -15,7 +15,11 @@ using namespace Qt::StringLiterals;
 
 QString lineOf(const WatchEvent& event) {
   QStringList parts = {utcText(event.time), event.event};
-  for (const QString& part : {event.text, event.report}) {
+  // The event is told once.
+  QString text = event.text;
+  if (const qsizetype at = text.indexOf(u' ' + event.event); at >= 0)
+    text.remove(at, event.event.size() + 1);
+  for (const QString& part : {text, event.report}) {
     if (!part.isEmpty())
       parts.append(part);
   }

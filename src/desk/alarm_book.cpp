@@ -99,7 +99,8 @@ void AlarmBook::apply(const AlarmEvent& event) {
 }
 
 std::vector<AlarmEvent> AlarmBook::take(const StationCode& code, ReportKind report,
-                                        std::span<const Finding> findings, const QDateTime& now) {
+                                        std::span<const Finding> findings, const QStringList& told,
+                                        const QDateTime& now) {
   std::vector<AlarmEvent> events;
   const std::map<QString, Finding> worst = worstOfEach(findings);
   const auto known = entries_.find(code.text());
@@ -114,7 +115,7 @@ std::vector<AlarmEvent> AlarmBook::take(const StationCode& code, ReportKind repo
       events.push_back(eventOf(Worse, code.text(), now, report, finding));
   }
   for (const auto& [place, beyond] : before) {
-    if (place.first == report && !worst.contains(place.second))
+    if (place.first == report && !worst.contains(place.second) && told.contains(place.second))
       events.push_back(eventOf(Back, code.text(), now, report, {.element = place.second, .level = 0}));
   }
   std::ranges::for_each(events, [this](const AlarmEvent& event) { apply(event); });

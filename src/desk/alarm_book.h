@@ -7,6 +7,7 @@
 #include "desk/alarm_event.h"
 
 #include <QDateTime>
+#include <QStringList>
 #include <QTime>
 #include <map>
 #include <span>
@@ -57,9 +58,10 @@ class AlarmBook {
   explicit AlarmBook(std::span<const AlarmEvent> log);
 
   /// Compares what is beyond a limit in the newest report of the station and kind with what was. Several
-  /// findings of one element count as their worst.
+  /// findings of one element count as their worst. An element that is none of `told` and has no finding stays
+  /// as it was: a value that is missing is no better one.
   std::vector<AlarmEvent> take(const StationCode& code, ReportKind report, std::span<const Finding> findings,
-                               const QDateTime& now);
+                               const QStringList& told, const QDateTime& now);
   /// The airports whose alarm sounds now, each as the event that tells of it; ends mutings whose time is
   /// over. `local` is the time of day that quiet hours are told in. Nothing sounds in quiet hours and where
   /// muted.

@@ -100,9 +100,9 @@ int BoardRow::outlookLevel() const {
 int rankOf(const BoardRow& row) {
   const bool ringing = row.alarm.state == AlarmState::Ringing && !row.alarm.muted;
   int rank = std::max(row.level() * 20, row.outlookLevel() * 20 - 10);
-  if (row.freshness == Freshness::Overdue || row.freshness == Freshness::Unknown)
+  if (row.freshness == Freshness::Overdue || row.hasNoData())
     rank = std::max(rank, 8) + 2;
-  if (row.tafExpired)
+  if (row.tafIsSilent())
     rank = std::max(rank, 6) + 1;
   return rank * 2 + (ringing ? 5 : 0);
 }

@@ -25,6 +25,16 @@ struct Outlook {
 /// The hours of the outlooks of a board.
 inline constexpr std::array<int, 3> outlookHours = {1, 3, 6};
 
+/// What is known of the newest TAF of an airport.
+enum class TafState {
+  None, ///< there is none
+  InForce,
+  Expired,
+  Cancelled,
+  Missing, ///< NIL
+  Unread,  ///< it cannot be read, or not all of it
+};
+
 /// An airport of the board. Times are UTC.
 struct BoardRow {
   StationCode code = {};
@@ -37,19 +47,19 @@ struct BoardRow {
   std::optional<RunwayWind> runwayWind = {}; ///< of `values`, on the runway in use
   Freshness freshness = Freshness::Unknown;
   std::vector<Finding> findings = {}; ///< of the METAR, the worst first
-  bool hasTaf = false;
-  bool tafExpired = false;
+  TafState taf = TafState::None;
   std::array<std::optional<Outlook>, outlookHours.size()> outlook = {};
   QStringList sigmets = {}; ///< "M02"
   QString source = {};
   Alarm alarm = {};
 
+  bool hasNoData() const { return !values.tellsVisibility() && !values.tellsCeiling(); }
+  /// A TAF that does not tell what is to come.
+  bool tafIsSilent() const { return taf > TafState::InForce; }
   /// 0 where nothing is beyond a limit, up to 3.
   int level() const { return findings.empty() ? 0 : findings.front().level; }
   int outlookLevel() const;
 };
-
-enum class BoardOrder { Worst, List };
 
 /// How bad a row is: the worse the greater.
 int rankOf(const BoardRow& row);
@@ -58,7 +68,9 @@ int rankOf(const BoardRow& row);
 void sortWorstFirst(std::vector<BoardRow>& rows);
 
 /// One word for the state of the row, never empty: "L3" for a METAR beyond the third limit, "F3" for a TAF of
-/// the next six hours, "L1/F3" where that is worse, "OVERDUE", "EXPIRED", "CLOSED", "NO DATA", "OK".
+/// the next six hours, "L1/F3" where that is worse, "OVERDUE", "EXPIRED", "CLOSED"; "NO DATA" where neither
+/// visibility nor ceiling is known, "PART" where one of them is not, "TAF?" where a TAF tells nothing that
+/// could be relied on; "OK" where all is known and within the limits.
 QString stateWord(const BoardRow& row);
 /// "RING", "ACK", "MUTED", or empty.
 QString alarmWord(const Alarm& alarm);

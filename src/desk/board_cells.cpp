@@ -11,20 +11,24 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 QString stateWord(const BoardRow& row) {
-  QString forecast = u'F' + QString::number(row.outlookLevel());
+  const QString forecast = row.outlookLevel() > 0 ? u'F' + QString::number(row.outlookLevel()) : QString();
   if (row.level() > 0) {
     const QString now = u'L' + QString::number(row.level());
     return row.outlookLevel() > row.level() ? now + u'/' + forecast : now;
   }
-  if (row.freshness == Freshness::Unknown)
-    return u"NO DATA"_s;
   if (row.freshness == Freshness::Overdue)
-    return u"OVERDUE"_s;
-  if (row.outlookLevel() > 0)
+    return forecast.isEmpty() ? u"OVERDUE"_s : u"OVERDUE/" + forecast;
+  if (row.hasNoData())
+    return forecast.isEmpty() ? u"NO DATA"_s : u"NO DATA/" + forecast;
+  if (!forecast.isEmpty())
     return forecast;
-  if (row.tafExpired)
+  if (row.taf == TafState::Expired)
     return u"EXPIRED"_s;
-  return row.freshness == Freshness::Closed ? u"CLOSED"_s : u"OK"_s;
+  if (row.tafIsSilent())
+    return u"TAF?"_s;
+  if (row.freshness == Freshness::Closed)
+    return u"CLOSED"_s;
+  return row.values.tellsVisibility() && row.values.tellsCeiling() ? u"OK"_s : u"PART"_s;
 }
 
 QString alarmWord(const Alarm& alarm) {
@@ -68,20 +72,45 @@ void addChange(QStringList& changes, QStringView name, const std::optional<Eleme
   changes.append(name + arrow(value(*before), value(*now)));
 }
 
-/// Metres that a report tells; CAVOK is 10 km or more.
+/// Metres that a report tells; those that only say how far at least are all alike.
 std::optional<int> metres(const ElementValues& values) {
-  if (values.cavok)
-    return 9999;
-  return values.visibility ? std::optional(values.visibility->metres) : std::nullopt;
+  constexpr int unlimited = 9999;
+  if (values.cavok || (values.visibility && values.visibility->bound == Bound::Above))
+    return unlimited;
+  return values.visibility ? std::optional(std::min(values.visibility->metres, unlimited)) : std::nullopt;
 }
 
 /// Feet; a sky without a ceiling lies above every height that can be reported, of which there are three
-/// figures of hundreds.
+/// figures of hundreds. Nothing where a height is missing.
 std::optional<int> feet(const ElementValues& values) {
   constexpr int aboveAll = 100'000;
-  if (const Ceiling* ceiling = values.ceiling())
-    return ceiling->feet;
-  return values.cavok || !values.clouds.empty() ? std::optional(aboveAll) : std::nullopt;
+  const Ceiling* ceiling = values.ceiling();
+  if (!values.tellsCeiling())
+    return std::nullopt;
+  return ceiling ? ceiling->feet : aboveAll;
+}
+
+/// As the field reads it: the hectopascals that are reached.
+double shownPressure(const Pressure& pressure) {
+  return std::floor(pressure.hectopascals);
+}
+
+/// Why a TAF tells nothing, where it does not.
+QString tafWord(TafState state) {
+  switch (state) {
+  case TafState::Expired:
+    return u"EXPIRED"_s;
+  case TafState::Cancelled:
+    return u"CNL"_s;
+  case TafState::Missing:
+    return u"NIL"_s;
+  case TafState::Unread:
+    return u"UNREAD"_s;
+  case TafState::None:
+  case TafState::InForce:
+    break;
+  }
+  return {};
 }
 
 std::optional<double> speed(const ElementValues& values) {
@@ -124,7 +153,7 @@ QString age(const BoardRow& row, const QDateTime& now) {
     age = QString::number(minutes / 60) + u'h' + twoDigits(int(minutes % 60));
   // What the column of the state does not tell.
   const QString state = stateWord(row);
-  if (row.freshness == Freshness::Overdue && state != u"OVERDUE")
+  if (row.freshness == Freshness::Overdue && !state.startsWith(u"OVERDUE"))
     return age + u" OVERDUE";
   return row.freshness == Freshness::Closed && state != u"CLOSED" ? age + u" CLOSED" : age;
 }
@@ -169,14 +198,13 @@ QString temperatures(const BoardRow& row, const QDateTime&) {
 }
 
 QString qnh(const BoardRow& row, const QDateTime&) {
-  // As the field reads it: the hectopascals that are reached.
-  return row.values.pressure ? QString::number(std::floor(row.values.pressure->hectopascals)) : QString();
+  return row.values.pressure ? QString::number(shownPressure(*row.values.pressure)) : QString();
 }
 
 QString outlook(const BoardRow& row, int place) {
   const auto& outlook = row.outlook[size_t(place)];
   if (!outlook)
-    return {};
+    return place + 1 == int(outlookHours.size()) ? tafWord(row.taf) : QString();
   return outlook->worst.element + u' ' + outlook->worst.words + u'/' + outlook->begins.toString(u"ddHH"_s) +
          u'Z';
 }
@@ -195,8 +223,7 @@ QString changes(const BoardRow& row, const QDateTime&) {
   addChange(changes, u"WIND", speed(row.before), speed(row.values), value);
   addChange(changes, u"VIS", metres(row.before), metres(row.values), value);
   addChange(changes, u"CIG", feet(row.before), feet(row.values), value);
-  addChange(changes, u"QNH", row.before.pressure, row.values.pressure,
-            [](const Pressure& pressure) { return pressure.hectopascals; });
+  addChange(changes, u"QNH", row.before.pressure, row.values.pressure, shownPressure);
   return changes.join(u' ');
 }
 

@@ -30,63 +30,146 @@ QString nameOf(LimitedElement element) {
   return u"WX"_s;
 }
 
-/// Adds what is worse than the finding of its element so far.
-void takeWorse(std::vector<Finding>& findings, const Finding& finding) {
-  const auto same = std::ranges::find(findings, finding.element, &Finding::element);
-  if (same == findings.end())
-    findings.push_back(finding);
-  else if (isWorse(finding, *same))
-    *same = finding;
+Finding findingOf(const Crossing& crossing, QStringView text) {
+  return {.element = nameOf(crossing.element),
+          .words = crossing.words.in(text).toString(),
+          .value = double(crossing.value),
+          .limit = double(crossing.limit),
+          .level = crossing.condition,
+          .above = crossing.isAbove()};
 }
 
 /// The worst of each element, the worst first.
-std::vector<Finding> findingsOf(const ElementValues& values, QStringView text, const Limits& limits) {
+std::vector<Finding> findingsOf(std::vector<Crossing> crossed, QStringView text) {
+  const auto worseFirst = [](const Crossing& one, const Crossing& other) { return isWorse(one, other); };
+  std::ranges::stable_sort(crossed, worseFirst);
   std::vector<Finding> findings;
-  for (const Crossing& crossing : crossings(values, text, limits)) {
-    takeWorse(findings, {.element = nameOf(crossing.element),
-                         .words = crossing.words.in(text).toString(),
-                         .value = double(crossing.value),
-                         .limit = double(crossing.limit),
-                         .level = crossing.condition,
-                         .above = crossing.isAbove()});
+  for (const Crossing& crossing : crossed) {
+    if (std::ranges::find(findings, nameOf(crossing.element), &Finding::element) == findings.end())
+      findings.push_back(findingOf(crossing, text));
   }
-  std::ranges::stable_sort(findings, std::ranges::greater(), &Finding::level);
   return findings;
+}
+
+/// The elements that have a value. A runway visual range is reported where one or the visibility is less
+/// than 1500 m (ICAO Annex 3, 4.3.6.3), so that above it none means none.
+QStringList toldBy(const ElementValues& values) {
+  constexpr int reportedBelow = 1500;
+  QStringList told;
+  if (values.tellsVisibility())
+    told += nameOf(LimitedElement::Visibility);
+  const bool needsNoRange = values.cavok || (values.visibility && values.visibility->metres >= reportedBelow);
+  if (!values.runwayRanges.empty() || needsNoRange)
+    told += nameOf(LimitedElement::RunwayRange);
+  if (values.tellsCeiling())
+    told += nameOf(LimitedElement::Ceiling);
+  // Without a gust in its group a wind has none.
+  if (values.wind && values.wind->speed)
+    told += {nameOf(LimitedElement::Wind), nameOf(LimitedElement::Gust)};
+  if (values.wind && values.wind->speed && (values.wind->direction || values.wind->isVariable))
+    told += nameOf(LimitedElement::Crosswind);
+  if (values.tellsWeather())
+    told += nameOf(LimitedElement::Weather);
+  return told;
+}
+
+bool touches(const ForecastSlice& slice, const QDateTime& from, const QDateTime& to) {
+  return slice.to > from && slice.from < to;
+}
+
+/// What the slices that touch the time say.
+Verdict verdictOf(const Forecast& forecast, const QDateTime& from, const QDateTime& to,
+                  const Limits& limits) {
+  Verdict verdict;
+  std::vector<Crossing> crossed;
+  for (const ForecastSlice& slice : forecast.slices) {
+    if (!touches(slice, from, to))
+      continue;
+    std::ranges::copy(crossings(slice.values, forecast.text, limits), std::back_inserter(crossed));
+    verdict.told += toldBy(slice.values);
+  }
+  verdict.told.removeDuplicates();
+  verdict.findings = findingsOf(std::move(crossed), forecast.text);
+  return verdict;
+}
+
+/// The changes that the trend of a METAR tells, each with the elements that it names alone: the others are
+/// those of the observation.
+std::vector<ForecastSlice> changesOf(QStringView text, const QDateTime& now) {
+  const std::optional<MetarReading> metar = readMetar(text, now);
+  std::vector<ForecastSlice> changes = metar ? metar->slices : std::vector<ForecastSlice>();
+  std::erase_if(changes, [&](const ForecastSlice& slice) {
+    return slice.kind == SliceKind::Prevailing && slice.from == metar->observed;
+  });
+  for (ForecastSlice& change : changes)
+    change.values = readElements(text, change.words);
+  return changes;
+}
+
+QDateTime endOfBoard(const QDateTime& now) {
+  return now.addSecs(outlookHours.back() * 3600);
+}
+
+TafState stateOf(const std::optional<Taf>& taf, const QDateTime& now) {
+  if (!taf)
+    return TafState::Unread;
+  if (taf->state != Taf::State::InForce)
+    return taf->state == Taf::State::Cancelled ? TafState::Cancelled : TafState::Missing;
+  if (taf->to <= now)
+    return TafState::Expired;
+  return taf->unread.empty() ? TafState::InForce : TafState::Unread;
 }
 
 } // namespace
 
-std::vector<Finding> metarFindings(QStringView text, const Limits& limits) {
-  return findingsOf(readElements(text, observationIn(text)), text, limits);
+Verdict observationVerdict(QStringView text, const Limits& limits) {
+  const ElementValues values = readElements(text, observationIn(text));
+  return {findingsOf(crossings(values, text, limits), text), toldBy(values)};
 }
 
-std::vector<Finding> tafFindings(QStringView text, const QDateTime& now, const Limits& limits) {
-  std::vector<Finding> findings;
+Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limits) {
+  Verdict verdict = observationVerdict(text, limits);
+  if (verdict.told.isEmpty())
+    return verdict;
+  const Verdict trend = verdictOf({text, changesOf(text, now)}, now, endOfBoard(now), limits);
+  const auto named = [](const QString& element) { return u"TREND "_s + element; };
+  for (Finding finding : trend.findings) {
+    finding.element = named(finding.element);
+    verdict.findings.push_back(finding);
+  }
+  // A report without a trend takes back that of the one before.
+  for (const LimitedElement element : allLimitedElements)
+    verdict.told += named(nameOf(element));
+  return verdict;
+}
+
+Verdict tafVerdict(QStringView text, const QDateTime& now, const Limits& limits) {
   const std::optional<Taf> taf = readTaf(text, now);
   if (!taf)
-    return findings;
-  for (const ForecastSlice& slice : taf->slices) {
-    if (slice.to <= now)
-      continue;
-    for (const Finding& finding : findingsOf(slice.values, text, limits))
-      takeWorse(findings, finding);
-  }
-  std::ranges::stable_sort(findings, std::ranges::greater(), &Finding::level);
-  return findings;
+    return {};
+  Verdict verdict = verdictOf({text, taf->slices}, now, endOfBoard(now), limits);
+  if (stateOf(taf, now) != TafState::InForce)
+    verdict.told.clear();
+  return verdict;
 }
 
-std::optional<Outlook> worstOutlook(const Taf& taf, QStringView text, const QDateTime& from,
+std::optional<Outlook> worstOutlook(std::span<const Forecast> forecasts, const QDateTime& from,
                                     const QDateTime& to, const Limits& limits) {
-  std::optional<Outlook> worst;
-  for (const ForecastSlice& slice : taf.slices) {
-    if (slice.to <= from || slice.from >= to)
-      continue;
-    for (const Finding& finding : findingsOf(slice.values, text, limits)) {
-      if (!worst || finding.level > worst->worst.level)
-        worst = Outlook{finding, std::max(slice.from, from)};
+  std::optional<Outlook> outlook;
+  Crossing worst;
+  for (const Forecast& forecast : forecasts) {
+    for (const ForecastSlice& slice : forecast.slices) {
+      if (!touches(slice, from, to))
+        continue;
+      const std::vector<Crossing> crossed = crossings(slice.values, forecast.text, limits);
+      const Crossing* crossing = worstOf(crossed);
+      if (!crossing || (outlook && !isWorse(*crossing, worst)))
+        continue;
+      worst = *crossing;
+      outlook = Outlook{findingOf(worst, forecast.text), std::max(slice.from, from)};
     }
   }
-  return worst;
+  return outlook;
 }
 
 BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Limits& limits,
@@ -99,15 +182,15 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
     row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));
     row.freshness = freshnessOf(reports.times, reports.watchedSince, now);
-    row.findings = metarFindings(row.metar, limits);
+    row.findings = observationVerdict(row.metar, limits).findings;
   }
   const std::optional<Taf> taf = readTaf(reports.taf, now);
-  row.hasTaf = taf.has_value();
-  if (!taf)
-    return row;
-  row.tafExpired = taf->to.isValid() && taf->to <= now;
+  if (!reports.taf.isEmpty())
+    row.taf = stateOf(taf, now);
+  const Forecast forecasts[] = {{row.metar, changesOf(row.metar, now)},
+                                {reports.taf, taf ? taf->slices : std::vector<ForecastSlice>()}};
   for (size_t i = 0; i < outlookHours.size(); ++i)
-    row.outlook[i] = worstOutlook(*taf, reports.taf, now, now.addSecs(outlookHours[i] * 3600), limits);
+    row.outlook[i] = worstOutlook(forecasts, now, now.addSecs(outlookHours[i] * 3600), limits);
   return row;
 }
 

@@ -8,21 +8,36 @@
 
 #include <QStringView>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace soran {
 
-/// What the observation of a METAR, or of the file of a station with one, has beyond the limits, the worst
-/// first; its trend is no part of it.
-std::vector<Finding> metarFindings(QStringView text, const Limits& limits);
+/// A report against the limits.
+struct Verdict {
+  std::vector<Finding> findings = {}; ///< the worst of each element, the worst first
+  QStringList told = {};              ///< the elements whose value is known, beyond a limit or not
+};
 
-/// What a TAF, or the file of a station with one, tells beyond the limits of the time from `now` (UTC) on:
-/// the worst of each element, the worst first. Nothing where it cannot be read.
-std::vector<Finding> tafFindings(QStringView text, const QDateTime& now, const Limits& limits);
+/// What the observation of a METAR, or of the file of a station with one, says; its trend is no part of it.
+Verdict observationVerdict(QStringView text, const Limits& limits);
 
-/// The worst that a TAF, read from `text`, tells of the time from `from` on and before `to` (UTC), and when
-/// in that time it first does so.
-std::optional<Outlook> worstOutlook(const Taf& taf, QStringView text, const QDateTime& from,
+/// The same with the trend, of which the elements are named "TREND VIS" and so on. `now` is in UTC.
+Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limits);
+
+/// What a TAF, or the file of a station with one, says of the hours of a board from `now` (UTC) on. One that
+/// is not in force, or has parts that cannot be read, tells nothing.
+Verdict tafVerdict(QStringView text, const QDateTime& now, const Limits& limits);
+
+/// Slices with the text that their words are in, which must outlive them.
+struct Forecast {
+  QStringView text;
+  std::vector<ForecastSlice> slices;
+};
+
+/// The worst that the forecasts tell of the time from `from` on and before `to` (UTC), and when in that time
+/// it first does so.
+std::optional<Outlook> worstOutlook(std::span<const Forecast> forecasts, const QDateTime& from,
                                     const QDateTime& to, const Limits& limits);
 
 /// The reports of an airport, as station files or as texts; what is not known is empty.

@@ -7,6 +7,7 @@
 #include "desktop/widgets/browser_frame.h"
 #include "desktop/widgets/look.h"
 #include "desktop/widgets/menu_mirror.h"
+#include "desktop/widgets/noted_label.h"
 #include "desktop/widgets/screen_view.h"
 #include "desktop/widgets/start_banner.h"
 #include "desktop/widgets/toolbar_frame.h"
@@ -42,8 +43,8 @@ QString geometryKey() {
 }
 
 /// A field of the status bar.
-QLabel* makePanel(const QString& name, const QString& description, QWidget* parent) {
-  auto* panel = new QLabel(parent);
+NotedLabel* makePanel(const QString& name, const QString& description, QWidget* parent) {
+  auto* panel = new NotedLabel(parent);
   panel->setObjectName(name);
   panel->setAccessibleDescription(description);
   panel->setTextFormat(Qt::PlainText);
@@ -98,6 +99,7 @@ void MainWindow::makeStatusBar() {
   panel1_ = makePanel(u"Panel1"_s, u"ネットワークの状態"_s, this);
   panel2_ = makePanel(u"Panel2"_s, u"動作の状態"_s, this);
   panel1_->setMinimumWidth(panel1_->fontMetrics().horizontalAdvance(u"ネットワーク接続待機"_s) + 24);
+  panel2_->setNote([this] { return watchNote(terminal_.program()); });
   panel2_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   progress_ = new QProgressBar(this);
   progress_->setObjectName(u"progress"_s);

@@ -19,6 +19,7 @@ class MainWindow;
 
 namespace soran {
 
+class NotedLabel;
 class BrowserFrame;
 class MenuMirror;
 class ReportAlert;
@@ -100,7 +101,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<MenuMirror> menus_;
   bool menusChanged_ = false;
   QLabel* panel1_ = nullptr;
-  QLabel* panel2_ = nullptr;
+  NotedLabel* panel2_ = nullptr;
   QProgressBar* progress_ = nullptr;
   ReportAlert* alert_;
   /// They take turns: a reader that lags still finds each text where it came up.

@@ -124,6 +124,8 @@ bool ElementReader::takeWord() {
     values_.cavok = words_;
   else if (group_ == u"NSW")
     values_.noWeather = words_;
+  else if (group_ == u"//")
+    values_.hidesWeather = true;
   else if (isClearSky(group_))
     values_.clouds.push_back(words_);
   else
@@ -204,11 +206,16 @@ bool ElementReader::takeCloud() {
   if (isVertical ? !hasShape(group_, {u"VV###", u"VV///"}) : !isCloudLayer(group_))
     return false;
   values_.clouds.push_back(words_);
+  // A CB or TCU that was seen by radar stands beside layers that were measured.
+  constexpr qsizetype withoutType = 6;
+  values_.hidesCeiling |= group_.startsWith(u"///") && group_.size() == withoutType;
   if (isVertical)
     keepCeiling(colouring::verticalVisibility, values_.vertical);
   for (const colouring::CeilingForm& form : colouring::ceilingForms) {
-    if (!form.oktas && group_.startsWith(form.word))
+    if (!form.oktas && group_.startsWith(form.word)) {
       keepCeiling(form, values_.layer);
+      values_.hidesCeiling |= group_.sliced(form.word.size()).startsWith(u"///");
+    }
   }
   return true;
 }

@@ -57,12 +57,14 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
     merged.runwayRanges = later.runwayRanges;
   if (later.cavok || later.noWeather || !later.weather.empty()) {
     merged.weather = later.weather;
+    merged.hidesWeather = later.hidesWeather;
     merged.noWeather = later.noWeather;
   }
   if (later.cavok || !later.clouds.empty()) {
     merged.clouds = later.clouds;
     merged.layer = later.layer;
     merged.vertical = later.vertical;
+    merged.hidesCeiling = later.hidesCeiling;
   }
   if (later.cavok || later.visibility || !later.weather.empty() || !later.clouds.empty())
     merged.cavok = later.cavok;

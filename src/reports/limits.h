@@ -44,6 +44,9 @@ struct Limits {
 };
 
 enum class LimitedElement { Visibility, RunwayRange, Ceiling, Wind, Gust, Crosswind, Weather };
+inline constexpr std::array allLimitedElements = {
+    LimitedElement::Visibility, LimitedElement::RunwayRange, LimitedElement::Ceiling, LimitedElement::Wind,
+    LimitedElement::Gust,       LimitedElement::Crosswind,   LimitedElement::Weather};
 
 /// A value that lies beyond a limit, or weather that is not to be.
 struct Crossing {

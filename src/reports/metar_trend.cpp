@@ -48,8 +48,10 @@ std::optional<MetarReading> readMetar(QStringView text, const QDateTime& now) {
   if (!heading)
     return std::nullopt;
   const Words observation = observationIn(text);
-  MetarReading metar{
-      .station = heading->station, .observed = heading->time, .values = readElements(text, observation)};
+  MetarReading metar{.station = heading->station,
+                     .observed = heading->time,
+                     .isSpecial = heading->isSpecial,
+                     .values = readElements(text, observation)};
   const QDateTime end = metar.observed.addSecs(secondsOfTrend);
   GroupWalk walk(text, {observation.end(), text.size() - observation.end()});
   std::optional<Words> group = walk.next();

@@ -98,6 +98,8 @@ std::optional<ReportHeading> readHeading(QStringView text, const QDateTime& now)
     }
     heading.isAmended = heading.isAmended || word == u"AMD";
     heading.isCorrected = heading.isCorrected || word == u"COR";
+    if (word == u"SPECI" || word == u"METAR")
+      heading.isSpecial = word == u"SPECI";
     before = group;
   }
   return std::nullopt;

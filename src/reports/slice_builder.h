@@ -51,6 +51,7 @@ struct ReportHeading {
   Words behind = {};
   bool isAmended = false;
   bool isCorrected = false;
+  std::optional<bool> isSpecial = {}; ///< SPECI or METAR stands ahead of the code
 };
 std::optional<ReportHeading> readHeading(QStringView text, const QDateTime& now);
 

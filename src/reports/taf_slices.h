@@ -60,7 +60,8 @@ std::optional<Taf> readTaf(QStringView text, const QDateTime& now);
 
 struct MetarReading {
   std::optional<Words> station = {};
-  QDateTime observed = {}; ///< UTC
+  QDateTime observed = {};            ///< UTC
+  std::optional<bool> isSpecial = {}; ///< the text says SPECI, or METAR; nothing where it says neither
   ElementValues values = {};
   bool hasTrend = false; ///< NOSIG or a change is told
   /// The two hours of the trend, as those of a TAF. Without a trend there are none.

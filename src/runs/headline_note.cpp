@@ -3,6 +3,8 @@
 #include "runs/headline_note.h"
 
 #include "base/text.h"
+#include "desk/report_age.h"
+#include "runs/night_desk.h"
 #include "runs/program.h"
 
 namespace soran {
@@ -31,6 +33,28 @@ QString ageText(const QDateTime& time, const QDateTime& now) {
   const qint64 minutes = std::max<qint64>(0, time.secsTo(now) / 60);
   const QString rest = QString::number(minutes % 60) + u" min OLD";
   return minutes < 60 ? rest : QString::number(minutes / 60) + u" h " + rest;
+}
+
+QString watchNote(Program& program) {
+  const QDateTime now = program.services.clock.now().toUTC();
+  QString oldest;
+  QStringList overdue;
+  QDateTime time;
+  for (const QString& code : boardCodes(program, {}).value_or(QStringList())) {
+    const auto* metar = program.knownReports.find(StationCode(code), ReportKind::Metar);
+    if (!metar)
+      continue;
+    if (!time.isValid() || metar->time < time) {
+      time = metar->time;
+      oldest = code;
+    }
+    if (freshnessOf(metar->times, program.desk.watchedSince, now) == Freshness::Overdue)
+      overdue.append(code);
+  }
+  if (oldest.isEmpty())
+    return {};
+  return u"OLDEST METAR "_s + oldest + u' ' + time.toString(u"ddHHmm") + u"Z / " + ageText(time, now) +
+         u" / " + (overdue.isEmpty() ? u"NONE OVERDUE"_s : u"OVERDUE " + overdue.join(u' '));
 }
 
 QString headlineNote(const Program& program, qsizetype at) {

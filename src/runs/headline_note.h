@@ -17,4 +17,8 @@ QString ageText(const QDateTime& time, const QDateTime& now);
 /// and where the report is not of this run of the program.
 QString headlineNote(const Program& program, qsizetype at);
 
+/// How old the METARs of the watched airports are: the oldest, and those of which the next one is missed.
+/// Empty where none is known.
+QString watchNote(Program& program);
+
 } // namespace soran

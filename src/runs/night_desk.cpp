@@ -123,25 +123,30 @@ void observeReports(Program& program) {
   const QStringList watched = watchedCodes(program);
   const QDateTime now = utcNow(program);
   std::vector<AlarmEvent> events;
-  for (const LastReport& report : program.knownReports.takenSince(program.desk.taken)) {
-    if (!watched.contains(report.code))
-      continue;
-    const Limits limits = program.limitsOf(StationCode(report.code));
-    const std::vector<Finding> findings = report.kind == ReportKind::Metar
-                                              ? metarFindings(report.text, limits)
-                                              : tafFindings(report.text, now, limits);
-    std::ranges::copy(bookOf(program).take(StationCode(report.code), report.kind, findings, now),
+  const auto take = [&](const QString& code, ReportKind kind, const Verdict& verdict) {
+    std::ranges::copy(bookOf(program).take(StationCode(code), kind, verdict.findings, verdict.told, now),
                       std::back_inserter(events));
+  };
+  for (const LastReport& report : program.knownReports.takenSince(program.desk.taken)) {
+    const Limits limits = program.limitsOf(StationCode(report.code));
+    if (report.kind == ReportKind::Metar && watched.contains(report.code))
+      take(report.code, report.kind, metarVerdict(report.text, now, limits));
   }
   program.desk.taken = program.knownReports.count();
+  // What a TAF tells of the hours ahead changes with the time.
+  for (const QString& code : watched) {
+    if (const auto* taf = program.knownReports.find(StationCode(code), ReportKind::Taf))
+      take(code, ReportKind::Taf, tafVerdict(taf->text, now, program.limitsOf(StationCode(code))));
+  }
   record(program, events);
 }
 
 void ringAlarms(Program& program) {
   if (!ringsByCondition(program))
     return;
-  const QDateTime now = program.services.clock.now();
-  const std::vector<AlarmEvent> events = bookOf(program).ring(ringRules(program), now.toUTC(), now.time());
+  const QDateTime now = utcNow(program);
+  const QTime local = now.addSecs(program.record().zoneOffset().hours * 3600).time();
+  const std::vector<AlarmEvent> events = bookOf(program).ring(ringRules(program), now, local);
   record(program, events);
   const auto rang = [](const AlarmEvent& event) { return event.kind == AlarmEventKind::Rang; };
   const QString sound = program.services.path(u"sound/ring.wav");

@@ -11,8 +11,9 @@ namespace soran {
 /// missed.
 void noteWatch(Program& program);
 
-/// Compares the reports that came since this was done last, those of the automatic list, with the user's
-/// limits, where 条件アラーム is on. What changed stands in the running log and in the shift log.
+/// Compares the METARs that came since this was done last, and the TAFs for the hours ahead, those of the
+/// automatic list, with the user's limits, where 条件アラーム is on. What changed stands in the running log
+/// and in the shift log.
 void observeReports(Program& program);
 
 /// Sounds the alarms that are due, where 条件アラーム is on. Waits in the event loop while one sounds.

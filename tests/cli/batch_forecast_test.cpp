@@ -15,7 +15,7 @@ namespace {
 
 const QJsonObject job{
     {u"op"_s, u"taf_at"_s},
-    {u"metar"_s, u"RJTT 220430Z 34012G24KT 310V010 4000 R34L/0700V1200U -SHRA VV/// 24/M01 Q1008"_s},
+    {u"metar"_s, u"METAR RJTT 220430Z 34012G24KT 310V010 4000 R34L/0700V1200U -SHRA VV/// 24/M01 Q1008"_s},
     {u"taf"_s, u"TAF RJTT 220505Z 2206/2312 16008KT 9999 FEW030 PROB30 TEMPO 2206/2208 0700 FG BKN003= "_s},
     {u"time"_s, u"1530"_s},
     {u"now"_s, u"2026-08-22T05:00:00"_s}};
@@ -61,11 +61,12 @@ TEST(BoardJob, GivesTheRowOfTheBoard) {
   EXPECT_EQ(row[u"level"], 3);
   EXPECT_EQ(row[u"observed"], u"2026-08-22T04:30:00Z"_s);
   EXPECT_EQ(row[u"values"], answerTo(job)[u"result"][u"metar"][u"values"]);
-  EXPECT_EQ(row[u"findings"][0][u"element"], u"RVR"_s);
-  EXPECT_EQ(row[u"findings"][1][u"group"], u"VV///"_s);
+  EXPECT_EQ(row[u"findings"][0][u"group"], u"VV///"_s);
+  EXPECT_EQ(row[u"findings"][1][u"element"], u"RVR"_s);
   EXPECT_EQ(row[u"outlook"][u"1"][u"group"], u"0700"_s);
   EXPECT_EQ(row[u"outlook"][u"1"][u"begins"], u"2026-08-22T06:20:00Z"_s);
   EXPECT_EQ(row[u"cells"][u"AGE"], u"1h50 OVERDUE"_s);
+  EXPECT_EQ(row[u"cells"][u"REPORT"], u"METAR 0430Z"_s);
   EXPECT_EQ(row[u"cells"][u"CHANGE"], u"WIND↑ VIS↓ CIG↓"_s);
   board[u"now"_s] = u"2026-08-23T12:00:00"_s;
   for (const QString& text : {u"metar"_s, u"before"_s})
@@ -98,7 +99,7 @@ TEST(BoardJob, TakesLimitsOfTheAirportAndItsRunway) {
   } cases[] = {
       {{}, {}},
       {{QJsonObject{{code, u"RJTT"_s}, {condition, 3}, {u"横風"_s, 8}, {u"風速"_s, 20}, {u"突風"_s, 27}}},
-       u"GUST 28/27+ XWIND 9/8+"_s},
+       u"XWIND 9/8+ GUST 28/27+"_s},
       {{QJsonObject{{code, u"all"_s}, {condition, 2}, {u"天気"_s, u"ts"_s}, {u"視程"_s, QJsonValue::Null}}},
        u"WX 0/0-"_s},
       {{QJsonObject{{code, u"RJAA"_s}, {condition, 1}, {u"風速"_s, 5}}}, {}},
@@ -114,7 +115,7 @@ TEST(BoardJob, TakesLimitsOfTheAirportAndItsRunway) {
   for (const auto& c : cases)
     EXPECT_EQ(limited(c.rows), c.found) << QJsonDocument(c.rows).toJson().toStdString();
   board.remove(u"settings"_s);
-  EXPECT_EQ(answerTo(board)[u"result"][u"cells"][u"RWY"], u"22 H26 R12"_s);
+  EXPECT_EQ(answerTo(board)[u"result"][u"cells"][u"RWY"], u"23 H27 R9"_s);
 }
 
 TEST(TafAt, GivesSlicesValuesAndTheWorst) {

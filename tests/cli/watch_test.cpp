@@ -42,9 +42,9 @@ class WatchTest : public CliTest {
 
 TEST_F(WatchTest, TellsWhatIsBelowItsLimitAndEndsWithASignal) {
   const QString seen = world.folder.filePath(u"seen"_s);
-  const QString hook = script("cat >> \"$1\"\n");
-  Cli watch(
-      with({u"watch"_s, u"--json"_s, u"--list"_s, u"RJTT RJAA"_s, u"--exec"_s, hook + u" \"" + seen + u'"'}));
+  const QString hook = script("tee -a \"$1\"\n"); // nothing of it may come between the events
+  Cli watch(with(
+      {u"watch"_s, u"--json"_s, u"--list"_s, u"RJTT RJAA RJTT"_s, u"--exec"_s, hook + u" \"" + seen + u'"'}));
   QStringList events;
   QJsonObject visibility;
   for (int i = 0; i < 3; ++i) {
@@ -70,6 +70,8 @@ TEST_F(WatchTest, RefusesWhatItCannotWatch) {
       {{u"watch"_s, u"--group"_s, u"NONE"_s}, 1},
       {{u"watch"_s, u"RJTT"_s}, 2},
       {{u"watch"_s, u"--exec"_s}, 2},
+      {{u"watch"_s, u"--list"_s, u"RJTT"_s, u"--exec"_s, u"/no/such/program"_s}, 2},
+      {{u"watch"_s, u"--list"_s, u"RJTT"_s, u"--webhook"_s, u"ftp://host/"_s}, 2},
       {{u"run"_s, u"--list"_s, u"RJTT"_s, u"CLS"_s}, 2},
   };
   for (const auto& [call, status] : cases) {
@@ -85,6 +87,8 @@ TEST(WatchEvents, AreLinesAndObjects) {
   amended.report = u"TAF AMD RJTT 240510Z"_s;
   EXPECT_EQ(lineOf(amended), u"2026-11-24T05:20:00Z  AMENDED  RJTT TAF(AMD) RECEIVED  TAF AMD RJTT 240510Z");
   EXPECT_EQ(eventOfNotice(u"RJTT TAF   CHANGED"_s, now).event, u"REPORT");
+  EXPECT_EQ(lineOf({.time = now, .event = u"OVERDUE"_s, .text = u"RJTT OVERDUE METAR 0500Z"_s}),
+            u"2026-11-24T05:20:00Z  OVERDUE  RJTT METAR 0500Z");
   // An airport whose code holds such a word.
   EXPECT_EQ(eventOfNotice(u"CORA METAR CHANGED"_s, now).event, u"REPORT");
   const QJsonObject object = QJsonDocument::fromJson(jsonOf(amended)).object();
@@ -127,6 +131,8 @@ TEST_F(WatchTest, HooksTellWhatFailedAndGoOn) {
   EventHooks missing(world.folder.filePath(u"none"_s), {}, errors);
   missing.give("{}");
   EXPECT_TRUE(waitFor(missing));
+  for (EventHooks hanging(script("sleep 20\n"), {}, errors); const char* event : {"{}", "{}"})
+    hanging.give(event);
   ::close(pipe[1]);
   QFile told;
   ASSERT_TRUE(told.open(pipe[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
@@ -134,4 +140,5 @@ TEST_F(WatchTest, HooksTellWhatFailedAndGoOn) {
   EXPECT_TRUE(text.contains("hook.sh: exit status 1\n")) << text.toStdString();
   EXPECT_TRUE(text.contains("/hook: status 500\n")) << text.toStdString();
   EXPECT_TRUE(text.contains("none: ")) << text.toStdString();
+  EXPECT_TRUE(text.contains("2 events were not handed on")) << text.toStdString();
 }

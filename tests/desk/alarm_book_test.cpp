@@ -40,8 +40,9 @@ QString told(const std::vector<AlarmEvent>& events) {
 class AlarmBookTest : public ::testing::Test {
  protected:
   /// What a METAR with these findings makes of the book.
-  QString metar(const std::vector<Finding>& findings, int minute) {
-    return note(book.take(tokyo, ReportKind::Metar, findings, at(minute)));
+  QString metar(const std::vector<Finding>& findings, int minute,
+                const QStringList& told = {u"VIS"_s, u"CIG"_s}) {
+    return note(book.take(tokyo, ReportKind::Metar, findings, told, at(minute)));
   }
   /// The codes of the alarms that sound.
   QString rings(int minute, const RingRules& rules = {}, QTime local = night) {
@@ -75,12 +76,14 @@ TEST_F(AlarmBookTest, TellsEachCrossingOnce) {
   // Above the third limit, below the first; then above all.
   EXPECT_EQ(metar({visibility(2000, 1)}, 60), u"VIS BACK 1, CIG BACK 0");
   EXPECT_EQ(metar({visibility(600, 3)}, 70), u"VIS CROSSED 3");
+  // A value that is missing is no better one.
+  EXPECT_EQ(metar({}, 75, {u"CIG"_s}), u"");
   EXPECT_EQ(metar({}, 80), u"VIS BACK 0");
   EXPECT_EQ(metar({}, 90), u"");
   // Of two findings of an element the worse counts, and a TAF has findings of its own.
   EXPECT_EQ(metar({visibility(4000, 1), visibility(700, 3)}, 100), u"VIS CROSSED 3");
-  EXPECT_EQ(told(book.take(tokyo, ReportKind::Taf, {}, at(100))), u"");
-  EXPECT_EQ(told(book.take(narita, ReportKind::Metar, std::vector{visibility(700, 3)}, at(100))),
+  EXPECT_EQ(told(book.take(tokyo, ReportKind::Taf, {}, {u"VIS"_s}, at(100))), u"");
+  EXPECT_EQ(told(book.take(narita, ReportKind::Metar, std::vector{visibility(700, 3)}, {}, at(100))),
             u"VIS CROSSED 3");
 }
 
@@ -142,7 +145,7 @@ TEST_F(AlarmBookTest, ALogMakesTheBookThatWroteIt) {
   const RingRules rules = {.repeatMinutes = 5};
   metar({visibility(4000, 1), ceiling(100, 3)}, 0);
   rings(0, rules);
-  note(book.take(narita, ReportKind::Taf, std::vector{visibility(700, 3)}, at(1)));
+  note(book.take(narita, ReportKind::Taf, std::vector{visibility(700, 3)}, {}, at(1)));
   note(book.acknowledge(narita, at(2)));
   note({book.mute(tokyo, at(30), at(2))});
   book = AlarmBook(log);

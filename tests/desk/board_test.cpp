@@ -30,7 +30,7 @@ BoardRow rowOf(const QString& code, const QString& metar, const QString& before 
   row.before = readElements(former, observationIn(former));
   row.freshness = Freshness::Current;
   row.runwayWind = runwayWind(row.values, runways);
-  row.findings = metarFindings(row.metar, limits);
+  row.findings = observationVerdict(row.metar, limits).findings;
   return row;
 }
 
@@ -77,6 +77,9 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
   EXPECT_EQ(cell(bare, BoardColumn::Runway), u"");
   EXPECT_EQ(cell(bare, BoardColumn::Visibility), u"CAVOK");
   EXPECT_EQ(cell(bare, BoardColumn::Changes), u"");
+  // No change where a figure says "at least", rounds to the same, or has no height.
+  EXPECT_EQ(cell(rowOf(u"KJFK"_s, u"9999 BKN/// Q1013"_s, u"P6SM OVC010 A2994"_s), BoardColumn::Changes),
+            u"");
 }
 
 TEST(Board, EveryStateHasAWordAndARank) {
@@ -86,21 +89,33 @@ TEST(Board, EveryStateHasAWordAndARank) {
   BoardRow closed = rowOf(u"RJSN"_s, good);
   closed.freshness = Freshness::Closed;
   BoardRow expired = rowOf(u"RJOO"_s, good);
-  expired.tafExpired = true;
+  expired.taf = TafState::Expired;
+  BoardRow cancelled = rowOf(u"RJSS"_s, good);
+  cancelled.taf = TafState::Cancelled;
   BoardRow forecast = rowOf(u"RJBB"_s, good);
   forecast.outlook.back() = Outlook{{.element = u"VIS"_s, .words = u"0500"_s, .level = 3}, at(9, 0)};
   const BoardRow low = rowOf(u"RJAA"_s, u"00000KT 4000 BR SCT010 12/11 Q1018"_s);
   BoardRow ringing = rowOf(u"RJFF"_s, u"00000KT 4000 BR SCT010 12/11 Q1018"_s);
   ringing.alarm.state = AlarmState::Ringing;
   const BoardRow worst = rowOf(u"RJTT"_s, u"00000KT 0300 FG VV001 12/11 Q1018"_s);
-  std::vector<BoardRow> rows = {
-      rowOf(u"RJGG"_s, good), closed, expired, overdue, silent, low, ringing, forecast, worst};
+  std::vector<BoardRow> rows = {rowOf(u"RJGG"_s, good),
+                                closed,
+                                expired,
+                                overdue,
+                                silent,
+                                low,
+                                ringing,
+                                forecast,
+                                worst,
+                                rowOf(u"RJNK"_s, u"36010KT 9999 BKN/// 12/02 Q1018"_s),
+                                rowOf(u"RJNT"_s, u"NIL"_s),
+                                cancelled};
   sortWorstFirst(rows);
-  EXPECT_EQ(codesOf(rows).join(u' '), u"RJTT RJBB RJFF RJAA RJCC ROAH RJOO RJGG RJSN");
+  EXPECT_EQ(codesOf(rows).join(u' '), u"RJTT RJBB RJFF RJAA RJCC ROAH RJNT RJOO RJSS RJGG RJSN RJNK");
   QStringList words;
   for (const BoardRow& row : rows)
     words.append(stateWord(row) + (alarmWord(row.alarm).isEmpty() ? QString() : u'/' + alarmWord(row.alarm)));
-  EXPECT_EQ(words.join(u' '), u"L3 F3 L1/RING L1 OVERDUE NO DATA EXPIRED OK CLOSED");
+  EXPECT_EQ(words.join(u' '), u"L3 F3 L1/RING L1 OVERDUE NO DATA NO DATA EXPIRED TAF? OK CLOSED PART");
 }
 
 TEST(Board, FitsTheWidthOfTheTerminal) {
@@ -118,25 +133,72 @@ TEST(Board, FitsTheWidthOfTheTerminal) {
             "OK RJAA METAR 0500Z 12m 36010KT 34L H9 R5  9999              1018");
 }
 
+namespace {
+
+/// "VIS 0700, CIG BKN001 (VIS CIG)": what a report says, and of which elements it has a value.
+QString toldBy(const Verdict& verdict) {
+  QStringList words;
+  for (const Finding& finding : verdict.findings)
+    words.append(finding.element + u' ' + finding.words);
+  return words.join(u", ") + u" (" + verdict.told.join(u' ') + u')';
+}
+
+} // namespace
+
 TEST(Verdict, ReadsTheForecastAhead) {
   const QString text = u"TAF RJTT 240505Z 2406/2512 36010KT 9999 FEW030 BECMG 2409/2411 4000 BR "
-                       "TEMPO 2412/2415 0700 FG BKN001"_s;
+                       "TEMPO 2412/2415 0700 FG BKN001 TEMPO 2413/2415 0100 FG"_s;
+  const QString metar = u"RJTT 240500Z 36010KT 9999 FEW030 12/02 Q1018 TEMPO TL0630 3000"_s;
   const auto taf = readTaf(text, at(5, 12));
-  ASSERT_TRUE(taf);
-  const auto worst = [&](int hours) { return worstOutlook(*taf, text, at(8, 0), at(8 + hours, 0), limits); };
-  EXPECT_FALSE(worst(1));
-  ASSERT_TRUE(worst(3));
-  EXPECT_EQ(worst(3)->worst.words, u"4000");
-  EXPECT_EQ(worst(3)->begins, at(9, 0));
-  EXPECT_EQ(worst(6)->worst.level, 3);
-  EXPECT_EQ(worst(6)->begins, at(12, 0));
-  const auto told = [&](const QDateTime& now) {
-    QStringList words;
-    for (const Finding& finding : tafFindings(text, now, limits))
-      words.append(finding.element + u' ' + finding.words);
-    return words.join(u", ");
+  const auto trend = readMetar(metar, at(5, 12));
+  ASSERT_TRUE(taf && trend);
+  const Forecast forecasts[] = {{metar, trend->slices}, {text, taf->slices}};
+  const auto worst = [&](int from, int hours) {
+    const auto outlook = worstOutlook(forecasts, at(from, 0), at(from + hours, 0), limits);
+    return outlook ? outlook->worst.words + outlook->begins.toString(u"/HH"_s) : QString();
   };
-  EXPECT_EQ(told(at(8, 0)), u"VIS 0700, CIG BKN001");
-  EXPECT_EQ(told(at(15, 0)), u"VIS 4000");
-  EXPECT_TRUE(tafFindings(u"RJTT NIL"_s, at(5, 0), limits).empty());
+  EXPECT_EQ(worst(8, 1), u"");
+  EXPECT_EQ(worst(8, 3), u"4000/09");
+  // The worst of the highest limit, be it of another element or later than the first one beyond it.
+  EXPECT_EQ(worst(8, 5), u"BKN001/12");
+  EXPECT_EQ(worst(8, 6), u"0100/13");
+  EXPECT_EQ(worst(6, 1), u"3000/06");
+  EXPECT_EQ(toldBy(tafVerdict(text, at(8, 0), limits)),
+            u"VIS 0100, CIG BKN001 (VIS RVR CIG WIND GUST XWIND WX)");
+  EXPECT_EQ(toldBy(tafVerdict(text, at(15, 0), limits)), u"VIS 4000 (VIS RVR CIG WIND GUST XWIND WX)");
+  EXPECT_EQ(toldBy(metarVerdict(metar, at(5, 12), limits)),
+            u"TREND VIS 3000 (VIS RVR CIG WIND GUST XWIND WX TREND VIS TREND RVR TREND CIG TREND WIND "
+            "TREND GUST TREND XWIND TREND WX)");
+}
+
+TEST(Verdict, KnowsWhatAReportDoesNotTell) {
+  const std::pair<QString, QString> observations[] = {
+      {u"CAVOK"_s, u" (VIS RVR CIG WX)"_s},
+      {u"1500 FEW010"_s, u"VIS 1500 (VIS RVR CIG WX)"_s},
+      {u"1400 BKN///"_s, u"VIS 1400 (VIS WX)"_s},
+      {u"9999 FEW014 //////TCU"_s, u" (VIS RVR CIG WX)"_s},
+      {u"9999 // FEW014"_s, u" (VIS RVR CIG)"_s},
+      {u"//// // RA SCT010"_s, u" (CIG WX)"_s},
+      {u"36010KT"_s, u" (WIND GUST XWIND)"_s},
+      {u"///10KT"_s, u" (WIND GUST)"_s},
+      {u"360//KT"_s, u" ()"_s},
+      {u"9999 FEW014 ///015"_s, u" (VIS RVR WX)"_s},
+      {u"//// SCT010"_s, u" (CIG)"_s},
+      {u"//// ////// R34/0400"_s, u"RVR R34/0400 (RVR)"_s},
+      {u"NIL"_s, u" ()"_s},
+  };
+  for (const auto& [groups, expected] : observations)
+    EXPECT_EQ(toldBy(observationVerdict(QString(u"RJTT 240500Z /////KT " + groups), limits)), expected);
+  const std::pair<QString, TafState> tafs[] = {
+      {u"TAF RJTT 240505Z NIL"_s, TafState::Missing},
+      {u"TAF AMD RJTT 240505Z 2406/2512 CNL"_s, TafState::Cancelled},
+      {u"TAF RJTT 240505Z 2406/25"_s, TafState::Unread},
+      {u"TAF RJTT 240505Z 2406/2512 36010KT 9999 FEW030 TEMPO 2499/2412 0400"_s, TafState::Unread},
+      {u"TAF RJTT 222305Z 2300/2406 36010KT 0400"_s, TafState::Expired},
+      {u""_s, TafState::None},
+  };
+  for (const auto& [text, state] : tafs) {
+    EXPECT_EQ(toldBy(tafVerdict(text, at(8, 0), limits)), u" ()") << text.toStdString();
+    EXPECT_EQ(boardRow(StationCode(u"RJTT"_s), {.taf = text}, limits, at(8, 0)).taf, state);
+  }
 }

@@ -207,6 +207,7 @@ TEST_F(TwoSources, TheLastKnownReportOutlivesTheProgramAndTellsItsAge) {
     for (const qsizetype position :
          {qsizetype(-1), qsizetype(0), at - 1, at + headline.size() + 2, text.size(), text.size() + 1})
       EXPECT_EQ(headlineNote(run.program, position), QString());
+    EXPECT_EQ(watchNote(run.program), u"OLDEST METAR RJTT 240500Z / 20 min OLD / NONE OVERDUE");
   }
   EXPECT_FALSE(contents(world.path(u"last.mdb"_s)).contains("RJTT"));
   world.clock.advance(3 * 3600);

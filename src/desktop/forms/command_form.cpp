@@ -38,6 +38,13 @@ constexpr CommandRow rows[] = {
     {u"RESET", u"データベースを初期化"},
     {u"EXIT", u"SORAN を終了"},
     {u"[ESC]キー", u"SORAN を終了"},
+    {u"BOARD", u"監視ボードを表示"},
+    {u"ETA R___ 1430", u"その時刻の予報を表示"},
+    {u"LAST R___", u"最後に分かっている通報を表示"},
+    {u"SIGMET", u"シグメットを一覧表示"},
+    {u"ACK R___", u"アラームを確認"},
+    {u"MUTE R___ 60", u"アラームを60分消音"},
+    {u"SHIFT", u"当直記録を表示"},
 };
 
 } // namespace
