@@ -104,7 +104,9 @@ QWidget* BoardForm::makeBar() {
   auto* widget = new QWidget;
   auto* bar = new QHBoxLayout(widget);
   bar->setContentsMargins(0, 0, 0, 0);
+  bar->setSpacing(4);
   bar->addWidget(summary_, 1);
+  bar->addSpacing(8);
   auto* label = new QLabel(u"絞り込み(&F)"_s);
   label->setBuddy(filter_);
   bar->addWidget(label);
@@ -191,10 +193,9 @@ void BoardForm::refresh() {
 void BoardForm::showSummary(const std::vector<BoardRow>& rows) {
   const auto count = [&](auto holds) { return QString::number(std::ranges::count_if(rows, holds)); };
   const QString name = group_.isEmpty() ? u"自動デコードリスト"_s : group_;
-  summary_->setText(name + u"  " + QString::number(rows.size()) + u" 空港   RING " +
+  summary_->setText(name + u"  " + QString::number(rows.size()) + u" 空港  RING " +
                     count([](const BoardRow& row) { return row.alarm.state == AlarmState::Ringing; }) +
-                    u"   L1-L3 " + count([](const BoardRow& row) { return row.level() > 0; }) +
-                    u"   OVERDUE " +
+                    u"  L1-L3 " + count([](const BoardRow& row) { return row.level() > 0; }) + u"  OVERDUE " +
                     count([](const BoardRow& row) { return row.freshness == Freshness::Overdue; }));
 }
 
