@@ -101,7 +101,7 @@ QString LimitsEditor::freeCondition(const QString& code) const {
 
 /// What speaks against the text in the open cell, empty where nothing does.
 QString LimitsEditor::refusal(const QString& text) const {
-  const QString why = refusalOf(LimitColumn(column_), text);
+  QString why = refusalOf(LimitColumn(column_), text);
   if (!why.isEmpty())
     return why;
   const QString& code = list_.current()[codeColumn];

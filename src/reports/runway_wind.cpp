@@ -13,7 +13,7 @@ namespace {
 constexpr int fullCircle = 360;
 
 double radians(int degrees) {
-  return degrees * std::numbers::pi / (fullCircle / 2);
+  return degrees * (2 * std::numbers::pi / fullCircle);
 }
 
 double headwindOn(const RunwayEnd& end, int direction, double knots) {

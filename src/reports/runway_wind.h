@@ -26,7 +26,8 @@ struct RunwayEnd {
 class Runways {
  public:
   Runways() = default;
-  /// Lines of code, tab, designator, tab, bearing; the lines of an airport stand together.
+  /// Lines of code, tab, designator, tab, bearing; the lines of an airport stand together. The first line is
+  /// none of them.
   explicit Runways(QByteArray lines) : lines_(std::move(lines)) {}
 
   /// Empty where none is known.

@@ -5,13 +5,13 @@
 namespace soran {
 
 Limits Program::limitsOf(const StationCode& code) {
-  if (!runways_)
-    runways_.emplace(services.runways());
-  if (limitRevision_ != tables.revision()) {
-    limitRows_ = tables.limitRows();
-    limitRevision_ = tables.revision();
+  if (!limits_.runways)
+    limits_.runways.emplace(services.runways());
+  if (limits_.revision != tables.revision()) {
+    limits_.rows = tables.limitRows();
+    limits_.revision = tables.revision();
   }
-  return Limits::of(record(), limitRows_, code, runways_->of(code));
+  return Limits::of(record(), limits_.rows, code, limits_.runways->of(code));
 }
 
 QString Program::connectedText() const {

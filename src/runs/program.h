@@ -90,11 +90,15 @@ struct Program {
   void showAutoDecodeStopped() { console.setPanel(2, QStringLiteral("自動デコード停止")); }
 
  private:
+  struct KnownLimits {
+    std::optional<Runways> runways = {};
+    QList<AirportLimits> rows = {};
+    int revision = -1;
+  };
+
   std::unique_ptr<Dictionaries> dictionaries_;
+  KnownLimits limits_;
   int dictionaryRevision_ = 0;
-  std::optional<Runways> runways_;
-  QList<AirportLimits> limitRows_;
-  int limitRevision_ = -1;
 };
 
 } // namespace soran
