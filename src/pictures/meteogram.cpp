@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pictures/meteogram.h"
 
+#include "base/text.h"
 #include "base/utc.h"
 #include "reports/forecast_at.h"
 #include "sun/positions.h"
@@ -125,6 +126,43 @@ std::vector<MeteogramRow> meteogramRows(const Meteogram& meteogram, const Settin
                     kindOf(slice), wordsOf(meteogram.tafText, slice.values)});
   }
   return rows;
+}
+
+QString meteogramText(const Meteogram& meteogram, const SettingsRecord& settings) {
+  std::vector<QStringList> lines(1);
+  for (const QStringView heading : meteogramHeadings)
+    lines[0] += heading.toString();
+  for (const MeteogramRow& row : meteogramRows(meteogram, settings))
+    lines.push_back(QStringList{row.time, row.kind} + row.words);
+  std::array<qsizetype, meteogramHeadings.size()> widths{};
+  for (const QStringList& line : lines) {
+    for (size_t i = 0; i < widths.size(); ++i)
+      widths[i] = std::max(widths[i], line[qsizetype(i)].size());
+  }
+  QString text;
+  for (const QStringList& line : lines) {
+    QString padded;
+    for (size_t i = 0; i < widths.size(); ++i)
+      padded += line[qsizetype(i)].leftJustified(widths[i] + 2);
+    while (padded.endsWith(u' '))
+      padded.chop(1);
+    text += padded + crlf;
+  }
+  return text;
+}
+
+QString noteAt(const Meteogram& meteogram, const QDateTime& time) {
+  const auto away = [&](const Observed& report) { return std::abs(report.time.secsTo(time)); };
+  const auto nearest = std::ranges::min_element(meteogram.observed, {}, away);
+  if (nearest != meteogram.observed.end() && time <= meteogram.now && away(*nearest) < hour)
+    return reportOn(nearest->text);
+  QStringList lines;
+  for (const ForecastSlice& slice : meteogram.taf) {
+    const QString words = slice.words.in(meteogram.tafText).toString().simplified();
+    if (slice.from <= time && slice.to > time && !lines.contains(words))
+      lines += words;
+  }
+  return lines.join(u'\n');
 }
 
 } // namespace soran

@@ -63,6 +63,13 @@ inline constexpr std::array<QStringView, 8> meteogramHeadings = {u"TIME", u"KIND
 /// What was observed, then what is forecast, each by its time.
 std::vector<MeteogramRow> meteogramRows(const Meteogram& meteogram, const SettingsRecord& settings);
 
+/// The same as lines of text, with a heading; lines end with CR LF.
+QString meteogramText(const Meteogram& meteogram, const SettingsRecord& settings);
+
+/// What the reports say of a time (UTC): the observation nearest to it where that is past and less than an
+/// hour away, else the parts of the forecast that hold then, a line each. Empty where nothing is told.
+QString noteAt(const Meteogram& meteogram, const QDateTime& time);
+
 /// The name of a kind of slice as TAFs have it.
 QString kindOf(const ForecastSlice& slice);
 

@@ -91,7 +91,7 @@ class Picture {
   void drawObserved(const GraphPanel& panel, const Curve& curve);
   void drawForecast(const GraphPanel& panel, const Curve& curve);
   void drawLimits(const GraphPanel& panel, std::optional<int> ConditionLimits::*limit);
-  void symbol(QStringView text, const ElementValues& values, const QDateTime& time);
+  void symbol(double x, QStringView text, const ElementValues& values, const QDateTime& time);
   std::pair<double, double> rangeOf(std::initializer_list<Curve> curves) const;
   void label(const QString& text, Point at, TextPlace place, Ink ink = Ink::Text) {
     drawing_.add(
@@ -110,7 +110,7 @@ Drawing Picture::draw() {
   auto place = [&, at = top](double share) mutable {
     const double from = at;
     at += room * share;
-    return std::pair(from, at - 6);
+    return std::pair(from, at - letters);
   };
   const Curve wind{u"WIND"_s, Ink::Wind, speedOf};
   const Curve gust{u"GUST"_s, Ink::Gust, gustOf};
@@ -185,43 +185,43 @@ void Picture::drawHours() {
                 .time = meteogram_.now});
 }
 
-void Picture::symbol(QStringView text, const ElementValues& values, const QDateTime& time) {
+void Picture::symbol(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
   constexpr double symbolSize = 18;
-  constexpr double barbLength = 24;
-  const double middle = titleHeight + symbolHeight * 0.68;
-  if (!values.weather.empty()) {
-    const QStringView group = values.weather.front().in(text);
-    for (Shape& shape : weatherSymbol(group, {x(time), titleHeight + 14}, symbolSize)) {
-      shape.element = u"WX"_s;
+  constexpr double barbLength = 22;
+  const auto add = [&](std::vector<Shape> shapes, const QString& element, QStringView words) {
+    for (Shape& shape : shapes) {
+      shape.element = element;
       shape.time = time;
-      shape.words = group.toString();
+      shape.words = words.toString();
       drawing_.add(std::move(shape));
     }
+  };
+  if (!values.weather.empty()) {
+    const QStringView group = values.weather.front().in(text);
+    add(weatherSymbol(group, {x, titleHeight + 14}, symbolSize), u"WX"_s, group);
   }
-  if (!values.wind)
-    return;
-  for (Shape& shape : windBarb(*values.wind, {x(time), middle}, barbLength)) {
-    shape.element = u"BARB"_s;
-    shape.time = time;
-    shape.words = values.wind->words.in(text).toString();
-    drawing_.add(std::move(shape));
-  }
+  if (values.wind)
+    add(windBarb(*values.wind, {x, titleHeight + symbolHeight * 0.66}, barbLength), u"BARB"_s,
+        values.wind->words.in(text));
 }
 
 void Picture::drawSymbols() {
   constexpr double room = 26; // that a symbol takes
-  double free = -1e9;
-  const auto place = [&](QStringView text, const ElementValues& values, const QDateTime& time) {
-    if (x(time) < free)
-      return;
-    free = x(time) + room;
-    symbol(text, values, time);
-  };
-  for (const Observed& report : meteogram_.observed)
-    place(report.text, report.values, report.time);
+  double free = times_.left();
+  for (const Observed& report : meteogram_.observed) {
+    if (x(report.time) < free)
+      continue;
+    symbol(x(report.time), report.text, report.values, report.time);
+    free = x(report.time) + room;
+  }
   free = std::max(free, x(meteogram_.now) + room / 2);
-  for (const ForecastSlice& slice : meteogram_.taf)
-    place(meteogram_.tafText, slice.values, std::max(slice.from, meteogram_.now));
+  for (const ForecastSlice& slice : meteogram_.taf) {
+    const double place = std::max(x(slice.from), free);
+    if (place + room / 2 > x(slice.to))
+      continue;
+    symbol(place, meteogram_.tafText, slice.values, slice.from);
+    free = place + room;
+  }
 }
 
 void Picture::drawPanel(const GraphPanel& panel, const QString& unit, std::initializer_list<Curve> curves) {

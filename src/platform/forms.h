@@ -51,6 +51,12 @@ struct Board {
   static constexpr bool goesWithWindow = true;
   QString group = {}; ///< whose airports it shows; those of the automatic list where it is empty
 };
+/// The weather of a station on one axis of time.
+struct Graph {
+  static constexpr QStringView name = u"graph";
+  static constexpr bool goesWithWindow = true;
+  QString code = {};
+};
 /// The network was lost.
 struct Alert {
   static constexpr QStringView name = u"message";
@@ -120,7 +126,7 @@ struct PdfNotice {
 
 /// A form beside the main window.
 using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
-                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Alert,
+                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Graph, form::Alert,
                           form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
 
 /// A form that the user answers.

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/utc.h"
 #include "pictures/meteogram_drawing.h"
-#include "reports/sample_reports.h"
 #include "support/printing.h"
+#include "support/sample_reports.h"
 
 #include <gtest/gtest.h>
 
@@ -49,9 +49,9 @@ TEST(Meteogram, PutsReportsOfADayInOrder) {
   EXPECT_EQ(meteogram.observed.back().values.wind->speed->value, 9);
   EXPECT_EQ(meteogram.from, inUtc({2026, 8, 22}, {5, 0}));
   EXPECT_EQ(meteogram.to, inUtc({2026, 8, 23}, {12, 0}));
-  // Sunset at 1821 and sunrise at 0506 in Japan.
+  // Sunset at 1823 and sunrise at 0506 in Japan.
   ASSERT_EQ(meteogram.nights.size(), 2U);
-  EXPECT_EQ(meteogram.nights[0].from.toString(u"ddHHmm"_s), u"220921");
+  EXPECT_EQ(meteogram.nights[0].from.toString(u"ddHHmm"_s), u"220923");
   EXPECT_EQ(meteogram.nights[0].to.toString(u"ddHHmm"_s), u"222006");
   EXPECT_TRUE(
       meteogramOf(StationCode(u"KJFK"_s), {}, u"TAF RJTT 220505Z 2206/2312 CNL"_s, now, limits).taf.empty());
