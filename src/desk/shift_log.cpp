@@ -131,7 +131,10 @@ QString eventText(const AlarmEvent& event) {
   if (isOfReport(event)) {
     line += u' ' + nameOf(event.report) + u' ' + event.element;
     if (!event.words.isEmpty())
-      line += u' ' + event.words + u" (LIMIT " + numberText(event.limit) + u')';
+      line += u' ' + event.words;
+    // Weather has a limit without a number.
+    if (event.limit != 0)
+      line += u" (LIMIT " + numberText(event.limit) + u')';
   }
   if (event.until.isValid())
     line += u" UNTIL " + event.until.toUTC().toString(u"dd HH:mm"_s) + u'Z';

@@ -45,6 +45,9 @@ struct Services : FrontEnd {
   /// The names of stations elsewhere, as Dictionaries takes them; may be empty.
   std::function<QByteArray()> stations = [] { return QByteArray(); };
 
+  /// The runways of airports, as Runways takes them; may be empty.
+  std::function<QByteArray()> runways = [] { return QByteArray(); };
+
   /// The SHA-256 of the update module that this run copied from the user's own machine; empty where none.
   QByteArray copiedModule = {};
 

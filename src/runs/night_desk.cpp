@@ -45,7 +45,7 @@ QStringList watchedCodes(Program& program) {
   return codes;
 }
 
-BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
+BoardRow rowOf(Program& program, const QString& text) {
   const StationCode code(text);
   const auto* metar = program.knownReports.find(code, ReportKind::Metar);
   const auto* taf = program.knownReports.find(code, ReportKind::Taf);
@@ -59,7 +59,7 @@ BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
   }
   if (taf)
     reports.taf = taf->text;
-  BoardRow row = boardRow(code, reports, limits, utcNow(program));
+  BoardRow row = boardRow(code, reports, program.limitsOf(code), utcNow(program));
   row.name = program.dictionaries().stationName(text).value_or(QString());
   row.source = metar ? metar->source : QString();
   row.sigmets = sigmetsOver(program, text);
@@ -98,7 +98,6 @@ void observeReports(Program& program) {
   if (!ringsByCondition(program))
     return;
   const QStringList watched = watchedCodes(program);
-  const Limits limits = Limits::of(program.record());
   const QDateTime now = utcNow(program);
   std::vector<AlarmEvent> events;
   const auto take = [&](const QString& code, ReportKind kind, const Verdict& verdict) {
@@ -106,6 +105,7 @@ void observeReports(Program& program) {
                       std::back_inserter(events));
   };
   for (const LastReport& report : program.knownReports.takenSince(program.desk.taken)) {
+    const Limits limits = program.limitsOf(StationCode(report.code));
     if (report.kind == ReportKind::Metar && watched.contains(report.code))
       take(report.code, report.kind, metarVerdict(report.text, now, limits));
   }
@@ -113,7 +113,7 @@ void observeReports(Program& program) {
   // What a TAF tells of the hours ahead changes with the time.
   for (const QString& code : watched) {
     if (const auto* taf = program.knownReports.find(StationCode(code), ReportKind::Taf))
-      take(code, ReportKind::Taf, tafVerdict(taf->text, now, limits));
+      take(code, ReportKind::Taf, tafVerdict(taf->text, now, program.limitsOf(StationCode(code))));
   }
   record(program, events);
 }
@@ -133,10 +133,9 @@ void ringAlarms(Program& program) {
 }
 
 std::vector<BoardRow> boardRows(Program& program, const QStringList& codes) {
-  const Limits limits = Limits::of(program.record());
   std::vector<BoardRow> rows;
   for (const QString& code : codes)
-    rows.push_back(rowOf(program, code, limits));
+    rows.push_back(rowOf(program, code));
   return rows;
 }
 

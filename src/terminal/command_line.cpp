@@ -337,6 +337,7 @@ constexpr Row chain[] = {
     {u"DE", true, run<action::decodeList>},
     {u"GP", true, run<action::groupList>},
     {u"AP", false, run<action::airportList>},
+    {u"LIMITS", false, run<action::limits>},
     {u"WX", true, run<action::charts>},
     {u"CAM", true, run<action::cameras>},
     {u"LOG", false, run<action::runningLog>},

@@ -3,6 +3,7 @@
 #include "runs/night_desk.h"
 
 #include "base/utc.h"
+#include "reports/airport_limits.h"
 #include "runs/run_bench.h"
 #include "runs/shift_report.h"
 
@@ -90,6 +91,44 @@ TEST_F(NightDeskTest, StaysQuietWhereItIsNotChosen) {
   run.program.settings().store(key::条件アラーム, true);
   run.tick(90);
   EXPECT_EQ(events().filter(u"CROSSED"_s).size(), 2);
+}
+
+TEST_F(NightDeskTest, RingsByTheLimitsOfTheAirport) {
+  world.store([](Tables& tables) {
+    const AirportLimits rows[] = {{.code = u"ALL"_s, .condition = 2, .weather = u"TS"_s},
+                                  {.code = u"RJTT"_s, .condition = 3, .visibility = 400, .crosswind = 20}};
+    tables.rewrite(table::空港別制限, {storedRow(rows[0], 1), storedRow(rows[1], 2)});
+  });
+  RunBench run(world);
+  run.program.services.runways = [] { return QByteArray("\nRJTT\t18\t180\nRJTT\t36\t360\n"); };
+  const auto report = [&](const QString& code, const QString& time, const QString& groups) {
+    world.report(code, time, u"24"_s + QString(time).remove(u':') + u"Z " + groups + u" FEW030 12/11 Q1018",
+                 u"240505Z 2406/2512 36010KT 9999 FEW030"_s);
+  };
+  report(u"RJTT"_s, u"05:00"_s, u"09020KT 9999"_s);
+  report(u"RJAA"_s, u"05:00"_s, u"09040KT 9999"_s);
+  ASSERT_TRUE(run.begin());
+  run.tick(120);
+  EXPECT_TRUE(events().isEmpty());
+  report(u"RJTT"_s, u"05:20"_s, u"09025G30KT 0600 TS"_s);
+  report(u"RJAA"_s, u"05:20"_s, u"09040KT 0600 VCTS"_s);
+  run.tick(90);
+  QStringList told = events().filter(u"CROSSED"_s);
+  told.sort();
+  EXPECT_EQ(told, (QStringList{u"RJAA CROSSED METAR VIS 0600 (LIMIT 800)"_s, u"RJAA CROSSED METAR WX VCTS"_s,
+                               u"RJTT CROSSED METAR VIS 0600 (LIMIT 1600)"_s, u"RJTT CROSSED METAR WX TS"_s,
+                               u"RJTT CROSSED METAR XWIND 09025G30KT (LIMIT 20)"_s}));
+  report(u"RJTT"_s, u"05:25"_s, u"09025G33KT 9999"_s);
+  run.tick(90);
+  EXPECT_TRUE(events().contains(u"RJTT WORSE METAR XWIND 09025G33KT (LIMIT 20)"_s));
+  EXPECT_TRUE(events().contains(u"RJTT BACK METAR WX"_s));
+  // A wind that is missing is not back.
+  report(u"RJTT"_s, u"05:26"_s, u"/////KT 9999"_s);
+  run.tick(90);
+  EXPECT_FALSE(events().contains(u"RJTT BACK METAR XWIND"_s));
+  report(u"RJTT"_s, u"05:27"_s, u"36025KT 9999"_s);
+  run.tick(90);
+  EXPECT_TRUE(events().contains(u"RJTT BACK METAR XWIND"_s));
 }
 
 TEST_F(NightDeskTest, CommandsTakeTheirWordsOnly) {
