@@ -51,6 +51,12 @@ struct Board {
   static constexpr bool goesWithWindow = true;
   QString group = {}; ///< whose airports it shows; those of the automatic list where it is empty
 };
+/// The same on a map.
+struct Map {
+  static constexpr QStringView name = u"map";
+  static constexpr bool goesWithWindow = true;
+  QString group = {}; ///< as that of the board
+};
 /// The network was lost.
 struct Alert {
   static constexpr QStringView name = u"message";
@@ -115,7 +121,7 @@ struct PdfNotice {
 
 /// A form beside the main window.
 using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
-                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Alert,
+                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Map, form::Alert,
                           form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
 
 /// A form that the user answers.

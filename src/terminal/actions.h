@@ -49,6 +49,7 @@ void settings(Terminal& terminal);
 void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
 void board(Terminal& terminal);
+void map(Terminal& terminal);
 void runningLog(Terminal& terminal);
 void sunTimes(Terminal& terminal);
 void commandList(Terminal& terminal);

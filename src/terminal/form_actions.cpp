@@ -125,6 +125,10 @@ void board(Terminal& terminal) {
   showBoard(terminal, {});
 }
 
+void map(Terminal& terminal) {
+  showMap(terminal, {});
+}
+
 void runningLog(Terminal& terminal) {
   echoPrompt(terminal);
   showBeside(terminal, u"DISPLAY RUNNING LOG"_s, form::Log{});
