@@ -149,12 +149,10 @@ QString nameOf(const Sigmet& sigmet) {
   return sigmet.heading.section(u' ', -1);
 }
 
-Point middleOf(const std::vector<Point>& outline) {
-  Point sum;
-  const auto count = double(outline.size() - 1);
-  for (size_t i = 0; i + 1 < outline.size(); ++i)
-    sum = {sum.x + outline[i].x / count, sum.y + outline[i].y / count};
-  return sum;
+/// Above the northernmost corner, clear of the stations in the area as far as can be.
+Point placeOfName(const std::vector<Point>& outline, double size) {
+  const Point highest = *std::ranges::min_element(outline, {}, &Point::y);
+  return {highest.x, highest.y - size * 0.7};
 }
 
 void drawSigmet(Drawing& drawing, const Sigmet& sigmet, const Projection& projection, bool isToCome,
@@ -169,9 +167,10 @@ void drawSigmet(Drawing& drawing, const Sigmet& sigmet, const Projection& projec
                .words = sigmet.text});
   drawing.add({.kind = ShapeKind::Text,
                .ink = Ink::Sigmet,
-               .points = {middleOf(outline)},
+               .points = {placeOfName(outline, size)},
                .size = size,
                .text = u"SIGMET " + nameOf(sigmet),
+               .place = TextPlace::Left,
                .element = u"SIGMET"_s,
                .words = sigmet.text});
 }

@@ -56,7 +56,7 @@ Projection::Projection(EarthPosition centre, double unitsPerDegree, double width
 Projection Projection::around(std::span<const EarthPosition> positions, double width, double height,
                               double margin) {
   constexpr EarthPosition japan[] = {{24, 123}, {46, 148}};
-  constexpr double largestAround = 60;
+  constexpr double largestAround = 150;
   if (positions.empty())
     positions = japan;
   std::vector<double> longitudes;

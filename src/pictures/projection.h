@@ -18,8 +18,8 @@ class Projection {
   /// there.
   Projection(EarthPosition centre, double unitsPerDegree, double width, double height);
 
-  /// The one of the greatest scale, at most 60, that has all positions at least `margin` from the edge of the
-  /// view; they may lie on both sides of the date line. Japan's where there are none.
+  /// The one of the greatest scale, at most 150, that has all positions at least `margin` from the edge of
+  /// the view; they may lie on both sides of the date line. Japan's where there are none.
   static Projection around(std::span<const EarthPosition> positions, double width, double height,
                            double margin);
 

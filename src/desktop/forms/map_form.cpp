@@ -40,8 +40,8 @@ QSplitter* split(Qt::Orientation orientation, QWidget* first, QWidget* second, c
   auto* panes = new QSplitter(orientation);
   panes->addWidget(first);
   panes->addWidget(second);
-  panes->setStretchFactor(0, 1);
-  panes->setStretchFactor(1, 0);
+  panes->setStretchFactor(0, sizes[0]);
+  panes->setStretchFactor(1, sizes[1]);
   panes->setSizes(sizes);
   panes->setChildrenCollapsible(false);
   return panes;
@@ -80,10 +80,13 @@ void MapForm::lay() {
     pane->setFont(font);
   }
   auto* all = new QVBoxLayout(this);
+  QWidget* bar = makeBar();
   all->setContentsMargins(4, 4, 4, 4);
-  all->addWidget(makeBar());
+  all->addWidget(bar);
   all->addWidget(split(Qt::Vertical, split(Qt::Horizontal, view_, list_, {920, 320}), report_, {540, 100}),
                  1);
+  setTabOrder(view_, list_);
+  setTabOrder(list_, report_);
   resize(QSize(1240, 680).boundedTo(screen()->availableSize()));
 }
 
@@ -127,6 +130,8 @@ void MapForm::showEvent(QShowEvent* event) {
   refresh();
   view_->showAll();
   timer_->setEnabled(true);
+  if (chosen_.isEmpty() && model_->rowCount() > 0)
+    choose(model_->codeAt(0));
   view_->setFocus();
 }
 

@@ -11,7 +11,7 @@ namespace soran {
 
 namespace {
 
-constexpr double letterSize = 12;
+constexpr double letterSize = 13;
 constexpr double layerMargin = 0.25; // of the view, on each side of it
 constexpr double zoomStep = 1.5;
 constexpr double clickReach = 16;
