@@ -57,6 +57,12 @@ struct Map {
   static constexpr bool goesWithWindow = true;
   QString group = {}; ///< as that of the board
 };
+/// The weather of a station on one axis of time.
+struct Graph {
+  static constexpr QStringView name = u"graph";
+  static constexpr bool goesWithWindow = true;
+  QString code = {};
+};
 /// The network was lost.
 struct Alert {
   static constexpr QStringView name = u"message";
@@ -120,9 +126,10 @@ struct PdfNotice {
 } // namespace form
 
 /// A form beside the main window.
-using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
-                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Map, form::Alert,
-                          form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
+using Form =
+    std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
+                 form::SunTimes, form::Charts, form::Cameras, form::Board, form::Map, form::Graph,
+                 form::Alert, form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
 
 /// A form that the user answers.
 using ModalForm = std::variant<form::NoConnection, form::EditAirports, form::EditAutoList, form::EditGroups,

@@ -45,14 +45,6 @@ QString period(const QDateTime& from, const QDateTime& to, const SettingsRecord&
   return displayedTime(from, settings) + u" - " + displayedTime(to, settings);
 }
 
-/// The station files have the time of writing ahead of the report.
-QString reportOn(const QString& text) {
-  const qsizetype lineEnd = text.indexOf(u'\n');
-  const bool hasDate =
-      hasShape(QStringView(text).first(std::min<qsizetype>(text.size(), 10)), {u"####/##/##"});
-  return (hasDate && lineEnd >= 0 ? text.sliced(lineEnd + 1) : text).simplified();
-}
-
 QString sliceLine(const QString& text, const ForecastSlice& slice, const SettingsRecord& settings) {
   QStringList groups;
   for (const Words& words : slice.values.allWords())
@@ -121,6 +113,13 @@ QString worstLine(const StationForecast& forecast, const SettingsRecord& setting
 }
 
 } // namespace
+
+QString reportOn(const QString& text) {
+  const qsizetype lineEnd = text.indexOf(u'\n');
+  const bool hasDate =
+      hasShape(QStringView(text).first(std::min<qsizetype>(text.size(), 10)), {u"####/##/##"});
+  return (hasDate && lineEnd >= 0 ? text.sliced(lineEnd + 1) : text).simplified();
+}
 
 std::vector<ForecastSlice> slicesAround(std::span<const ForecastSlice> slices, const QDateTime& at) {
   const QDateTime first = at.addSecs(-minutesAround * 60);

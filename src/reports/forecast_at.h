@@ -57,6 +57,9 @@ QString forecastText(const StationForecast& forecast, const SettingsRecord& sett
 /// the settings. Nothing where it is no time of day.
 std::optional<QDateTime> nextTime(QStringView text, const QDateTime& now, const SettingsRecord& settings);
 
+/// The report of a text on one line, without the time of writing that a station file has ahead of it.
+QString reportOn(const QString& text);
+
 /// A time as it is displayed: "22 1430I", or "22 0530Z" where the settings display UTC.
 QString displayedTime(const QDateTime& time, const SettingsRecord& settings);
 

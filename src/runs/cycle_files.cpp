@@ -6,7 +6,6 @@
 #include "base/skip.h"
 #include "base/text.h"
 #include "base/utc.h"
-#include "reports/sequence.h"
 
 namespace soran {
 
@@ -47,6 +46,15 @@ bool cycleFileIsThere(const Program& program, UtcHour hour) {
   const auto fetched = program.cycleFileHours.find(hour);
   return fileExists(cycleFilePath(program.services, hour)) &&
          (fetched == program.cycleFileHours.end() || fetched->second == latestBeginning(program, hour));
+}
+
+std::optional<CycleFile> readCycleFile(const Program& program, UtcHour hour,
+                                       const std::vector<StationCode>& codes) {
+  constexpr qint64 largestFile = 64LL << 20;
+  if (!cycleFileIsThere(program, hour))
+    return std::nullopt;
+  FileBytes file = readPlainFile(cycleFilePath(program.services, hour), largestFile);
+  return file.ok() ? std::optional(CycleFile(std::move(file.bytes), codes)) : std::nullopt;
 }
 
 void refreshCycleFiles(Program& program) {

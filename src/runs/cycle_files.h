@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/report_rules.h"
+#include "reports/sequence.h"
 #include "runs/program.h"
 
 namespace soran {
@@ -14,6 +15,10 @@ void refreshCycleFiles(Program& program);
 
 /// Whether an hour's file has come. One of the day before is none.
 bool cycleFileIsThere(const Program& program, UtcHour hour);
+
+/// An hour's file that has come, read for these stations; nothing where it cannot be read.
+std::optional<CycleFile> readCycleFile(const Program& program, UtcHour hour,
+                                       const std::vector<StationCode>& codes);
 
 /// The place of an hour's file: data/NN.dat.
 QString cycleFilePath(const Services& services, UtcHour hour);

@@ -24,13 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Bytes of the largest cycle file or sequence record that is read.
+/// Bytes of the largest sequence record that is read.
 constexpr qint64 largestRecord = 64LL << 20;
-
-std::optional<QByteArray> wholeFile(const QString& path) {
-  FileBytes file = readPlainFile(path, largestRecord);
-  return file.ok() ? std::optional(std::move(file.bytes)) : std::nullopt;
-}
 
 /// Asks for every station in turn.
 template <class Take>
@@ -127,11 +122,8 @@ void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
   const CycleFiles files = [&](UtcHour hour) -> const CycleFile* {
     if (const auto known = read.find(hour); known != read.end())
       return &known->second;
-    std::optional<QByteArray> text =
-        cycleFileIsThere(program, hour) ? wholeFile(cycleFilePath(program.services, hour)) : std::nullopt;
-    if (!text)
-      return nullptr;
-    return &read.emplace(hour, CycleFile(*std::move(text), codes)).first->second;
+    std::optional<CycleFile> file = readCycleFile(program, hour, codes);
+    return file ? &read.emplace(hour, *std::move(file)).first->second : nullptr;
   };
 
   bool latestShown = false;
@@ -145,12 +137,12 @@ void gatherCycles(Program& program, GatheredRun& run, RunProgress& progress) {
 }
 
 void gatherRecord(const Program& program, GatheredRun& run, RunProgress& progress) {
-  const std::optional<QByteArray> bytes = wholeFile(program.services.path(u"data/sequence.dat"));
-  if (!bytes) {
+  const FileBytes file = readPlainFile(program.services.path(u"data/sequence.dat"), largestRecord);
+  if (!file.ok()) {
     run.noRecord = true;
     return;
   }
-  const QString text = textOfBytes(*bytes);
+  const QString text = textOfBytes(file.bytes);
   forEachStation(run, codesOf(run.request.codes), progress, [&](size_t, StationResult& station) {
     station.block = sequenceRecordBlock(text, station.code);
     if (station.block.isEmpty())

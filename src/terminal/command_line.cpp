@@ -3,9 +3,11 @@
 #include "terminal/command_line.h"
 
 #include "base/text.h"
+#include "pictures/meteogram.h"
 #include "reports/forecast_at.h"
 #include "runs/arrival_forecast.h"
 #include "runs/last_known.h"
+#include "runs/meteogram_run.h"
 #include "runs/sigmet_list.h"
 #include "sun/sun_command.h"
 #include "terminal/actions.h"
@@ -261,6 +263,27 @@ Outcome arrival(Command& c) {
   return Outcome::Taken;
 }
 
+/// "GRAPH RJTT": its form, or lines on the screen where there are no windows.
+Outcome graph(Command& c) {
+  constexpr QStringView word = u"GRAPH ";
+  const QString code = c.text.sliced(std::min(word.size(), c.text.size())).trimmed();
+  if (!c.text.startsWith(word) || code.size() != 4 || !isCodeList(code))
+    return Outcome::Passed;
+  rememberWord(c.program().inputHistory, code);
+  rememberWord(c.console().recentCodes, code);
+  c.emptyPad();
+  c.log(u"GRAPH COMMAND " + code);
+  if (!c.program().services.forms.textColumns()) {
+    action::echoPrompt(c.terminal);
+    c.terminal.forms().show(form::Graph{code});
+    return Outcome::Taken;
+  }
+  c.console().appendScreen(crlf.toString());
+  const Meteogram meteogram = gatherMeteogram(c.program(), StationCode(code));
+  c.prompt(u"*** GRAPH " + code + u" ***" + crlf + crlf + meteogramText(meteogram, c.program().record()));
+  return Outcome::Taken;
+}
+
 Outcome networkGate(Command& c) {
   if (c.program().networkAvailable)
     return Outcome::Passed;
@@ -316,6 +339,7 @@ constexpr Row chain[] = {
     {u"", false, group},
     {u"", false, nightDesk},
     {u"", false, arrival},
+    {u"", false, graph},
     {u"ATO", true, startAutomatic},
     {u"PRINT", false, print},
     {u"/P", false, print},

@@ -70,7 +70,7 @@ TEST_F(BoardWindowTest, AKeyAcknowledgesTheChosenAlarm) {
   const StationCode code(codes(form).first());
   const Finding finding{.element = u"VIS"_s, .words = u"0300"_s, .value = 300, .limit = 800, .level = 3};
   boardRows(program(), {code.text()});
-  program().desk.book->take(code, ReportKind::Metar, std::vector{finding},
+  program().desk.book->take(code, ReportKind::Metar, std::vector{finding}, {},
                             program().services.clock.now().toUTC());
   timers_.step();
   auto& model = static_cast<BoardModel&>(*table(form).model());

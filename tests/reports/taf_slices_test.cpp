@@ -3,8 +3,8 @@
 #include "reports/taf_slices.h"
 
 #include "base/utc.h"
-#include "reports/sample_reports.h"
 #include "support/printing.h"
+#include "support/sample_reports.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "delivered.h"
-#include "reports/sample_reports.h"
 #include "reports/sample_tables.h"
 #include "reports/translate_report.h"
 #include "support/printing.h"
+#include "support/sample_reports.h"
 
 #include <QRegularExpression>
 #include <gtest/gtest.h>

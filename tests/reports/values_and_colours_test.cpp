@@ -3,9 +3,9 @@
 #include "reports/colouring.h"
 
 #include "base/utc.h"
-#include "reports/sample_reports.h"
 #include "reports/taf_slices.h"
 #include "support/printing.h"
+#include "support/sample_reports.h"
 
 #include <gtest/gtest.h>
 #include <set>

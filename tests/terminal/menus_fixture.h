@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "terminal/harness.h"
+#include "terminal/commands_fixture.h"
 #include "terminal/menus.h"
 
 namespace soran {
 
 using namespace Qt::StringLiterals;
 
-inline const QString weather = u"240500Z 33010KT 9999 FEW020 10/02 Q1020"_s;
 inline const QString gapReady = ready + crlf;
 inline const QString echo = crlf + ready;
 

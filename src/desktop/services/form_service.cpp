@@ -14,6 +14,7 @@
 #include "desktop/forms/decode_list_form.h"
 #include "desktop/forms/dictionary_form.h"
 #include "desktop/forms/font_note_form.h"
+#include "desktop/forms/graph_form.h"
 #include "desktop/forms/group_form.h"
 #include "desktop/forms/log_form.h"
 #include "desktop/forms/map_form.h"
@@ -69,8 +70,12 @@ void FormService::show(const Form& form) {
     static_cast<BoardForm&>(*widget).setGroup(board->group);
   if (const auto* map = std::get_if<form::Map>(&form))
     static_cast<MapForm&>(*widget).setGroup(map->group);
+  const auto* graph = std::get_if<form::Graph>(&form);
   widget->show();
   widget->raise();
+  // What it shows is asked for behind this, so nothing may follow.
+  if (graph)
+    static_cast<GraphForm&>(*widget).setStation(StationCode(graph->code));
 }
 
 ModalOutcome FormService::showModal(const ModalForm& form) {
@@ -139,6 +144,9 @@ FormService::Widget FormService::make(const form::Charts&) {
 }
 FormService::Widget FormService::make(const form::Cameras&) {
   return std::make_unique<CameraForm>(window_, *terminal_);
+}
+FormService::Widget FormService::make(const form::Graph&) {
+  return std::make_unique<GraphForm>(window_, *terminal_);
 }
 FormService::Widget FormService::make(const form::Board& board) {
   return std::make_unique<BoardForm>(window_, *terminal_, board.group);

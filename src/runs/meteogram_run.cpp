@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The SORAN developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "runs/meteogram_run.h"
+
+#include "runs/cycle_files.h"
+#include "runs/last_known.h"
+#include "runs/program.h"
+#include "runs/station_files.h"
+
+namespace soran {
+
+namespace {
+
+/// The lines of the station in the files of the last day.
+QStringList cycleLines(const Program& program, const StationCode& code) {
+  QStringList lines;
+  for (int hour = 0; hour < 24; ++hour) {
+    const std::optional<CycleFile> file = readCycleFile(program, UtcHour{hour}, {code});
+    if (!file)
+      continue;
+    for (const QString& line : file->lines(0))
+      lines += line;
+  }
+  return lines;
+}
+
+} // namespace
+
+Meteogram gatherMeteogram(Program& program, const StationCode& code) {
+  if (program.networkAvailable) {
+    StationFiles files(program, {code}, {.forecasts = true});
+    files.take(0, ReportKind::Metar);
+    files.take(0, ReportKind::Taf);
+    keepLastReports(program);
+    refreshCycleFiles(program);
+  }
+  QStringList metars = cycleLines(program, code);
+  if (const auto* metar = program.knownReports.find(code, ReportKind::Metar))
+    metars += {metar->before, metar->text};
+  const auto* taf = program.knownReports.find(code, ReportKind::Taf);
+  Meteogram meteogram = meteogramOf(code, metars, taf ? taf->text : QString(),
+                                    program.services.clock.now().toUTC(), Limits::of(program.record()));
+  meteogram.name = program.dictionaries().stationName(code.text()).value_or(QString());
+  return meteogram;
+}
+
+} // namespace soran
