@@ -13,12 +13,12 @@ namespace soran {
 namespace {
 
 /// "3533N" with so many figures for the degrees.
-QString minutesText(double degrees, int figures, QStringView letters) {
+QString minutesText(double degrees, int figures, QStringView signs) {
   const int minutes = int(std::lround(std::abs(degrees) * 60));
   return QStringLiteral("%1%2")
              .arg(minutes / 60, figures, 10, QChar(u'0'))
              .arg(minutes % 60, 2, 10, QChar(u'0')) +
-         letters[degrees < 0 ? 1 : 0];
+         signs[degrees < 0 ? 1 : 0];
 }
 
 } // namespace

@@ -13,7 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray file = delivered::file(u"coast.bin"_s);
+QByteArray shores() {
+  return delivered::file(u"coast.bin"_s);
+}
 
 /// The least distance of a shore from a position, in degrees.
 double distanceTo(const Coast::Lines& lines, EarthPosition position) {
@@ -41,7 +43,7 @@ double longestPiece(const Coast::Lines& lines) {
 } // namespace
 
 TEST(Coast, HasTheShoresWhereTheyLie) {
-  const std::optional<Coast> coast = Coast::read(file);
+  const std::optional<Coast> coast = Coast::read(shores());
   ASSERT_TRUE(coast);
   struct {
     const char* what;
@@ -64,9 +66,10 @@ TEST(Coast, HasTheShoresWhereTheyLie) {
 }
 
 TEST(Coast, RefusesAFileThatIsDamaged) {
+  const QByteArray file = shores();
   EXPECT_FALSE(Coast::read({}));
-  EXPECT_FALSE(Coast::read(file + 'x'));
-  EXPECT_FALSE(Coast::read("COAST2" + file.sliced(6)));
+  EXPECT_FALSE(Coast::read(QByteArray(file + "x")));
+  EXPECT_FALSE(Coast::read(QByteArray("COAST2" + file.sliced(6))));
   for (qsizetype length = 0; length < file.size(); length += 997)
     EXPECT_FALSE(Coast::read(file.first(length))) << length;
   // Any byte may be another one: what is read then still lies on the earth.
@@ -80,7 +83,7 @@ TEST(Coast, RefusesAFileThatIsDamaged) {
 }
 
 TEST(Coast, DrawsWhatLiesInTheView) {
-  const std::optional<Coast> coast = Coast::read(file);
+  const std::optional<Coast> coast = Coast::read(shores());
   ASSERT_TRUE(coast);
   struct {
     const char* what;
