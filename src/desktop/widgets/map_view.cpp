@@ -82,6 +82,11 @@ void MapView::showAll() {
   showsAll_ = true;
 }
 
+void MapView::pan(double right, double down) {
+  showsAll_ = false;
+  setProjection(projection_.panned(right, down));
+}
+
 void MapView::zoom(double factor) {
   showsAll_ = false;
   setProjection(projection_.zoomed(factor, projection_.middle()));
@@ -182,10 +187,6 @@ void MapView::chooseAt(QPointF point, double reach) {
 
 void MapView::keyPressEvent(QKeyEvent* event) {
   const double step = std::min(width(), height()) / 5.0;
-  const auto pan = [&](double right, double down) {
-    showsAll_ = false;
-    setProjection(projection_.panned(right, down));
-  };
   switch (event->key()) {
   case Qt::Key_Left:
     return pan(step, 0);
@@ -223,9 +224,8 @@ void MapView::mouseMoveEvent(QMouseEvent* event) {
   if (!(event->buttons() & Qt::LeftButton) || (!moved_ && way.manhattanLength() < still))
     return;
   moved_ = true;
-  showsAll_ = false;
   pressed_ = event->position();
-  setProjection(projection_.panned(way.x(), way.y()));
+  pan(way.x(), way.y());
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event) {

@@ -32,7 +32,9 @@ class MapView : public QWidget {
   void centreOnChosen();
   /// Shows all stations.
   void showAll();
-  /// The same about the middle of the view.
+  /// Moves what is seen so much to the right and down.
+  void pan(double right, double down);
+  /// Makes what is seen larger about the middle of the view.
   void zoom(double factor);
 
   const Projection& projection() const { return projection_; }
