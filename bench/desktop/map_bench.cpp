@@ -6,6 +6,7 @@
 #include "desktop/widgets/map_view.h"
 
 #include <QApplication>
+#include <QPainter>
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -45,7 +46,8 @@ void panMap(benchmark::State& state) {
   ShownMap shown(double(state.range(0)));
   int step = 0;
   for (auto _ : state) {
-    shown.view.pan(++step % 60 < 30 ? 10 : -10, step % 40 < 20 ? 4 : -4);
+    ++step;
+    shown.view.pan(step % 60 < 30 ? 10 : -10, step % 40 < 20 ? 4 : -4);
     shown.view.repaint();
   }
   bench::holdTo(state, 16);

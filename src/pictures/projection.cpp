@@ -50,8 +50,7 @@ double longitudeNear(double longitude, double other) {
 Projection::Projection(EarthPosition centre, double unitsPerDegree, double width, double height)
     : centre_{std::clamp(centre.latitude, -farthestCentre, farthestCentre),
               longitudeNear(centre.longitude, 0)},
-      scale_(std::clamp(unitsPerDegree, width / turn, std::max(largestScale, width / turn))), width_(width),
-      height_(height) {}
+      scale_(unitsPerDegree), width_(width), height_(height) {}
 
 Projection Projection::around(std::span<const EarthPosition> positions, double width, double height,
                               double margin) {
@@ -68,7 +67,7 @@ Projection Projection::around(std::span<const EarthPosition> positions, double w
   const double high = northing(north.latitude);
   const double scale = std::min({(width - 2 * margin) / std::max(degrees, 0.1),
                                  (height - 2 * margin) / std::max(high - low, 0.1), largestAround});
-  return {{latitudeAt((low + high) / 2), middle}, scale, width, height};
+  return {{latitudeAt((low + high) / 2), middle}, std::max(scale, width / turn), width, height};
 }
 
 Point Projection::toPlane(EarthPosition position) const {
@@ -87,7 +86,9 @@ Projection Projection::panned(double right, double down) const {
 }
 
 Projection Projection::zoomed(double factor, Point about) const {
-  const Projection larger(centre_, scale_ * factor, width_, height_);
+  const double least = width_ / turn;
+  const double scale = std::clamp(scale_ * factor, least, std::max(largestScale, least));
+  const Projection larger(centre_, scale, width_, height_);
   const Point moved = larger.toPlane(toEarth(about));
   return larger.panned(about.x - moved.x, about.y - moved.y);
 }

@@ -14,8 +14,7 @@ namespace soran {
 class Projection {
  public:
   /// `unitsPerDegree` of longitude. The centre stays between 80 north and south, its longitude is brought to
-  /// [-180, 180); a scale below that at which the earth is as wide as the view, or above 4000, is brought
-  /// there.
+  /// [-180, 180).
   Projection(EarthPosition centre, double unitsPerDegree, double width, double height);
 
   /// The one of the greatest scale, at most 150, that has all positions at least `margin` from the edge of
@@ -30,7 +29,8 @@ class Projection {
 
   /// With what lies there now so much to the right and down.
   Projection panned(double right, double down) const;
-  /// `factor` times as large; what lies at the point stays there.
+  /// `factor` times as large, at most 4000 units a degree and never so small that the earth is less wide than
+  /// the view; what lies at the point stays there.
   Projection zoomed(double factor, Point about) const;
   /// The same scale and centre in a view of that size.
   Projection sized(double width, double height) const;

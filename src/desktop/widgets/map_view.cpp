@@ -134,9 +134,9 @@ void MapView::drawLayers() {
   if (!layersCover() || shores_.devicePixelRatioF() != devicePixelRatioF())
     dropPictures();
   if (shores_.isNull()) {
-    constexpr double larger = 1 + 2 * layerMargin;
-    layer_ =
-        projection_.sized(std::ceil(projection_.width() * larger), std::ceil(projection_.height() * larger));
+    // Whole units on each side, so that the corner of the pictures lies on a pixel.
+    const auto larger = [](double side) { return side + 2 * std::round(side * layerMargin); };
+    layer_ = projection_.sized(larger(projection_.width()), larger(projection_.height()));
     const Drawing graticule = drawGraticule(layer_);
     const Drawing shores = coast_.draw(layer_);
     shores_ = layerOf(ground_.colour, {&graticule, &shores});
@@ -174,7 +174,8 @@ void MapView::paintEvent(QPaintEvent*) {
 
 void MapView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  projection_ = projection_.sized(std::max(1, width()), std::max(1, height()));
+  const Projection sized = projection_.sized(std::max(1, width()), std::max(1, height()));
+  projection_ = sized.zoomed(1, sized.middle());
   dropPictures();
   if (showsAll_)
     showAll();
