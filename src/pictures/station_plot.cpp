@@ -21,14 +21,16 @@ constexpr size_t mostSymbols = 2;
 
 // In heights of a letter.
 constexpr double circleRadius = 0.4;
-constexpr double barbLength = 2.9;
+constexpr double barbLength = 2.4; // feathers and all above the line of visibility and ceiling
 constexpr double letterWidth = 0.5;
-constexpr double symbolSize = 1.3;
-constexpr double besideCircle = 0.75;
-constexpr double lineHeight = 1.05;
-constexpr double belowCircle = 2.1;
+constexpr double symbolSize = 1.2;
+constexpr double besideCircle = 0.8;
+constexpr double besideMiddle = 0.25;
+constexpr double lineHeight = 1.15;
+constexpr double codeLine = 2.2;
+constexpr double limitLine = 3.25; // visibility and ceiling
 
-/// What is written left of the weather.
+/// CAVOK where it stands for the visibility.
 QString visibilityText(const BoardRow& row) {
   const ElementValues& values = row.values;
   if (values.visibility)
@@ -165,9 +167,8 @@ void Plot::visibility() {
   const QString words = visibilityText(row_);
   if (words.isEmpty())
     return;
-  const double x = -besideCircle - symbolSize * double(drawnWeather(row_).size());
   const double metres = row_.values.visibility ? row_.values.visibility->metres : unlimited;
-  text(place(x, 0), TextPlace::Right, Ink::Visibility, words, u"VIS", metres, words);
+  text(place(-besideMiddle, limitLine), TextPlace::Right, Ink::Visibility, words, u"VIS", metres, words);
 }
 
 void Plot::pressure() {
@@ -182,15 +183,15 @@ void Plot::pressure() {
 
 void Plot::ceiling() {
   if (const Ceiling* known = row_.values.ceiling())
-    text(place(0, belowCircle), TextPlace::Centre, Ink::Ceiling, told(known->words), u"CIG", known->feet,
-         told(known->words));
+    text(place(besideMiddle, limitLine), TextPlace::Left, Ink::Ceiling, told(known->words), u"CIG",
+         known->feet, told(known->words));
 }
 
 void Plot::names() {
   const QString code = row_.code.text();
   const QString state = stateWord(row_);
   const int level = std::max(row_.level(), row_.outlookLevel());
-  text(place(besideCircle, 0), TextPlace::Left, ink_, code, u"CODE", level, code);
+  text(place(0, codeLine), TextPlace::Centre, ink_, code, u"CODE", level, code);
   text(place(besideCircle, lineHeight), TextPlace::Left, ink_, state, u"STATE", level, state);
 }
 
@@ -235,14 +236,16 @@ std::vector<Shape> stationPlot(const BoardRow& row, Point at, double size, bool 
 
 Box plotBox(const BoardRow& row, double size) {
   constexpr double lineHalf = 0.55;
-  const auto width = [](const QString& text) { return letterWidth * displayWidth(text); };
-  const double left =
-      besideCircle + symbolSize * double(drawnWeather(row).size()) + width(visibilityText(row));
-  const double right = besideCircle + std::max(width(row.code.text()), width(stateWord(row)));
+  constexpr qsizetype figures = 3; // of a temperature and of QNH
+  const auto width = [](qsizetype letters) { return letterWidth * double(letters); };
   const Ceiling* ceiling = row.values.ceiling();
-  const double half = ceiling ? letterWidth * double(ceiling->words.length) / 2 : circleRadius;
-  return {-size * std::max(left, half), -size * (lineHeight + lineHalf), size * std::max(right, half),
-          size * (belowCircle + lineHalf)};
+  const double code = width(displayWidth(row.code.text())) / 2;
+  const double left =
+      std::max({besideCircle + symbolSize * double(drawnWeather(row).size()),
+                besideMiddle + width(visibilityText(row).size()), code, besideCircle + width(figures)});
+  const double right = std::max({besideMiddle + width(ceiling ? ceiling->words.length : 0), code,
+                                 besideCircle + width(std::max<qsizetype>(figures, stateWord(row).size()))});
+  return {-size * left, -size * (lineHeight + lineHalf), size * right, size * (limitLine + lineHalf)};
 }
 
 } // namespace soran

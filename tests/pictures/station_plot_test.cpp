@@ -68,8 +68,8 @@ TEST(StationPlot, HasEachFigureInItsPlace) {
     double value;
     int right, down; // the sides of the circle that it lies on
   } const cases[] = {
-      {u"AIR", u"8"_s, 8, -1, -1},     {u"DEWPOINT", u"-1"_s, -1, -1, 1}, {u"VIS", u"0300"_s, 300, -1, 0},
-      {u"QNH", u"080"_s, 1008, 1, -1}, {u"CIG", u"BKN005"_s, 500, 0, 1},  {u"CODE", u"RJTT"_s, 3, 1, 0},
+      {u"AIR", u"8"_s, 8, -1, -1},     {u"DEWPOINT", u"-1"_s, -1, -1, 1}, {u"VIS", u"0300"_s, 300, -1, 1},
+      {u"QNH", u"080"_s, 1008, 1, -1}, {u"CIG", u"BKN005"_s, 500, 1, 1},  {u"CODE", u"RJTT"_s, 3, 0, 1},
       {u"STATE", u"L3"_s, 3, 1, 1},
   };
   const auto side = [](double value) { return value < 0 ? -1 : value > 0 ? 1 : 0; };
