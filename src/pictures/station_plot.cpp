@@ -69,6 +69,8 @@ class Plot {
   void text(Point at, TextPlace place, Ink ink, const QString& text, QStringView element, double value,
             const QString& words);
   Shape disc(ShapeKind kind, Ink ink) const;
+  /// The edge of the circle, clockwise from its top, over so many eighths.
+  std::vector<Point> arc(int eighths) const;
   void sector(int eighths);
   void cross();
   QString told(const Words& words) const { return words.in(row_.metar).toString(); }
@@ -107,13 +109,19 @@ Shape Plot::disc(ShapeKind kind, Ink ink) const {
   return {.kind = kind, .ink = ink, .points = {at_}, .size = circleRadius * size_};
 }
 
-void Plot::sector(int eighths) {
+std::vector<Point> Plot::arc(int eighths) const {
   constexpr int stepsAnEighth = 4;
-  std::vector<Point> points{at_};
+  std::vector<Point> points;
   for (int i = 0; i <= eighths * stepsAnEighth; ++i) {
     const double angle = i * std::numbers::pi / 4 / stepsAnEighth;
     points.push_back(place(circleRadius * std::sin(angle), -circleRadius * std::cos(angle)));
   }
+  return points;
+}
+
+void Plot::sector(int eighths) {
+  std::vector<Point> points = arc(eighths);
+  points.push_back(at_);
   shapes_.push_back({.kind = ShapeKind::Area, .ink = ink_, .points = std::move(points)});
 }
 
@@ -127,7 +135,7 @@ void Plot::cloud() {
   shapes_.push_back(disc(ShapeKind::Dot, Ink::Ground));
   const std::optional<int> eighths = cloudEighths(row_);
   if (!eighths) {
-    shapes_.push_back(disc(ShapeKind::Circle, Ink::Silent));
+    shapes_.push_back({.kind = ShapeKind::Dashed, .ink = Ink::Silent, .points = arc(8), .size = size_ / 8});
     return;
   }
   if (*eighths == obscured)

@@ -30,12 +30,12 @@ Ink inkOf(const BoardRow& row);
 std::optional<int> cloudEighths(const BoardRow& row);
 
 /// The station model (WMO No. 485, appendix II-4) of a row about the point at `at`, in letters of that
-/// height: the circle filled by the amount of cloud, the wind arrow, air temperature upper left, dew point
-/// lower left, weather left, the last three figures of the tenths of QNH upper right, and where no wind arrow
-/// reaches, visibility and ceiling as reported in a line below; the state word lower right, the code under
-/// the circle. An element that is not known has no shape. Those of an element carry its name (CLOUD, WIND,
-/// AIR, DEWPOINT, WX, VIS, QNH, CIG, CODE, STATE), its value (eighths, knots, degrees Celsius, metres,
-/// hectopascals, feet, level) and the words of the report.
+/// height: the circle filled by the amount of cloud and broken where none is told, the wind arrow, air
+/// temperature upper left, dew point lower left, weather left, the last three figures of the tenths of QNH
+/// upper right, and where no wind arrow reaches, visibility and ceiling as reported in a line below; the
+/// state word lower right, the code under the circle. An element that is not known has no shape. Those of an
+/// element carry its name (CLOUD, WIND, AIR, DEWPOINT, WX, VIS, QNH, CIG, CODE, STATE), its value (eighths,
+/// knots, degrees Celsius, metres, hectopascals, feet, level) and the words of the report.
 std::vector<Shape> stationPlot(const BoardRow& row, Point at, double size, bool southern);
 
 /// The room that the letters and the circle of the plot take about the point 0, 0; its wind arrow may reach

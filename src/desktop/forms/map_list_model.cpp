@@ -10,27 +10,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int stateWidth = 10; // "OVERDUE/F3"
-constexpr int alarmWidth = 5;
-
-QString noteOf(const MapStation& station) {
-  return station.position ? QString() : u"位置不明"_s;
-}
-
-QString textOf(const MapStation& station) {
+/// The cells of a line, one blank apart, the first in so many columns.
+QString textOf(const MapStation& station, qsizetype stateWidth) {
   const BoardRow& row = station.row;
-  const QString alarm = alarmWord(row.alarm);
-  const QString text = stateWord(row).leftJustified(stateWidth) + u' ' + alarm.leftJustified(alarmWidth) +
-                       u' ' + row.code.text() + u' ' + row.name + u' ' + noteOf(station);
-  return text.trimmed();
+  QStringList cells = {stateWord(row).leftJustified(stateWidth), row.code.text(), row.name,
+                       alarmWord(row.alarm), station.position ? QString() : u"位置不明"_s};
+  cells.removeAll(QString());
+  return cells.join(u' ');
 }
 
 } // namespace
 
 void MapListModel::show(const std::vector<MapStation>& stations, const Ground& ground) {
   std::vector<Line> lines;
+  qsizetype stateWidth = 0;
+  for (const MapStation& station : stations)
+    stateWidth = std::max(stateWidth, stateWord(station.row).size());
   for (const MapStation& station : stations) {
-    const QString text = textOf(station);
+    const QString text = textOf(station, stateWidth);
     lines.push_back({station.row.code.text(), text, text.simplified(), colourOf(inkOf(station.row), ground)});
   }
   if (lines == lines_)

@@ -9,7 +9,7 @@
 
 namespace soran {
 
-/// The airports of a map, a line each: state, alarm, code and name, and that the position is not known.
+/// The airports of a map, a line each: state, code, name, alarm, and that the position is not known.
 class MapListModel : public QAbstractListModel {
   Q_OBJECT
  public:
