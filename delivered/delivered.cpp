@@ -39,6 +39,10 @@ QByteArray stations() {
   return file(u"stations.tsv"_s);
 }
 
+QByteArray runways() {
+  return file(u"runways.tsv"_s);
+}
+
 QList<Airport> airports() {
   return rowsOf<Airport>(table::飛行場情報);
 }

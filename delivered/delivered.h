@@ -19,6 +19,10 @@ QByteArray file(const QString& path);
 /// The names of the world's stations: code, tab, name, in UTF-8, each line ended by LF.
 QByteArray stations();
 
+/// The ends of the world's runways on land: code, tab, designator, tab, true bearing of the direction of
+/// landing in degrees, in the order of the codes, each line ended by LF. As of 2013.
+QByteArray runways();
+
 /// The delivered rows of a two-column table.
 QList<Airport> airports();
 QList<DictionaryEntry> abbreviations();

@@ -29,8 +29,17 @@ void checkValues(const ElementValues& values, QStringView text) {
   }
   if (values.vertical)
     require(values.ceiling()->feet <= values.vertical->feet, "the ceiling is the lowest");
-  for (const Crossing& crossing : crossings(values, Limits::of(settingsIn(u"+9", 0))))
-    require(crossing.below() > 0 && crossing.share() <= 1, "what crosses a limit lies below it");
+  const AirportLimits row{.code = allAirports.toString(),
+                          .wind = 20,
+                          .gust = 30,
+                          .crosswind = 15,
+                          .weather = QStringLiteral("TS -RA")};
+  const Limits limits = Limits::of(settingsIn(u"+9", 0), {&row, 1}, {}, {{QStringLiteral("36"), 360}});
+  for (const Crossing& crossing : crossings(values, text, limits)) {
+    require(crossing.element == LimitedElement::Weather || crossing.beyond() > 0,
+            "what crosses a limit lies beyond it");
+    require(crossing.isAbove() || crossing.share() <= 1, "what lies below a limit is not less than nothing");
+  }
 }
 
 /// Gives up to which time one prevailing slice follows the other, from `from` on.

@@ -43,6 +43,7 @@ bool lockNow(int file) {
 FileLock::Result FileLock::take(int milliseconds) {
   constexpr std::chrono::milliseconds pause(20);
   constexpr mode_t ownerOnly = 0600;
+  constexpr mode_t ownerAndGroup = 0660;
   release();
   const QByteArray name = QFile::encodeName(path_);
   const QDeadlineTimer deadline(milliseconds);
@@ -54,6 +55,9 @@ FileLock::Result FileLock::take(int milliseconds) {
         ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownerOnly);
     if (file < 0)
       return Result::Impossible;
+    // Whoever made it may do so, and nobody else needs to.
+    if (for_ == For::Group && ::fchmod(file, ownerAndGroup) != 0 && errno != EPERM)
+      errno = 0;
     const bool locked = lockNow(file);
     const bool held = locked || errno == EWOULDBLOCK || errno == EAGAIN || errno == EACCES || errno == EINTR;
     // Whoever held it may have deleted it meanwhile; another one then locks another file.

@@ -10,7 +10,8 @@ namespace soran {
 /// that comes about, so that what a killed process left is never in the way.
 class FileLock {
  public:
-  explicit FileLock(QString path) : path_(std::move(path)) {}
+  enum class For { Owner, Group }; ///< whose processes may take it
+  explicit FileLock(QString path, For whom = For::Owner) : path_(std::move(path)), for_(whom) {}
   ~FileLock() { release(); }
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
@@ -28,6 +29,7 @@ class FileLock {
 
  private:
   QString path_;
+  For for_;
   int file_ = -1;
 };
 

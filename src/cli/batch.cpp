@@ -4,6 +4,7 @@
 
 #include "cli/batch_job.h"
 #include "delivered.h"
+#include "reports/airport_limits.h"
 #include "store/tables.h"
 
 namespace soran {
@@ -63,6 +64,17 @@ SettingsRecord jobSettings() {
   return settings;
 }
 
+/// Takes the limits of airports out of the settings of a job, where they are a list beside the keys.
+QList<AirportLimits> takeLimits(QJsonObject& settings) {
+  const QString name = table::空港別制限.toString();
+  if (!settings.contains(name))
+    return {};
+  const QJsonValue rows = settings.take(name);
+  if (!rows.isArray())
+    throw InputError(u"\""_s + name + u"\" is not a list");
+  return airportLimitsOf(rows.toArray());
+}
+
 QJsonValue resultOf(const QJsonObject& object) {
   Fields fields(object);
   if (fields.has(u"id"_s))
@@ -78,13 +90,16 @@ QJsonValue resultOf(const QJsonObject& object) {
     ownTables.emplace(tablesOf(fields.object(u"tables"_s)));
   const JobTables& tables = ownTables ? *ownTables : deliveredTables();
   std::optional<SettingsRecord> ownSettings;
+  QList<AirportLimits> limits;
   if (fields.has(u"settings"_s)) {
+    QJsonObject given = fields.object(u"settings"_s);
+    limits = takeLimits(given);
     ownSettings = standard;
-    for (const auto& [index, value] : settingValues(fields.object(u"settings"_s)))
+    for (const auto& [index, value] : settingValues(given))
       ownSettings->setValue(index, value);
   }
   BatchJob job{std::move(fields), ownSettings ? *ownSettings : standard, &tables.airports,
-               &tables.dictionaries};
+               &tables.dictionaries, std::move(limits)};
   return operation(job);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/batch_forecast.h"
 
+#include "delivered.h"
 #include "desk/verdict.h"
 #include "reports/forecast_at.h"
 
@@ -147,7 +148,8 @@ QJsonValue tafJson(const StationForecast& forecast) {
 QJsonValue worstJson(const StationForecast& forecast) {
   if (!forecast.worst)
     return {};
-  constexpr QStringView elements[] = {u"visibility", u"rvr", u"ceiling"};
+  constexpr QStringView elements[] = {u"visibility", u"rvr",       u"ceiling", u"wind",
+                                      u"gust",       u"crosswind", u"weather"};
   const Crossing& crossing = forecast.worst->crossing;
   return QJsonObject{{u"report"_s, forecast.worst->report == ReportKind::Taf ? u"TAF"_s : u"METAR"_s},
                      {u"slice"_s, qint64(forecast.worst->slice)},
@@ -155,15 +157,13 @@ QJsonValue worstJson(const StationForecast& forecast) {
                      {u"condition"_s, crossing.condition},
                      {u"value"_s, crossing.value},
                      {u"limit"_s, crossing.limit},
+                     {u"above"_s, crossing.isAbove()},
                      {u"words"_s, json(crossing.words)}};
 }
 
 QJsonObject json(const Finding& finding) {
-  return {{u"element"_s, finding.element},
-          {u"group"_s, finding.words},
-          {u"value"_s, finding.value},
-          {u"limit"_s, finding.limit},
-          {u"level"_s, finding.level}};
+  return {{u"element"_s, finding.element}, {u"group"_s, finding.words}, {u"value"_s, finding.value},
+          {u"limit"_s, finding.limit},     {u"level"_s, finding.level}, {u"above"_s, finding.above}};
 }
 
 QJsonValue json(const std::optional<Outlook>& outlook) {
@@ -172,6 +172,20 @@ QJsonValue json(const std::optional<Outlook>& outlook) {
   QJsonObject object = json(outlook->worst);
   object.insert(u"begins"_s, json(outlook->begins));
   return object;
+}
+
+Limits limitsOf(const BatchJob& job, const StationCode& code) {
+  static Runways runways(delivered::runways());
+  return Limits::of(job.settings, job.limits, code, runways.of(code));
+}
+
+/// The station of a TAF, else of a METAR; empty where neither names one.
+StationCode stationOf(const QString& metarText, const QString& tafText, const QDateTime& now) {
+  const auto taf = readTaf(tafText, now);
+  if (taf && taf->station)
+    return StationCode(taf->station->in(tafText).toString());
+  const auto metar = readMetar(metarText, now);
+  return metar && metar->station ? StationCode(metar->station->in(metarText).toString()) : StationCode();
 }
 
 } // namespace
@@ -190,7 +204,7 @@ QJsonValue boardOf(BatchJob& job) {
     if (metar)
       reports.times.push_back(metar->observed);
   }
-  const BoardRow row = boardRow(code, reports, Limits::of(job.settings), now);
+  const BoardRow row = boardRow(code, reports, limitsOf(job, code), now);
   QJsonArray findings;
   for (const Finding& finding : row.findings)
     findings.append(json(finding));
@@ -215,7 +229,8 @@ QJsonValue tafAt(BatchJob& job) {
   const std::optional<QDateTime> at = nextTime(time, now, job.settings);
   if (!at)
     throw InputError(u"field \"time\" is no time such as 1430 or 0530Z"_s);
-  const StationForecast forecast = forecastAt(metar, taf, *at, now, Limits::of(job.settings));
+  const StationForecast forecast =
+      forecastAt(metar, taf, *at, now, limitsOf(job, stationOf(metar, taf, now)));
   return QJsonObject{{u"at"_s, json(*at)},
                      {u"metar"_s, metarJson(forecast)},
                      {u"taf"_s, tafJson(forecast)},

@@ -14,6 +14,7 @@ struct BatchJob {
   const SettingsRecord& settings;
   const QList<Airport>* airports;
   const Dictionaries* dictionaries;
+  QList<AirportLimits> limits = {}; ///< 空港別制限 of the settings
 };
 
 /// An operation reads its fields, all of them, and gives its result. Throws InputError.

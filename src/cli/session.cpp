@@ -5,6 +5,7 @@
 #include "forms/list_rules.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
+#include "reports/airport_limits.h"
 #include "start/opening.h"
 #include "terminal/actions.h"
 #include "terminal/picture_lookup.h"
@@ -285,8 +286,20 @@ void Session::setSettings(const QJsonObject& values) {
   }
 }
 
+void Session::rewriteLimits(Fields& event) {
+  const QList<AirportLimits> rows = airportLimitsOf(event.array(u"rows"_s));
+  event.finish();
+  try {
+    storeLimits(program_.tables, rows);
+  } catch (const StoreError& e) {
+    throw InputError(u"cannot store: "_s + QString::fromUtf8(e.what()));
+  }
+}
+
 void Session::rewrite(Fields& event) {
   const QString table = event.text(u"table"_s);
+  if (table == table::空港別制限)
+    return rewriteLimits(event);
   const QList<QStringList> rows = textRows(event.array(u"rows"_s), u"rows"_s, 2);
   event.finish();
   std::vector<EditedRow> edited;

@@ -35,6 +35,7 @@ class Session final : private Waiting {
   QJsonObject state();
   QJsonArray rowsOf(const QString& table);
   void rewrite(Fields& event);
+  void rewriteLimits(Fields& event);
   void setSettings(const QJsonObject& values);
   void choose(const QString& name, std::optional<int> index);
   int endedAtOnce();

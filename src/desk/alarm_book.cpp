@@ -64,6 +64,10 @@ AlarmBook::AlarmBook(std::span<const AlarmEvent> log) {
 void AlarmBook::apply(const AlarmEvent& event) {
   Entry& entry = entries_[event.code];
   Alarm& alarm = entry.alarm;
+  if (event.kind <= Back)
+    entry.happened = event.time;
+  if (event.kind == Muted || event.kind == Unmuted)
+    entry.mutingChanged = event.time;
   switch (event.kind) {
   case Crossed:
   case Worse:
@@ -168,6 +172,22 @@ std::vector<AlarmEvent> AlarmBook::unmute(const StationCode& code, const QDateTi
   const AlarmEvent event = eventOf(Unmuted, code.text(), now);
   apply(event);
   return {event};
+}
+
+std::vector<AlarmEvent> AlarmBook::follow(const AlarmEvent& other, const QDateTime& now) {
+  // What came to be known here meanwhile was not seen by the other; clocks may differ by so much.
+  constexpr qint64 secondsOfClocks = 5;
+  const Entry entry = entries_.contains(other.code) ? entries_.at(other.code) : Entry();
+  const bool isOver = other.until.isValid() && other.until <= now;
+  const bool isNewer = !entry.mutingChanged.isValid() || other.time > entry.mutingChanged;
+  const bool changes = (other.kind == Acknowledged && entry.alarm.state == AlarmState::Ringing &&
+                        other.time.addSecs(secondsOfClocks) >= entry.happened) ||
+                       (other.kind == Muted && isNewer && !isOver) ||
+                       (other.kind == Unmuted && isNewer && entry.alarm.muted);
+  if (!changes)
+    return {};
+  apply(other);
+  return {other};
 }
 
 Alarm AlarmBook::alarmOf(const StationCode& code) const {

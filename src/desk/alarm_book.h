@@ -74,6 +74,10 @@ class AlarmBook {
   /// Empty where it is not muted.
   std::vector<AlarmEvent> unmute(const StationCode& code, const QDateTime& now);
 
+  /// Takes over what another desk did: an acknowledgement of what was known here by its time, a muting or its
+  /// end that is newer than the last one here. Empty where it changes nothing.
+  std::vector<AlarmEvent> follow(const AlarmEvent& other, const QDateTime& now);
+
   Alarm alarmOf(const StationCode& code) const;
   /// The codes of the airports that nobody has acknowledged, in the order of their codes.
   std::vector<StationCode> ringing() const;
@@ -86,7 +90,9 @@ class AlarmBook {
   struct Entry {
     std::map<std::pair<ReportKind, QString>, Beyond> beyond;
     Alarm alarm;
-    bool due = false; ///< something happened since it rang
+    bool due = false;             ///< something happened since it rang
+    QDateTime happened = {};      ///< the last crossing, worsening or way back
+    QDateTime mutingChanged = {}; ///< the last muting or end of one
   };
 
   void apply(const AlarmEvent& event);

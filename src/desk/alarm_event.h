@@ -33,6 +33,7 @@ struct AlarmEvent {
   double limit = 0;     ///< in the same unit
   int level = 0;        ///< of the limit that it is beyond, 1 to 3, the highest being the worst
   QDateTime until = {}; ///< UTC; the end of a muting, invalid where it has none
+  QString desk = {};    ///< the name of another desk that did it; empty where it was this one
 
   bool operator==(const AlarmEvent&) const = default;
 };

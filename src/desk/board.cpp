@@ -26,12 +26,13 @@ QString outlookCell(const BoardRow& row, const QDateTime&) {
 
 // In the order of BoardColumn.
 constexpr ColumnSpec specs[] = {
-    {u"ST", 0, cell::state},      {u"ALARM", 1, cell::alarm},        {u"AP", 0, cell::code},
-    {u"NAME", 10, cell::name},    {u"REPORT", 4, cell::report},      {u"AGE", 1, cell::age},
-    {u"WIND", 2, cell::wind},     {u"VIS/RVR", 1, cell::visibility}, {u"WX", 2, cell::weather},
-    {u"CIG", 1, cell::ceiling},   {u"T/TD", 6, cell::temperatures},  {u"QNH", 5, cell::qnh},
-    {u"1H", 7, outlookCell<0>},   {u"3H", 7, outlookCell<1>},        {u"6H", 3, outlookCell<2>},
-    {u"SIGMET", 8, cell::sigmet}, {u"SOURCE", 9, cell::source},      {u"CHANGE", 6, cell::changes},
+    {u"ST", 0, cell::state},       {u"ALARM", 1, cell::alarm},   {u"AP", 0, cell::code},
+    {u"NAME", 10, cell::name},     {u"REPORT", 4, cell::report}, {u"AGE", 1, cell::age},
+    {u"WIND", 2, cell::wind},      {u"RWY", 4, cell::runway},    {u"VIS/RVR", 1, cell::visibility},
+    {u"WX", 2, cell::weather},     {u"CIG", 1, cell::ceiling},   {u"T/TD", 6, cell::temperatures},
+    {u"QNH", 5, cell::qnh},        {u"1H", 7, outlookCell<0>},   {u"3H", 7, outlookCell<1>},
+    {u"6H", 3, outlookCell<2>},    {u"SIGMET", 8, cell::sigmet}, {u"SOURCE", 9, cell::source},
+    {u"CHANGE", 6, cell::changes},
 };
 static_assert(std::size(specs) == boardColumnCount);
 

@@ -5,6 +5,7 @@
 #include "desk/alarm_book.h"
 #include "desk/report_age.h"
 #include "reports/element_values.h"
+#include "reports/runway_wind.h"
 
 #include <QDateTime>
 #include <QString>
@@ -41,8 +42,9 @@ struct BoardRow {
   QString metar = {};  ///< the newest, as its station file; empty where there is none
   QDateTime time = {}; ///< of the newest METAR
   bool isSpecial = false;
-  ElementValues values = {}; ///< with positions in `metar`
-  ElementValues before = {}; ///< of the report before; the words are none of `metar`
+  ElementValues values = {};                 ///< with positions in `metar`
+  ElementValues before = {};                 ///< of the report before; the words are none of `metar`
+  std::optional<RunwayWind> runwayWind = {}; ///< of `values`, on the runway in use
   Freshness freshness = Freshness::Unknown;
   std::vector<Finding> findings = {}; ///< of the METAR, the worst first
   TafState taf = TafState::None;
@@ -82,6 +84,7 @@ enum class BoardColumn {
   Report,
   Age,
   Wind,
+  Runway,
   Visibility,
   Weather,
   Ceiling,

@@ -162,6 +162,17 @@ QString wind(const BoardRow& row, const QDateTime&) {
   return row.values.wind ? reported(row, row.values.wind->words) : QString();
 }
 
+QString runway(const BoardRow& row, const QDateTime&) {
+  if (!row.runwayWind)
+    return {};
+  constexpr QStringView sides[] = {u"L", u"R", u"X"};
+  const RunwayWind& wind = *row.runwayWind;
+  const QString crosswind = sides[size_t(wind.side)] + QString::number(wholeKnots(wind.crosswind));
+  if (wind.runway.isEmpty())
+    return u"VRB " + crosswind;
+  return wind.runway + u" H" + QString::number(std::lround(wind.headwind)) + u' ' + crosswind;
+}
+
 QString visibility(const BoardRow& row, const QDateTime&) {
   QStringList words;
   if (row.values.cavok)

@@ -14,6 +14,9 @@ QString name(const BoardRow& row, const QDateTime& now);
 QString report(const BoardRow& row, const QDateTime& now); ///< "METAR 0430Z"
 QString age(const BoardRow& row, const QDateTime& now);    ///< "12m", "1h05 OVERDUE"
 QString wind(const BoardRow& row, const QDateTime& now);   ///< as reported
+/// "34L H12 R5": the runway in use, headwind, and crosswind with the side that it comes from, in knots; X for
+/// either side. "VRB X8" where no runway is the best one.
+QString runway(const BoardRow& row, const QDateTime& now);
 QString visibility(const BoardRow& row, const QDateTime& now);
 QString weather(const BoardRow& row, const QDateTime& now);
 QString ceiling(const BoardRow& row, const QDateTime& now); ///< with its amount, as reported

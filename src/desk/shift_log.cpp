@@ -8,6 +8,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include <algorithm>
 
@@ -58,6 +59,8 @@ QByteArray jsonLine(const AlarmEvent& event) {
   }
   if (event.until.isValid())
     line[u"until"_s] = utcText(event.until);
+  if (!event.desk.isEmpty())
+    line[u"desk"_s] = event.desk;
   return QJsonDocument(line).toJson(QJsonDocument::Compact);
 }
 
@@ -75,6 +78,7 @@ std::optional<AlarmEvent> eventOfLine(const QByteArray& line) {
   event.limit = object[u"limit"_s].toDouble();
   event.level = object[u"level"_s].toInt();
   event.until = timeOf(object[u"until"_s]);
+  event.desk = object[u"desk"_s].toString();
   if (isOfReport(event) && event.element.isEmpty())
     return std::nullopt;
   return event;
@@ -87,9 +91,12 @@ ShiftLog::Content ShiftLog::read() const {
     content.fault = file.fault == FileFault::Missing ? FileFault::None : file.fault;
     return content;
   }
+  QSet<QByteArray> seen;
   for (const QByteArray& line : file.bytes.split('\n')) {
-    if (line.trimmed().isEmpty())
+    // What was written only in part is written again.
+    if (line.trimmed().isEmpty() || seen.contains(line))
       continue;
+    seen.insert(line);
     if (auto event = eventOfLine(line))
       content.events.push_back(*std::move(event));
     else
@@ -124,10 +131,15 @@ QString eventText(const AlarmEvent& event) {
   if (isOfReport(event)) {
     line += u' ' + nameOf(event.report) + u' ' + event.element;
     if (!event.words.isEmpty())
-      line += u' ' + event.words + u" (LIMIT " + numberText(event.limit) + u')';
+      line += u' ' + event.words;
+    // Weather has a limit without a number.
+    if (event.limit != 0)
+      line += u" (LIMIT " + numberText(event.limit) + u')';
   }
   if (event.until.isValid())
     line += u" UNTIL " + event.until.toUTC().toString(u"dd HH:mm"_s) + u'Z';
+  if (!event.desk.isEmpty())
+    line += u" BY " + event.desk;
   return line;
 }
 
@@ -136,7 +148,7 @@ QString eventLine(const AlarmEvent& event) {
 }
 
 QString shiftCsv(std::span<const AlarmEvent> events) {
-  QString table = u"time,event,airport,report,element,group,value,limit,level,until" + crlf;
+  QString table = u"time,event,airport,report,element,group,value,limit,level,until,desk" + crlf;
   for (const AlarmEvent& event : events) {
     const bool ofReport = isOfReport(event);
     const bool hasGroup = !event.words.isEmpty();
@@ -149,7 +161,8 @@ QString shiftCsv(std::span<const AlarmEvent> events) {
                                 hasGroup ? numberText(event.value) : QString(),
                                 hasGroup ? numberText(event.limit) : QString(),
                                 ofReport ? QString::number(event.level) : QString(),
-                                event.until.isValid() ? utcText(event.until) : QString()};
+                                event.until.isValid() ? utcText(event.until) : QString(),
+                                event.desk};
     QStringList quoted;
     std::ranges::transform(fields, std::back_inserter(quoted), csvField);
     table += quoted.join(u',') + crlf;

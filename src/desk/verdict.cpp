@@ -17,9 +17,17 @@ QString nameOf(LimitedElement element) {
   case LimitedElement::RunwayRange:
     return u"RVR"_s;
   case LimitedElement::Ceiling:
+    return u"CIG"_s;
+  case LimitedElement::Wind:
+    return u"WIND"_s;
+  case LimitedElement::Gust:
+    return u"GUST"_s;
+  case LimitedElement::Crosswind:
+    return u"XWIND"_s;
+  case LimitedElement::Weather:
     break;
   }
-  return u"CIG"_s;
+  return u"WX"_s;
 }
 
 Finding findingOf(const Crossing& crossing, QStringView text) {
@@ -27,7 +35,8 @@ Finding findingOf(const Crossing& crossing, QStringView text) {
           .words = crossing.words.in(text).toString(),
           .value = double(crossing.value),
           .limit = double(crossing.limit),
-          .level = crossing.condition};
+          .level = crossing.condition,
+          .above = crossing.isAbove()};
 }
 
 /// The worst of each element, the worst first.
@@ -54,6 +63,13 @@ QStringList toldBy(const ElementValues& values) {
     told += nameOf(LimitedElement::RunwayRange);
   if (values.tellsCeiling())
     told += nameOf(LimitedElement::Ceiling);
+  // Without a gust in its group a wind has none.
+  if (values.wind && values.wind->speed)
+    told += {nameOf(LimitedElement::Wind), nameOf(LimitedElement::Gust)};
+  if (values.wind && values.wind->speed && (values.wind->direction || values.wind->isVariable))
+    told += nameOf(LimitedElement::Crosswind);
+  if (values.tellsWeather())
+    told += nameOf(LimitedElement::Weather);
   return told;
 }
 
@@ -69,7 +85,7 @@ Verdict verdictOf(const Forecast& forecast, const QDateTime& from, const QDateTi
   for (const ForecastSlice& slice : forecast.slices) {
     if (!touches(slice, from, to))
       continue;
-    std::ranges::copy(crossings(slice.values, limits), std::back_inserter(crossed));
+    std::ranges::copy(crossings(slice.values, forecast.text, limits), std::back_inserter(crossed));
     verdict.told += toldBy(slice.values);
   }
   verdict.told.removeDuplicates();
@@ -108,7 +124,7 @@ TafState stateOf(const std::optional<Taf>& taf, const QDateTime& now) {
 
 Verdict observationVerdict(QStringView text, const Limits& limits) {
   const ElementValues values = readElements(text, observationIn(text));
-  return {findingsOf(crossings(values, limits), text), toldBy(values)};
+  return {findingsOf(crossings(values, text, limits), text), toldBy(values)};
 }
 
 Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limits) {
@@ -122,8 +138,7 @@ Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limit
     verdict.findings.push_back(finding);
   }
   // A report without a trend takes back that of the one before.
-  for (const LimitedElement element :
-       {LimitedElement::Visibility, LimitedElement::RunwayRange, LimitedElement::Ceiling})
+  for (const LimitedElement element : allLimitedElements)
     verdict.told += named(nameOf(element));
   return verdict;
 }
@@ -146,7 +161,7 @@ std::optional<Outlook> worstOutlook(std::span<const Forecast> forecasts, const Q
     for (const ForecastSlice& slice : forecast.slices) {
       if (!touches(slice, from, to))
         continue;
-      const std::vector<Crossing> crossed = crossings(slice.values, limits);
+      const std::vector<Crossing> crossed = crossings(slice.values, forecast.text, limits);
       const Crossing* crossing = worstOf(crossed);
       if (!crossing || (outlook && !isWorse(*crossing, worst)))
         continue;
@@ -164,6 +179,7 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
     const bool isRoutine = MinuteOfHour{double(reports.time.time().minute())}.isRoutine();
     row.isSpecial = reports.isSpecial.value_or(!isRoutine);
     row.values = readElements(row.metar, observationIn(row.metar));
+    row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));
     row.freshness = freshnessOf(reports.times, reports.watchedSince, now);
     row.findings = observationVerdict(row.metar, limits).findings;

@@ -12,23 +12,24 @@ namespace soran {
 
 /// The rows of an editor with the one that is chosen and moved: what all editors of lists have in common.
 /// Rows count from 0; a heading is no row.
-class EditedList {
+template <class Row>
+class EditedRows {
  public:
-  EditedList() = default;
-  explicit EditedList(std::vector<EditedRow> rows) : rows_(std::move(rows)) { select(0); }
+  EditedRows() = default;
+  explicit EditedRows(std::vector<Row> rows) : rows_(std::move(rows)) { select(0); }
 
-  const std::vector<EditedRow>& rows() const { return rows_; }
+  const std::vector<Row>& rows() const { return rows_; }
   int count() const { return int(rows_.size()); }
   bool isEmpty() const { return rows_.empty(); }
-  EditedRow& at(int row) { return rows_[size_t(row)]; }
-  const EditedRow& at(int row) const { return rows_[size_t(row)]; }
+  Row& at(int row) { return rows_[size_t(row)]; }
+  const Row& at(int row) const { return rows_[size_t(row)]; }
   bool has(int row) const { return row >= 0 && row < count(); }
 
   /// The chosen row, -1 where there is none.
   int selected() const { return has(selected_) ? selected_ : -1; }
   bool hasSelection() const { return selected() >= 0; }
-  EditedRow& current() { return at(selected_); }
-  const EditedRow& current() const { return at(selected_); }
+  Row& current() { return at(selected_); }
+  const Row& current() const { return at(selected_); }
 
   /// Chooses a row and lets it be moved; nothing happens where there is no such row.
   void select(int row) {
@@ -47,7 +48,7 @@ class EditedList {
   bool moveUp() { return canMoveUp() && swapWith(selected_ - 1); }
   bool moveDown() { return canMoveDown() && swapWith(selected_ + 1); }
 
-  void insert(int row, EditedRow cells) { rows_.insert(rows_.begin() + row, std::move(cells)); }
+  void insert(int row, Row cells) { rows_.insert(rows_.begin() + row, std::move(cells)); }
   /// Takes the chosen row off; the one behind it, else the last, is chosen, and cannot be moved at first.
   void removeCurrent() {
     rows_.erase(rows_.begin() + selected_);
@@ -62,10 +63,13 @@ class EditedList {
     return true;
   }
 
-  std::vector<EditedRow> rows_;
+  std::vector<Row> rows_;
   int selected_ = -1;
   bool movable_ = false;
 };
+
+/// Of rows of two texts.
+using EditedList = EditedRows<EditedRow>;
 
 /// Asks the user; no where the program was closed meanwhile.
 bool confirmed(Program& program, const QString& text);

@@ -5,6 +5,7 @@
 #include "base/plain_file.h"
 #include "base/text.h"
 #include "forms/list_rules.h"
+#include "reports/airport_limits.h"
 #include "store/cipher.h"
 #include "store/foreign_database.h"
 #include "store/json_fields.h"
@@ -41,8 +42,19 @@ QJsonArray rowsJson(const RowSet& rows) {
 /// What an import is about to write, checked.
 struct Import {
   std::vector<std::pair<QStringView, std::vector<EditedRow>>> lists;
+  std::optional<QList<AirportLimits>> limits;
   std::vector<std::pair<SettingIndex, QVariant>> settings;
 };
+
+std::optional<QList<AirportLimits>> limitsIn(Fields& lists) {
+  const QString name = table::空港別制限.toString();
+  if (!lists.has(name))
+    return std::nullopt;
+  const QJsonArray rows = lists.array(name);
+  if (rows.size() > mostForeignRows)
+    throw InputError(u"too many rows in "_s + name);
+  return airportLimitsOf(rows);
+}
 
 Import checkedImport(const QByteArray& json) {
   Fields fields(objectOf(json));
@@ -67,6 +79,7 @@ Import checkedImport(const QByteArray& json) {
     }
     import.lists.emplace_back(list, std::move(rows));
   }
+  import.limits = limitsIn(lists);
   lists.finish();
   import.settings = settingValues(fields.object(u"settings"_s));
   fields.finish();
@@ -86,6 +99,12 @@ QByteArray exportedData(const Tables& tables) {
   QJsonObject lists;
   for (const QStringView list : userLists)
     lists.insert(list.toString(), rowsJson(*tables.byName(list)));
+  QJsonArray limits;
+  for (const AirportLimits& row : tables.limitRows())
+    limits.append(limitsJson(row));
+  // A program of before knows no such list.
+  if (!limits.isEmpty())
+    lists.insert(table::空港別制限.toString(), limits);
   QJsonObject settings;
   for (size_t i = 0; i < settingSpecs.size(); ++i) {
     const auto index = static_cast<SettingIndex>(i);
@@ -109,6 +128,8 @@ void importData(Tables& tables, const QByteArray& json) {
       else
         storeList(tables, list, rows);
     }
+    if (import.limits)
+      storeLimits(tables, *import.limits);
     for (const auto& [index, value] : import.settings)
       tables.settings().setValue(index, value);
     tables.settings().update();

@@ -10,8 +10,8 @@
 namespace soran {
 
 /// All that is the user's own as one JSON object in UTF-8: the lists 飛行場情報, 自動デコード, カンパニー,
-/// 気象略語 and 日本語解析 as rows of two texts, and the settings but for those that belong to one
-/// installation (versions, dates, the update address, the counter of exits).
+/// 気象略語 and 日本語解析 as rows of two texts, 空港別制限 where it has rows, and the settings but for those
+/// that belong to one installation (versions, dates, the update address, the counter of exits).
 QByteArray exportedData(const Tables& tables);
 
 /// Takes such an object over: each list and each setting that it holds. It is checked whole before anything

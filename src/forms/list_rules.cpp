@@ -3,6 +3,7 @@
 #include "forms/list_rules.h"
 
 #include "base/text.h"
+#include "reports/airport_limits.h"
 
 namespace soran {
 
@@ -78,6 +79,13 @@ void storeDictionary(Tables& tables, QStringView table, const std::vector<Edited
       stored.push_back({int(stored.size()) + 1, upperText(word), trimmedText(meaning)});
   }
   tables.rewrite(table, stored);
+}
+
+void storeLimits(Tables& tables, const QList<AirportLimits>& rows) {
+  std::vector<QVariantList> stored;
+  for (const AirportLimits& row : rows)
+    stored.push_back(storedRow(row, int(stored.size()) + 1));
+  tables.rewrite(table::空港別制限, stored);
 }
 
 bool storeList(Tables& tables, QStringView table, const std::vector<EditedRow>& rows) {

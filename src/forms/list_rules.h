@@ -20,8 +20,11 @@ void storeGroups(Tables& tables, const std::vector<EditedRow>& rows);
 /// `table` is 気象略語 or 日本語解析.
 void storeDictionary(Tables& tables, QStringView table, const std::vector<EditedRow>& rows);
 
-/// The editor's write-back of a list table by its name; false where the table is none that an editor
-/// rewrites.
+/// The rows as they are, ranked in their order.
+void storeLimits(Tables& tables, const QList<AirportLimits>& rows);
+
+/// The editor's write-back of a list table by its name; false where the table is none of two texts a
+/// row.
 bool storeList(Tables& tables, QStringView table, const std::vector<EditedRow>& rows);
 
 } // namespace soran

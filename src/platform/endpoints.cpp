@@ -121,8 +121,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   const std::vector<ReportSource> listed = sourcesIn(ini, iniFile);
   ini.beginGroup(u"endpoints"_s);
   const QHash<QString, QString*> known = {
-      {u"update"_s, &e.update}, {u"metar"_s, &e.metar}, {u"taf"_s, &e.taf},      {u"cycles"_s, &e.cycles},
-      {u"home"_s, &e.home},     {u"probe"_s, &e.probe}, {u"sigmet"_s, &e.sigmet}};
+      {u"update"_s, &e.update}, {u"metar"_s, &e.metar}, {u"taf"_s, &e.taf},       {u"cycles"_s, &e.cycles},
+      {u"home"_s, &e.home},     {u"probe"_s, &e.probe}, {u"sigmet"_s, &e.sigmet}, {u"shared"_s, &e.shared}};
   const QStringList keys = ini.childKeys();
   for (const QString& name : keys) {
     // An address with a comma arrives as a list.
@@ -136,6 +136,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
     else
       e.others.insert(name, value);
   }
+  if (e.shared.startsWith(u"file:"))
+    e.shared = QUrl(e.shared).toLocalFile();
   const bool namesOwn = !listed.empty() || keys.contains(u"metar"_s) || keys.contains(u"taf"_s);
   if (namesOwn)
     e.sources = listed;

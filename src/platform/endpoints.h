@@ -25,7 +25,9 @@ struct Endpoints {
   /// The sources of METAR and TAF, in the order in which they are asked. Where there are none, the station
   /// files below `metar` and `taf` are the only one.
   std::vector<ReportSource> sources = {};
-  int ahead = 0;                  ///< stations whose reports are on the way ahead of their turn, 0 to 8
+  QString shared =
+      {};        ///< the folder in which the desks of an office tell each other; empty where they do not
+  int ahead = 0; ///< stations whose reports are on the way ahead of their turn, 0 to 8
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
   QHash<QString, QString> others; ///< hosts of charts and cameras that go before `images`, by key
   ImageTable images = {};         ///< where each chart and camera is had

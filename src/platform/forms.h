@@ -103,6 +103,11 @@ struct EditGroups {
   static constexpr QStringView name = u"company";
   using Outcome = std::monostate;
 };
+/// The limits of single airports.
+struct EditLimits {
+  static constexpr QStringView name = u"limits";
+  using Outcome = std::monostate;
+};
 struct EditDictionary {
   static constexpr QStringView name = u"weather";
   using Outcome = std::monostate;
@@ -133,7 +138,7 @@ using Form =
 
 /// A form that the user answers.
 using ModalForm = std::variant<form::NoConnection, form::EditAirports, form::EditAutoList, form::EditGroups,
-                               form::EditDictionary, form::EditSettings, form::PdfNotice>;
+                               form::EditLimits, form::EditDictionary, form::EditSettings, form::PdfNotice>;
 using ModalOutcome = std::variant<std::monostate, form::EditSettings::Outcome, form::PdfNotice::Outcome>;
 
 template <class... Kinds>

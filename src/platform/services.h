@@ -50,6 +50,9 @@ struct Services : FrontEnd {
   std::function<QByteArray()> positions = [] { return QByteArray(); };
   std::function<QByteArray()> coast = [] { return QByteArray(); };
 
+  /// The runways of airports, as Runways takes them; may be empty.
+  std::function<QByteArray()> runways = [] { return QByteArray(); };
+
   /// The SHA-256 of the update module that this run copied from the user's own machine; empty where none.
   QByteArray copiedModule = {};
 

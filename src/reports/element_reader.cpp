@@ -5,6 +5,7 @@
 #include "reports/group_shapes.h"
 #include "reports/group_walk.h"
 #include "reports/limit_readings.h"
+#include "reports/weather_words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,22 +38,6 @@ bool beginsNotes(QStringView group) {
   return hasShape(group.first(std::min<qsizetype>(group.size(), 5)),
                   {u"TX##/", u"TN##/", u"TXM##", u"TNM##"}) ||
          std::ranges::find(words, group) != std::end(words);
-}
-
-/// WMO No. 306, code table 4678, by the words of the colouring: a sign or VC, then pairs of letters.
-bool isWeather(QStringView group) {
-  if (group.startsWith(u'+') || group.startsWith(u'-'))
-    group = group.sliced(1);
-  if (group.isEmpty() || group.size() % 2 != 0 || group.startsWith(u"RE"))
-    return false;
-  for (; !group.isEmpty(); group = group.sliced(2)) {
-    const auto isPair = [pair = group.first(2)](const colouring::WeatherWord& word) {
-      return word.word == pair && word.emphasis == colouring::Emphasis::Own;
-    };
-    if (std::ranges::none_of(colouring::weatherWords, isPair))
-      return false;
-  }
-  return true;
 }
 
 bool isClearSky(QStringView group) {
@@ -139,6 +124,8 @@ bool ElementReader::takeWord() {
     values_.cavok = words_;
   else if (group_ == u"NSW")
     values_.noWeather = words_;
+  else if (group_ == u"//")
+    values_.hidesWeather = true;
   else if (isClearSky(group_))
     values_.clouds.push_back(words_);
   else
@@ -264,7 +251,7 @@ bool ElementReader::takePressure() {
 }
 
 bool ElementReader::takeWeather() {
-  if (!isWeather(group_))
+  if (!isWeatherGroup(group_))
     return false;
   values_.weather.push_back(words_);
   return true;

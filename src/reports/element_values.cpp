@@ -57,6 +57,7 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
     merged.runwayRanges = later.runwayRanges;
   if (later.cavok || later.noWeather || !later.weather.empty()) {
     merged.weather = later.weather;
+    merged.hidesWeather = later.hidesWeather;
     merged.noWeather = later.noWeather;
   }
   if (later.cavok || !later.clouds.empty()) {

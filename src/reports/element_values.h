@@ -103,6 +103,7 @@ struct ElementValues {
   std::optional<Visibility> visibility = {}; ///< the lowest of several; nothing with CAVOK
   std::vector<RunwayRange> runwayRanges = {};
   std::vector<Words> weather = {};      ///< present or forecast, not that of the hour before
+  bool hidesWeather = false;            ///< "//": a station without people cannot tell it
   std::optional<Words> noWeather = {};  ///< NSW
   std::vector<Words> clouds = {};       ///< layers, vertical visibility, and the words of a sky without any
   std::optional<Ceiling> layer = {};    ///< the lowest of BKN and OVC
@@ -121,6 +122,10 @@ struct ElementValues {
   /// Prevailing visibility and ceiling are known, be it that there is no ceiling; CAVOK tells both.
   bool tellsVisibility() const { return cavok || visibility; }
   bool tellsCeiling() const { return cavok || (!clouds.empty() && !hidesCeiling); }
+  /// Weather is known, be it that there is none.
+  bool tellsWeather() const {
+    return cavok || noWeather || !weather.empty() || (visibility && !hidesWeather);
+  }
   /// No element at all is told.
   bool isEmpty() const { return *this == ElementValues(); }
   bool operator==(const ElementValues&) const = default;

@@ -91,25 +91,33 @@ QString tafLines(const StationForecast& forecast, const SettingsRecord& settings
 }
 
 QString nameOf(LimitedElement element) {
-  return element == LimitedElement::Visibility    ? u"視程"_s
-         : element == LimitedElement::RunwayRange ? u"RVR"_s
-                                                  : u"雲高"_s;
+  constexpr QStringView names[] = {u"視程", u"RVR", u"雲高", u"風速", u"突風", u"横風", u"天気"};
+  return names[size_t(element)].toString();
+}
+
+/// The second line of the worst: the limit and how far beyond it.
+QString limitLine(const Crossing& crossing) {
+  const QString line = u"      条件" + QString::number(crossing.condition) + u" の";
+  if (crossing.element == LimitedElement::Weather)
+    return line + u"天気に当たる" + crlf;
+  const QString unit = crossing.isAbove()                            ? u" kt"_s
+                       : crossing.element == LimitedElement::Ceiling ? u" ft"_s
+                                                                     : u" m"_s;
+  return line + u"制限値 " + QString::number(crossing.limit) + unit + u" を " +
+         QString::number(crossing.beyond()) + unit + (crossing.isAbove() ? u" 上回る" : u" 下回る") + crlf;
 }
 
 QString worstLine(const StationForecast& forecast, const SettingsRecord& settings) {
   if (forecast.trendSlices.empty() && forecast.tafSlices.empty())
     return u"最も悪い予報 ： この時刻の予報がありません" + crlf;
   if (!forecast.worst)
-    return u"最も悪い予報 ： 制限値を下回るものはありません" + crlf;
+    return u"最も悪い予報 ： 制限値を超えるものはありません" + crlf;
   const WorstSlice& worst = *forecast.worst;
   const ForecastSlice& slice = forecast.slicesOf(worst.report)[worst.slice];
-  const QString unit = worst.crossing.element == LimitedElement::Ceiling ? u" ft"_s : u" m"_s;
   return u"最も悪い予報 ： " + (worst.report == ReportKind::Taf ? u"TAF "_s : u"METAR 傾向予報 "_s) +
          kindOf(slice) + u' ' + period(slice.from, slice.to, settings) + u" に " +
          nameOf(worst.crossing.element) + u' ' + worst.crossing.words.in(forecast.textOf(worst.report)) +
-         crlf + u"      条件" + QString::number(worst.crossing.condition) + u" の制限値 " +
-         QString::number(worst.crossing.limit) + unit + u" を " + QString::number(worst.crossing.below()) +
-         unit + u" 下回る" + crlf;
+         crlf + limitLine(worst.crossing);
 }
 
 } // namespace
@@ -142,7 +150,7 @@ StationForecast forecastAt(const QString& metarText, const QString& tafText, con
   for (const ReportKind report : {ReportKind::Metar, ReportKind::Taf}) {
     const std::vector<ForecastSlice>& slices = forecast.slicesOf(report);
     for (size_t i = 0; i < slices.size(); ++i) {
-      const std::vector<Crossing> found = crossings(slices[i].values, limits);
+      const std::vector<Crossing> found = crossings(slices[i].values, forecast.textOf(report), limits);
       const Crossing* crossing = worstOf(found);
       if (crossing && (!forecast.worst || isWorse(*crossing, forecast.worst->crossing)))
         forecast.worst = WorstSlice{report, i, *crossing};

@@ -36,7 +36,7 @@ struct StationForecast {
   std::optional<Taf> taf = {};
   std::vector<ForecastSlice> trendSlices = {}; ///< around the time
   std::vector<ForecastSlice> tafSlices = {};
-  std::optional<WorstSlice> worst = {}; ///< nothing where no slice lies below a limit
+  std::optional<WorstSlice> worst = {}; ///< nothing where no slice lies beyond a limit
 
   const QString& textOf(ReportKind report) const { return report == ReportKind::Taf ? tafText : metarText; }
   const std::vector<ForecastSlice>& slicesOf(ReportKind report) const {

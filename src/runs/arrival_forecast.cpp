@@ -35,7 +35,7 @@ QString arrivalForecast(Program& program, const StationCode& code, const QDateTi
   if (metar.isEmpty() && taf.isEmpty())
     return title + crlf + code.text() + u"  NOT FOUND" + crlf;
   const StationForecast forecast =
-      forecastAt(metar, taf, at, program.services.clock.now().toUTC(), Limits::of(program.record()));
+      forecastAt(metar, taf, at, program.services.clock.now().toUTC(), program.limitsOf(code));
   return title + crlf + forecastText(forecast, program.record());
 }
 

@@ -39,7 +39,7 @@ Meteogram gatherMeteogram(Program& program, const StationCode& code) {
     metars += {metar->before, metar->text};
   const auto* taf = program.knownReports.find(code, ReportKind::Taf);
   Meteogram meteogram = meteogramOf(code, metars, taf ? taf->text : QString(),
-                                    program.services.clock.now().toUTC(), Limits::of(program.record()));
+                                    program.services.clock.now().toUTC(), program.limitsOf(code));
   meteogram.name = program.dictionaries().stationName(code.text()).value_or(QString());
   return meteogram;
 }

@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "desk/verdict.h"
+#include "runs/desk_record.h"
 
 #include <algorithm>
 
@@ -14,42 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int keptDays = 30;
-
 bool ringsByCondition(Program& program) {
   return program.desk.tellsCrossings || program.settings()[key::条件アラーム] == true;
 }
 
 QDateTime utcNow(const Program& program) {
   return program.services.clock.now().toUTC();
-}
-
-void tellFault(Program& program, FileFault fault) {
-  if (fault != FileFault::None && fault != program.desk.logFault)
-    program.console.addLogEntry(u"SHIFT LOG: " + faultLine(fault, largestListFile).toUpper());
-  program.desk.logFault = fault;
-}
-
-AlarmBook& bookOf(Program& program) {
-  NightDeskState& desk = program.desk;
-  if (!desk.book) {
-    tellFault(program, desk.log.dropBefore(utcNow(program).addDays(-keptDays)));
-    const ShiftLog::Content content = desk.log.read();
-    tellFault(program, content.fault);
-    desk.book.emplace(content.events);
-  }
-  return *desk.book;
-}
-
-/// Writes the events down, in the running log too.
-void record(Program& program, const std::vector<AlarmEvent>& events) {
-  if (events.empty())
-    return;
-  for (const AlarmEvent& event : events)
-    program.console.addLogEntry(eventText(event));
-  tellFault(program, program.desk.log.add(events));
-  if (program.desk.tellsCrossings)
-    program.desk.untold.insert(program.desk.untold.end(), events.begin(), events.end());
 }
 
 QTime hourOf(const std::optional<QString>& setting) {
@@ -74,7 +45,7 @@ QStringList watchedCodes(Program& program) {
   return codes;
 }
 
-BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
+BoardRow rowOf(Program& program, const QString& text) {
   const StationCode code(text);
   const auto* metar = program.knownReports.find(code, ReportKind::Metar);
   const auto* taf = program.knownReports.find(code, ReportKind::Taf);
@@ -88,7 +59,7 @@ BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
   }
   if (taf)
     reports.taf = taf->text;
-  BoardRow row = boardRow(code, reports, limits, utcNow(program));
+  BoardRow row = boardRow(code, reports, program.limitsOf(code), utcNow(program));
   row.name = program.dictionaries().stationName(text).value_or(QString());
   row.source = metar ? metar->source : QString();
   row.sigmets = sigmetsOver(program, text);
@@ -98,6 +69,12 @@ BoardRow rowOf(Program& program, const QString& text, const Limits& limits) {
 
 QString countText(size_t count) {
   return QString::number(count) + (count == 1 ? u" ALARM"_s : u" ALARMS"_s);
+}
+
+/// With what is wrong with the files behind it.
+QString withNote(const Program& program, const QString& text) {
+  const QString note = recordNote(program);
+  return note.isEmpty() ? text : text + crlf + note;
 }
 
 /// The words without doubled blanks.
@@ -121,7 +98,6 @@ void observeReports(Program& program) {
   if (!ringsByCondition(program))
     return;
   const QStringList watched = watchedCodes(program);
-  const Limits limits = Limits::of(program.record());
   const QDateTime now = utcNow(program);
   std::vector<AlarmEvent> events;
   const auto take = [&](const QString& code, ReportKind kind, const Verdict& verdict) {
@@ -129,6 +105,7 @@ void observeReports(Program& program) {
                       std::back_inserter(events));
   };
   for (const LastReport& report : program.knownReports.takenSince(program.desk.taken)) {
+    const Limits limits = program.limitsOf(StationCode(report.code));
     if (report.kind == ReportKind::Metar && watched.contains(report.code))
       take(report.code, report.kind, metarVerdict(report.text, now, limits));
   }
@@ -136,7 +113,7 @@ void observeReports(Program& program) {
   // What a TAF tells of the hours ahead changes with the time.
   for (const QString& code : watched) {
     if (const auto* taf = program.knownReports.find(StationCode(code), ReportKind::Taf))
-      take(code, ReportKind::Taf, tafVerdict(taf->text, now, limits));
+      take(code, ReportKind::Taf, tafVerdict(taf->text, now, program.limitsOf(StationCode(code))));
   }
   record(program, events);
 }
@@ -144,6 +121,7 @@ void observeReports(Program& program) {
 void ringAlarms(Program& program) {
   if (!ringsByCondition(program))
     return;
+  tendRecords(program);
   const QDateTime now = utcNow(program);
   const QTime local = now.addSecs(program.record().zoneOffset().hours * 3600).time();
   const std::vector<AlarmEvent> events = bookOf(program).ring(ringRules(program), now, local);
@@ -155,10 +133,9 @@ void ringAlarms(Program& program) {
 }
 
 std::vector<BoardRow> boardRows(Program& program, const QStringList& codes) {
-  const Limits limits = Limits::of(program.record());
   std::vector<BoardRow> rows;
   for (const QString& code : codes)
-    rows.push_back(rowOf(program, code, limits));
+    rows.push_back(rowOf(program, code));
   return rows;
 }
 
@@ -183,12 +160,14 @@ QString boardScreenText(Program& program, const QStringList& codes, int columns)
   sortWorstFirst(rows);
   const QDateTime now = utcNow(program);
   const size_t ringing = bookOf(program).ringing().size();
-  return u"*** BOARD " + now.toString(u"HH:mm"_s) + u"Z - " + countText(ringing) + u" ***" + crlf + crlf +
+  const QString note = recordNote(program);
+  return u"*** BOARD " + now.toString(u"HH:mm"_s) + u"Z - " + countText(ringing) + u" ***" + crlf +
+         (note.isEmpty() ? QString() : note + crlf) + crlf +
          (rows.empty() ? u"NO AIRPORT IN THE LIST"_s : boardText(rows, columns, now)) + crlf;
 }
 
 void acknowledge(Program& program, const StationCode& code) {
-  record(program, bookOf(program).acknowledge(code, utcNow(program)));
+  recordAct(program, bookOf(program).acknowledge(code, utcNow(program)));
 }
 
 std::optional<QString> acknowledgeText(Program& program, const QString& words) {
@@ -203,13 +182,13 @@ std::optional<QString> acknowledgeText(Program& program, const QString& words) {
     for (const QString& code : codes)
       std::ranges::copy(book.acknowledge(StationCode(code), utcNow(program)), std::back_inserter(events));
   }
-  record(program, events);
+  recordAct(program, events);
   if (events.empty())
     return u"NO ALARM TO ACKNOWLEDGE"_s;
   QStringList done;
   for (const AlarmEvent& event : events)
     done.append(event.code);
-  return u"ACKNOWLEDGED " + done.join(u' ');
+  return withNote(program, u"ACKNOWLEDGED " + done.join(u' '));
 }
 
 std::optional<QString> muteText(Program& program, const QString& words) {
@@ -222,38 +201,16 @@ std::optional<QString> muteText(Program& program, const QString& words) {
   const QDateTime now = utcNow(program);
   if (parts.size() == 2 && parts[1] == u"OFF") {
     const std::vector<AlarmEvent> events = bookOf(program).unmute(code, now);
-    record(program, events);
-    return code.text() + (events.empty() ? u" IS NOT MUTED"_s : u" SOUNDS AGAIN"_s);
+    recordAct(program, events);
+    return withNote(program, code.text() + (events.empty() ? u" IS NOT MUTED"_s : u" SOUNDS AGAIN"_s));
   }
   bool isNumber = parts.size() == 1;
   const int minutes = isNumber ? usualMinutes : parts[1].toInt(&isNumber);
   if (!isNumber || minutes < 1 || minutes > longestMinutes)
     return std::nullopt;
   const AlarmEvent event = bookOf(program).mute(code, now.addSecs(minutes * 60), now);
-  record(program, {event});
-  return eventText(event);
-}
-
-std::optional<QString> shiftText(Program& program, const QString& words) {
-  constexpr int usualHours = 12;
-  bool isNumber = words.isEmpty();
-  const int hours = isNumber ? usualHours : words.toInt(&isNumber);
-  if (!isNumber || hours < 1 || hours > keptDays * 24)
-    return std::nullopt;
-  const ShiftLog::Content content = program.desk.log.read();
-  const QDateTime from = utcNow(program).addSecs(-hours * 3600);
-  QStringList lines;
-  for (const AlarmEvent& event : content.events) {
-    if (event.time >= from)
-      lines.append(eventLine(event));
-  }
-  QString text = u"*** SHIFT LOG - LAST " + QString::number(hours) + u" h ***" + crlf + crlf;
-  if (content.fault != FileFault::None)
-    return text + u"NOT READ: " + faultLine(content.fault, largestListFile).toUpper() + crlf;
-  text += lines.isEmpty() ? u"NO ENTRY"_s : lines.join(crlf.toString());
-  if (content.unreadable > 0)
-    text += crlf + crlf + QString::number(content.unreadable) + u" LINES NOT READ";
-  return text + crlf;
+  recordAct(program, {event});
+  return withNote(program, eventText(event));
 }
 
 } // namespace soran

@@ -29,11 +29,10 @@ std::optional<QStringList> boardCodes(Program& program, const QString& group);
 /// The board as text for a terminal of so many columns. Asks for the SIGMETs; waits in the event loop.
 QString boardScreenText(Program& program, const QStringList& codes, int columns);
 
-/// Does what ACK, MUTE and SHIFT ask and tells what was done; nothing where the words are none of theirs.
-/// "RJTT" or "ALL"; "RJTT", "RJTT 90" (minutes), "RJTT OFF"; the hours to look back, 12 where there are none.
+/// Does what ACK and MUTE ask and tells what was done; nothing where the words are none of theirs. "RJTT" or
+/// "ALL"; "RJTT", "RJTT 90" (minutes), "RJTT OFF".
 std::optional<QString> acknowledgeText(Program& program, const QString& words);
 std::optional<QString> muteText(Program& program, const QString& words);
-std::optional<QString> shiftText(Program& program, const QString& words);
 
 /// Acknowledges the alarm of one airport, as a click does.
 void acknowledge(Program& program, const StationCode& code);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desk/alarm_book.h"
+#include "desk/shared_log.h"
 #include "desk/shift_log.h"
 #include "pictures/station_positions.h"
 #include "runs/sigmet_list.h"
@@ -18,6 +19,12 @@ struct NightDeskState {
   ShiftLog log;
   std::optional<AlarmBook> book = {}; ///< made of the log when it is first needed
   FileFault logFault = FileFault::None;
+  std::vector<AlarmEvent> unwritten = {}; ///< what the log does not have yet
+  int lost = 0;                           ///< events that were too many to be kept so
+  std::optional<SharedLog> shared = {};   ///< what the desks of an office share, where they do
+  std::vector<AlarmEvent> unshared = {};  ///< what it does not have yet
+  FileFault sharedFault = FileFault::None;
+  QDateTime triedFiles = {};   ///< UTC, when the files above were last tried
   int taken = 0;               ///< count of the reports that were compared with the limits
   QDateTime watchedSince = {}; ///< UTC, the beginning of the watch without an interruption
   QDateTime lastPass = {};     ///< UTC, of the watch

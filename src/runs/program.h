@@ -5,6 +5,7 @@
 #include "base/report_rules.h"
 #include "platform/services.h"
 #include "reports/dictionaries.h"
+#include "reports/limits.h"
 #include "runs/night_desk_state.h"
 #include "runs/report_intake.h"
 #include "runs/run_request.h"
@@ -78,6 +79,10 @@ struct Program {
     return *dictionaries_;
   }
 
+  /// What is beyond a limit at an airport: that of its rows in 空港別制限, of those for all airports and of
+  /// the settings.
+  Limits limitsOf(const StationCode& code);
+
   /// The text on panel 1 while there is a network; it tells where the first source of reports is away.
   QString connectedText() const;
 
@@ -85,7 +90,14 @@ struct Program {
   void showAutoDecodeStopped() { console.setPanel(2, QStringLiteral("自動デコード停止")); }
 
  private:
+  struct KnownLimits {
+    std::optional<Runways> runways = {};
+    QList<AirportLimits> rows = {};
+    int revision = -1;
+  };
+
   std::unique_ptr<Dictionaries> dictionaries_;
+  KnownLimits limits_;
   int dictionaryRevision_ = 0;
 };
 

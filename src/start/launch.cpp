@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <algorithm>
 
@@ -36,7 +37,8 @@ QString* textOption(LaunchOptions& options, const QString& name) {
   const std::pair<QStringView, QString*> texts[] = {{u"--list", &options.list},
                                                     {u"--group", &options.group},
                                                     {u"--exec", &options.exec},
-                                                    {u"--webhook", &options.webhook}};
+                                                    {u"--webhook", &options.webhook},
+                                                    {u"--shared", &options.shared}};
   const auto found = std::ranges::find(texts, QStringView(name), &std::pair<QStringView, QString*>::first);
   return found == std::end(texts) ? nullptr : found->second;
 }
@@ -109,6 +111,8 @@ LaunchOptions readOptions(const QStringList& arguments) {
 QString optionsHelp() {
   return u"  --home DIR        the program's directory: database, data/, sound/ (made if it does not exist)\n"
          "  --endpoints FILE  the endpoints file (else endpoints.ini in the program's directory)\n"
+         "  --shared DIR      a folder in which the desks of an office tell each other what was "
+         "acknowledged\n"
          "  --demo            the embedded endpoint serves everything: demonstration data, no weather\n"
          "  --now ISO-8601    the clock stands at this instant, such as 2026-11-24T14:20:00+09:00\n"
          "  --help            this text\n"
@@ -123,6 +127,11 @@ Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile deliv
   setClock_ = options.now ? static_cast<SetClock*>(clock_.get()) : nullptr;
   endpoints_ = Endpoints::builtIn(u"qrc:/delivered"_s);
   endpoints_.images = readImageTable(delivered_(u"imagery.ini"_s), u"imagery.ini"_s);
+  // What it names goes before what the files name.
+  const auto share = qScopeGuard([&] {
+    if (!options.shared.isEmpty())
+      endpoints_.shared = QDir::current().absoluteFilePath(options.shared);
+  });
   if (options.demo) {
     startDemo(delivered_);
     return;
@@ -186,6 +195,7 @@ Services Launch::services(const FrontEnd& frontEnd) {
   services.stations = [this] { return delivered_(u"stations.tsv"_s); };
   services.positions = [this] { return delivered_(u"positions.tsv"_s); };
   services.coast = [this] { return delivered_(u"coast.bin"_s); };
+  services.runways = [this] { return delivered_(u"runways.tsv"_s); };
   services.deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); };
   return services;
 }

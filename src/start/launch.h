@@ -17,6 +17,7 @@ namespace soran {
 struct LaunchOptions {
   QString home;         ///< the program's directory; empty for the user's own
   QString endpoints;    ///< the endpoints file; empty for endpoints.ini in the program's directory
+  QString shared = {};  ///< the folder of the desks of an office; empty for that of the endpoints file
   bool runs = false;    ///< the states of a session tell the coloured runs
   bool json = false;    ///< what is told comes as JSON
   bool board = false;   ///< the window shows the board of the watch from its start

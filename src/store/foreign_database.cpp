@@ -22,7 +22,7 @@ namespace {
 }
 
 bool isOurTable(QStringView name) {
-  return std::find(allTables.begin(), allTables.end(), name) != allTables.end();
+  return isOptional(name) || std::find(allTables.begin(), allTables.end(), name) != allTables.end();
 }
 
 /// The statement counts, not the type beside it, which whoever made the file may have written there.
@@ -37,7 +37,8 @@ bool makesAnIndex(const QVariant& statement) {
          text.startsWith(u"CREATE UNIQUE INDEX", Qt::CaseInsensitive);
 }
 
-void requireOurTablesAlone(const Database& foreign) {
+/// Gives the names of the tables.
+QSet<QString> requireOurTablesAlone(const Database& foreign) {
   QSet<QString> tables;
   foreign.forEachRow(u"SELECT type, name, tbl_name, sql FROM sqlite_master"_s, [&](const QVariantList& row) {
     const QString type = row[0].toString();
@@ -49,8 +50,11 @@ void requireOurTablesAlone(const Database& foreign) {
     else if (type != u"index" || !isOurTable(row[2].toString()) || !makesAnIndex(row[3]))
       refuse(type + u' ' + name);
   });
-  if (tables.size() != qsizetype(allTables.size()))
-    refuse(u"a table is missing"_s);
+  for (const QStringView table : allTables) {
+    if (!tables.contains(table.toString()))
+      refuse(u"a table is missing"_s);
+  }
+  return tables;
 }
 
 /// The columns of a table, each of which must be stored as it is read.
@@ -152,7 +156,7 @@ void copyForeignDatabase(const QString& foreign, const QString& own) {
   auto removal = qScopeGuard([&own] { QFile::remove(own); });
   Database from;
   from.open(foreign, Database::Mode::Foreign);
-  requireOurTablesAlone(from);
+  const QSet<QString> tables = requireOurTablesAlone(from);
   {
     Database to;
     to.open(own);
@@ -160,7 +164,7 @@ void copyForeignDatabase(const QString& foreign, const QString& own) {
     to.query(u"PRAGMA journal_mode = MEMORY"_s);
     Transaction transaction(to);
     Copy copy(from, to);
-    for (const QStringView table : allTables)
+    for (const QString& table : tables)
       copy.take(table);
     transaction.commit();
   }

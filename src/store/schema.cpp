@@ -36,6 +36,12 @@ QStringList declarations(QStringView table) {
     columns.append(quotedName(column));
   columns[0] += u" INTEGER";
   columns[1] += u" TEXT";
+  if (table == table::空港別制限) {
+    for (qsizetype i = 2; i < columns.size() - 1; ++i)
+      columns[i] += u" INTEGER";
+    columns.back() += u" TEXT";
+    return columns;
+  }
   columns[2] += table == table::データ ? u" BLOB" : u" TEXT";
   return columns;
 }

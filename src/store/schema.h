@@ -6,10 +6,10 @@
 
 namespace soran {
 
-/// The columns of one of the seven tables as this program makes it, in order; empty for any other.
+/// The columns of one of the tables as this program makes it, in order; empty for any other.
 QStringList columnsOf(QStringView table);
 
-/// Makes one of the seven tables, without a row. Throws StoreError.
+/// Makes one of the tables, without a row. Throws StoreError.
 void createTable(Database& database, QStringView table);
 
 /// Adds the columns that an open database of an earlier program lacks in 設定, with their standard values,

@@ -19,6 +19,9 @@ QStringList listColumns(QStringView table) {
     return {u"順位"_s, u"id"_s, u"route"_s};
   if (table == table::気象略語 || table == table::日本語解析)
     return {u"順位"_s, u"略語"_s, u"意味"_s};
+  if (table == table::空港別制限)
+    return {u"順位"_s, u"ICAOコード"_s, u"条件"_s, u"視程"_s, u"RVR"_s,
+            u"雲高"_s, u"風速"_s,       u"突風"_s, u"横風"_s, u"天気"_s};
   return {};
 }
 
@@ -27,7 +30,7 @@ Tables::Tables()
           RowSet{table::飛行場情報.toString(), u"順位"_s}, RowSet{table::自動デコード.toString(), u"順位"_s},
           RowSet{table::カンパニー.toString(), u"順位"_s}, RowSet{table::気象略語.toString(), u"順位"_s},
           RowSet{table::日本語解析.toString(), u"順位"_s}, RowSet{table::データ.toString(), u"順位"_s},
-          RowSet{table::設定.toString(), QString()}} {}
+          RowSet{table::設定.toString(), QString()},       RowSet{table::空港別制限.toString(), u"順位"_s}} {}
 
 void Tables::openAllTables(const QString& path) {
   closeAll();
@@ -37,8 +40,16 @@ void Tables::openAllTables(const QString& path) {
   } catch (const StoreError&) {
     // A file that cannot be written is read as it is.
   }
-  for (RowSet& set : sets_)
-    set.open(database_);
+  openSets();
+}
+
+void Tables::openSets() {
+  for (RowSet& set : sets_) {
+    if (isOptional(set.table()) && database_.columns(set.table()).isEmpty())
+      set.close();
+    else
+      set.open(database_);
+  }
   settings_.load();
   ++revision_;
 }
@@ -60,7 +71,7 @@ const RowSet* Tables::byName(QStringView table) const {
 
 void Tables::rewrite(QStringView table, const std::vector<QVariantList>& rows) {
   RowSet* set = byName(table);
-  if (!set || !set->isOpen())
+  if (!set || !(set->isOpen() || isOptional(table)))
     throw StoreError("not open: " + table.toString().toStdString());
   const QStringList known = listColumns(table);
   const QStringList& columns = known.isEmpty() ? set->columns() : known;
@@ -73,6 +84,8 @@ void Tables::rewrite(QStringView table, const std::vector<QVariantList>& rows) {
     std::optional<Transaction> transaction;
     if (!inTransaction_)
       transaction.emplace(database_);
+    if (!set->isOpen() && database_.columns(table.toString()).isEmpty())
+      createTable(database_, table);
     database_.execute(u"DELETE FROM "_s + quotedName(table));
     for (const QVariantList& row : rows)
       database_.execute(insert, row);
@@ -92,10 +105,7 @@ void Tables::inOneTransaction(const std::function<void()>& changes) {
     inTransaction_ = false;
   } catch (...) {
     inTransaction_ = false;
-    for (RowSet& set : sets_)
-      set.open(database_);
-    settings_.load();
-    ++revision_;
+    openSets();
     throw;
   }
 }
@@ -121,6 +131,27 @@ QList<Group> Tables::groupRows() const {
   return list;
 }
 
+QList<AirportLimits> Tables::limitRows() const {
+  const RowSet& rows = *byName(table::空港別制限);
+  QList<AirportLimits> list;
+  for (int i = 0; i < rows.recordCount(); ++i) {
+    const auto number = [&](QStringView column) -> std::optional<int> {
+      const QVariant value = rows.valueAt(i, column);
+      return value.typeId() == QMetaType::LongLong ? std::optional(value.toInt()) : std::nullopt;
+    };
+    list.append({.code = rows.valueAt(i, u"ICAOコード").toString(),
+                 .condition = number(u"条件").value_or(0),
+                 .visibility = number(u"視程"),
+                 .runwayRange = number(u"RVR"),
+                 .ceiling = number(u"雲高"),
+                 .wind = number(u"風速"),
+                 .gust = number(u"突風"),
+                 .crosswind = number(u"横風"),
+                 .weather = rows.valueAt(i, u"天気").toString()});
+  }
+  return list;
+}
+
 QByteArray Tables::picture(QStringView name) const {
   const RowSet& pictures = sets_[5];
   for (int i = 0; i < pictures.recordCount(); ++i) {
@@ -139,6 +170,8 @@ bool isWholeDatabase(const QString& path) {
         return false;
       database.query(u"SELECT * FROM "_s + quotedName(name));
     }
+    if (!database.columns(table::空港別制限.toString()).isEmpty())
+      database.query(u"SELECT * FROM "_s + quotedName(table::空港別制限));
     return database.query(u"SELECT 1 FROM "_s + quotedName(table::設定)).size() == 1;
   } catch (const StoreError&) {
     return false;

@@ -9,7 +9,7 @@
 
 namespace soran {
 
-/// The names of the seven tables.
+/// The names of the tables.
 namespace table {
 inline constexpr QStringView 飛行場情報 = u"飛行場情報";
 inline constexpr QStringView 自動デコード = u"自動デコード";
@@ -18,18 +18,26 @@ inline constexpr QStringView 気象略語 = u"気象略語";
 inline constexpr QStringView 日本語解析 = u"日本語解析";
 inline constexpr QStringView データ = u"データ";
 inline constexpr QStringView 設定 = u"設定";
+inline constexpr QStringView 空港別制限 = u"空港別制限";
 } // namespace table
 
-/// The tables in the order in which they are opened and closed.
+/// The tables that every database holds, in the order in which they are opened and closed.
 inline constexpr std::array allTables = {table::飛行場情報, table::自動デコード, table::カンパニー,
                                          table::気象略語,   table::日本語解析,   table::データ,
                                          table::設定};
+
+/// Whether the table is one that a database need not hold: one that lacks it reads as empty and gets it with
+/// its first rows. The delivered database has none, as programs of before take no file with a table that they
+/// do not know.
+inline bool isOptional(QStringView table) {
+  return table == table::空港別制限;
+}
 
 /// The columns of a list table that an editor fills, in the order of a rewritten row; empty for another
 /// table. A file made for a newer program may hold further ones.
 QStringList listColumns(QStringView table);
 
-/// The program's database: one connection and its seven row sets, open from the start to the exit.
+/// The program's database: one connection and its row sets, open from the start to the exit.
 class Tables {
  public:
   Tables();
@@ -66,6 +74,8 @@ class Tables {
   QList<Airport> airportRows() const { return airportsOf(sets_[0]); }
   QList<Airport> autoRows() const { return airportsOf(sets_[1]); }
   QList<Group> groupRows() const;
+  /// A field of another type than the editor writes is missing.
+  QList<AirportLimits> limitRows() const;
   QList<DictionaryEntry> abbreviationRows() const { return dictionaryOf(sets_[3]); }
   QList<DictionaryEntry> phraseRows() const { return dictionaryOf(sets_[4]); }
 
@@ -78,18 +88,19 @@ class Tables {
   Database& database() { return database_; }
 
  private:
+  void openSets();
   static QList<Airport> airportsOf(const RowSet& rows);
   static QList<DictionaryEntry> dictionaryOf(const RowSet& rows);
 
   Database database_;
-  std::array<RowSet, 7> sets_;
+  std::array<RowSet, 8> sets_;
   Settings settings_{sets_[6]};
   int revision_ = 0;
   bool inTransaction_ = false;
 };
 
-/// True where the file opens with the program's password and holds the seven tables and exactly one settings
-/// row.
+/// True where the file opens with the program's password and holds all tables but optional ones and exactly
+/// one settings row.
 bool isWholeDatabase(const QString& path);
 
 /// True where a journal beside the closed database file would be rolled back into it at the next opening. It

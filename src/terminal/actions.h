@@ -50,6 +50,10 @@ void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
 void board(Terminal& terminal);
 void map(Terminal& terminal);
+/// Of the first airport that is watched.
+void graph(Terminal& terminal);
+/// The limits of single airports: their form, or lines on the screen where there are no windows.
+void limits(Terminal& terminal);
 void runningLog(Terminal& terminal);
 void sunTimes(Terminal& terminal);
 void commandList(Terminal& terminal);

@@ -3,11 +3,9 @@
 #include "terminal/command_line.h"
 
 #include "base/text.h"
-#include "pictures/meteogram.h"
 #include "reports/forecast_at.h"
 #include "runs/arrival_forecast.h"
 #include "runs/last_known.h"
-#include "runs/meteogram_run.h"
 #include "runs/sigmet_list.h"
 #include "sun/sun_command.h"
 #include "terminal/actions.h"
@@ -263,7 +261,7 @@ Outcome arrival(Command& c) {
   return Outcome::Taken;
 }
 
-/// "GRAPH RJTT": its form, or lines on the screen where there are no windows.
+/// "GRAPH RJTT".
 Outcome graph(Command& c) {
   constexpr QStringView word = u"GRAPH ";
   const QString code = c.text.sliced(std::min(word.size(), c.text.size())).trimmed();
@@ -271,16 +269,7 @@ Outcome graph(Command& c) {
     return Outcome::Passed;
   rememberWord(c.program().inputHistory, code);
   rememberWord(c.console().recentCodes, code);
-  c.emptyPad();
-  c.log(u"GRAPH COMMAND " + code);
-  if (!c.program().services.forms.textColumns()) {
-    action::echoPrompt(c.terminal);
-    c.terminal.forms().show(form::Graph{code});
-    return Outcome::Taken;
-  }
-  c.console().appendScreen(crlf.toString());
-  const Meteogram meteogram = gatherMeteogram(c.program(), StationCode(code));
-  c.prompt(u"*** GRAPH " + code + u" ***" + crlf + crlf + meteogramText(meteogram, c.program().record()));
+  showGraph(c.terminal, code);
   return Outcome::Taken;
 }
 
@@ -348,6 +337,7 @@ constexpr Row chain[] = {
     {u"DE", true, run<action::decodeList>},
     {u"GP", true, run<action::groupList>},
     {u"AP", false, run<action::airportList>},
+    {u"LIMITS", false, run<action::limits>},
     {u"WX", true, run<action::charts>},
     {u"CAM", true, run<action::cameras>},
     {u"LOG", false, run<action::runningLog>},

@@ -3,7 +3,9 @@
 #include "terminal/desk_commands.h"
 
 #include "base/text.h"
+#include "runs/meteogram_run.h"
 #include "runs/night_desk.h"
+#include "runs/shift_report.h"
 #include "runs/station_map.h"
 #include "terminal/actions.h"
 #include "terminal/terminal.h"
@@ -33,7 +35,8 @@ struct DeskCommand {
 constexpr DeskCommand commands[] = {
     {u"ACK", u"ACKNOWLEDGE ALARM", u"ACK RJTT / ACK ALL", acknowledgeText},
     {u"MUTE", u"MUTE ALARM", u"MUTE RJTT / MUTE RJTT 90 / MUTE RJTT OFF", muteText},
-    {u"SHIFT", u"DISPLAY SHIFT LOG", u"SHIFT / SHIFT 24", shiftText},
+    {u"SHIFT", u"DISPLAY SHIFT LOG", u"SHIFT / SHIFT 24 / SHIFT 24 CSV / SHIFT 24 JSON / SHIFT 24 PRINT",
+     shiftText},
 };
 
 /// The watched airports in a form of their own where there are windows, else as lines on the screen.
@@ -75,6 +78,21 @@ bool showMap(Terminal& terminal, const QString& group) {
     return false;
   refreshSigmets(terminal.program());
   return true;
+}
+
+void showGraph(Terminal& terminal, const QString& code) {
+  Program& program = terminal.program();
+  program.console.addLogEntry(u"GRAPH COMMAND " + code);
+  program.console.setPad(QString());
+  if (!program.services.forms.textColumns()) {
+    action::echoPrompt(terminal);
+    terminal.forms().show(form::Graph{code});
+    return;
+  }
+  program.console.appendScreen(crlf.toString());
+  const Meteogram meteogram = gatherMeteogram(program, StationCode(code));
+  showLines(terminal,
+            u"*** GRAPH " + code + u" ***" + crlf + crlf + meteogramText(meteogram, program.record()));
 }
 
 bool runDeskCommand(Terminal& terminal, const QString& line) {

@@ -19,4 +19,8 @@ bool showBoard(Terminal& terminal, const QString& group);
 /// The same with the map, which asks for the SIGMETs; waits in the event loop.
 bool showMap(Terminal& terminal, const QString& group);
 
+/// Shows the graph of a station: its form, or a table on the screen where there are no windows. Waits in the
+/// event loop.
+void showGraph(Terminal& terminal, const QString& code);
+
 } // namespace soran

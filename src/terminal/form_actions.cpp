@@ -4,7 +4,9 @@
 
 #include "base/text.h"
 #include "imagery/adobe_notice.h"
+#include "reports/airport_limits.h"
 #include "runs/cycle_files.h"
+#include "runs/night_desk.h"
 #include "terminal/desk_commands.h"
 #include "terminal/terminal.h"
 
@@ -63,6 +65,23 @@ void decodeList(Terminal& terminal) {
 
 void groupList(Terminal& terminal) {
   editList(terminal, u"DISPLAY GROUP LIST"_s, form::EditGroups{});
+}
+
+void limits(Terminal& terminal) {
+  Program& program = terminal.program();
+  program.console.addLogEntry(u"DISPLAY LIMITS OF AIRPORTS"_s);
+  program.console.setPad(QString());
+  if (!program.services.forms.textColumns()) {
+    // The watch goes on meanwhile.
+    echoPrompt(terminal);
+    terminal.forms().showModal(form::EditLimits{});
+    return;
+  }
+  const QList<AirportLimits> rows = program.tables.limitRows();
+  program.console.appendScreen(crlf + u"*** LIMITS ***" + crlf + crlf +
+                               (rows.isEmpty() ? u"NO ROW IN THE LIST"_s : limitsText(rows)) + crlf);
+  program.console.showReady();
+  program.console.colourScreenText();
 }
 
 void decodeListFromMenu(Terminal& terminal) {
@@ -127,6 +146,11 @@ void board(Terminal& terminal) {
 
 void map(Terminal& terminal) {
   showMap(terminal, {});
+}
+
+void graph(Terminal& terminal) {
+  const QStringList watched = boardCodes(terminal.program(), {}).value_or(QStringList());
+  showGraph(terminal, watched.value(0, u"RJTT"_s));
 }
 
 void runningLog(Terminal& terminal) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "update/carry_over.h"
 
+#include "store/schema.h"
+
 namespace soran {
 
 using namespace Qt::StringLiterals;
@@ -28,6 +30,8 @@ void carrySettings(const Tables& live, Database& database) {
 void carryList(const RowSet& rows, Database& database) {
   if (rows.recordCount() == 0)
     return;
+  if (isOptional(rows.table()) && database.columns(rows.table()).isEmpty())
+    createTable(database, rows.table());
   const QString name = quotedName(rows.table());
   const QStringList known = database.columns(rows.table());
   QStringList columns;
@@ -60,7 +64,8 @@ void carryOverData(const Tables& live, const QString& newFile) {
   database.query(u"PRAGMA journal_mode = MEMORY"_s);
   Transaction transaction(database);
   carrySettings(live, database);
-  for (const QStringView list : {table::飛行場情報, table::自動デコード, table::カンパニー, table::気象略語})
+  for (const QStringView list :
+       {table::飛行場情報, table::自動デコード, table::カンパニー, table::気象略語, table::空港別制限})
     carryList(*live.byName(list), database);
   transaction.commit();
 }

@@ -83,6 +83,13 @@ TEST_F(CliTest, SessionReadsAndWritesTables) {
   EXPECT_EQ(state[u"rows"].toArray(),
             (QJsonArray{QJsonObject{{u"順位"_s, 1}, {u"id"_s, u"TTAA"_s}, {u"route"_s, u"RJTT RJAA"_s}},
                         QJsonObject{{u"順位"_s, 3}, {u"id"_s, u"Y"_s}, {u"route"_s, u"RJTT"_s}}}));
+  session.ask(R"({"table": "空港別制限", "rows": [{"ICAOコード": "rjtt", "条件": 2, "横風": 20}]})");
+  EXPECT_TRUE(session.ask(R"({"type": "LIMITS"})")[u"screen"].toString().contains(
+      u"COND   VIS    RVR    CIG    WIND   GUST   XWIND  WX\r\n"
+      "RJTT   2      -      -      -      -      -      20     -\r\n"_s));
+  state = session.ask(R"({"read": "空港別制限"})");
+  EXPECT_EQ(state[u"rows"][0][u"横風"], 20);
+  EXPECT_TRUE(state[u"rows"][0][u"視程"].isNull());
   session.ask(R"({"table": "自動デコード", "rows": []})");
   state = session.ask(R"({"read": "設定"})");
   const QJsonObject row = state[u"rows"].toArray()[0].toObject();
@@ -134,6 +141,7 @@ TEST_F(CliTest, SessionAnswersBadLinesWithAnErrorAlone) {
                                 R"({"table": "カンパニー", "rows": [["X"]]})",
                                 R"({"table": "カンパニー", "rows": [["X", 1]]})",
                                 R"({"table": "カンパニー"})",
+                                R"({"table": "空港別制限", "rows": [["RJTT", "1"]]})",
                                 R"({"read": "表"})",
                                 R"({"choose": 1})",
                                 R"({"close": false})",

@@ -19,6 +19,8 @@ QDateTime at(int hour, int minute) {
 
 const Limits limits = Limits::of(SettingsRecord::standard(u"9"_s));
 
+const std::vector<RunwayEnd> runways = {{u"34L"_s, 330}, {u"16R"_s, 150}};
+
 BoardRow rowOf(const QString& code, const QString& metar, const QString& before = {}) {
   BoardRow row{.code = StationCode(code), .name = u"東京国際"_s};
   row.metar = code + u" 240500Z " + metar;
@@ -27,6 +29,7 @@ BoardRow rowOf(const QString& code, const QString& metar, const QString& before 
   const QString former = code + u" 240430Z " + before;
   row.before = readElements(former, observationIn(former));
   row.freshness = Freshness::Current;
+  row.runwayWind = runwayWind(row.values, runways);
   row.findings = observationVerdict(row.metar, limits).findings;
   return row;
 }
@@ -55,6 +58,7 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
       {BoardColumn::Report, u"METAR 0500Z"_s},
       {BoardColumn::Age, u"12m"_s},
       {BoardColumn::Wind, u"33015G28KT"_s},
+      {BoardColumn::Runway, u"34L H28 X0"_s},
       {BoardColumn::Visibility, u"0700 R34L/0550VP1800D"_s},
       {BoardColumn::Weather, u"+TSRA BR"_s},
       {BoardColumn::Ceiling, u"BKN002"_s},
@@ -64,10 +68,13 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
   };
   for (const auto& [column, text] : cells)
     EXPECT_EQ(cell(row, column), text) << headingOf(column).toStdString();
+  EXPECT_EQ(cell(rowOf(u"RJTT"_s, u"30012KT 9999"_s), BoardColumn::Runway), u"34L H10 L6");
+  EXPECT_EQ(cell(rowOf(u"RJTT"_s, u"VRB03KT 9999"_s), BoardColumn::Runway), u"VRB X3");
   // What is not reported is empty and no change.
   const BoardRow bare = rowOf(u"RJTT"_s, u"///// CAVOK"_s, good);
   EXPECT_EQ(cell(bare, BoardColumn::Temperatures), u"");
   EXPECT_EQ(cell(bare, BoardColumn::Qnh), u"");
+  EXPECT_EQ(cell(bare, BoardColumn::Runway), u"");
   EXPECT_EQ(cell(bare, BoardColumn::Visibility), u"CAVOK");
   EXPECT_EQ(cell(bare, BoardColumn::Changes), u"");
   // No change where a figure says "at least", rounds to the same, or has no height.
@@ -121,9 +128,9 @@ TEST(Board, FitsTheWidthOfTheTerminal) {
       EXPECT_LE(displayWidth(line), std::max(columns, 4)) << line.toStdString();
   }
   EXPECT_EQ(boardText(rows, 80, at(5, 12)).toStdString(),
-            "ST AP   REPORT      AGE WIND    VIS/RVR WX CIG    QNH  CHANGE\r\n"
-            "L3 RJTT METAR 0500Z 12m 33015KT 0700    BR BKN002 1013 WIND↑ VIS↓ CIG↓ QNH↓\r\n"
-            "OK RJAA METAR 0500Z 12m 36010KT 9999              1018");
+            "ST AP   REPORT      AGE WIND    RWY        VIS/RVR WX CIG    QNH\r\n"
+            "L3 RJTT METAR 0500Z 12m 33015KT 34L H15 X0 0700    BR BKN002 1013\r\n"
+            "OK RJAA METAR 0500Z 12m 36010KT 34L H9 R5  9999              1018");
 }
 
 namespace {
@@ -156,25 +163,32 @@ TEST(Verdict, ReadsTheForecastAhead) {
   EXPECT_EQ(worst(8, 5), u"BKN001/12");
   EXPECT_EQ(worst(8, 6), u"0100/13");
   EXPECT_EQ(worst(6, 1), u"3000/06");
-  EXPECT_EQ(toldBy(tafVerdict(text, at(8, 0), limits)), u"VIS 0100, CIG BKN001 (VIS RVR CIG)");
-  EXPECT_EQ(toldBy(tafVerdict(text, at(15, 0), limits)), u"VIS 4000 (VIS RVR CIG)");
+  EXPECT_EQ(toldBy(tafVerdict(text, at(8, 0), limits)),
+            u"VIS 0100, CIG BKN001 (VIS RVR CIG WIND GUST XWIND WX)");
+  EXPECT_EQ(toldBy(tafVerdict(text, at(15, 0), limits)), u"VIS 4000 (VIS RVR CIG WIND GUST XWIND WX)");
   EXPECT_EQ(toldBy(metarVerdict(metar, at(5, 12), limits)),
-            u"TREND VIS 3000 (VIS RVR CIG TREND VIS TREND RVR TREND CIG)");
+            u"TREND VIS 3000 (VIS RVR CIG WIND GUST XWIND WX TREND VIS TREND RVR TREND CIG TREND WIND "
+            "TREND GUST TREND XWIND TREND WX)");
 }
 
 TEST(Verdict, KnowsWhatAReportDoesNotTell) {
   const std::pair<QString, QString> observations[] = {
-      {u"CAVOK"_s, u" (VIS RVR CIG)"_s},
-      {u"1500 FEW010"_s, u"VIS 1500 (VIS RVR CIG)"_s},
-      {u"1400 BKN///"_s, u"VIS 1400 (VIS)"_s},
-      {u"9999 FEW014 //////TCU"_s, u" (VIS RVR CIG)"_s},
-      {u"9999 FEW014 ///015"_s, u" (VIS RVR)"_s},
+      {u"CAVOK"_s, u" (VIS RVR CIG WX)"_s},
+      {u"1500 FEW010"_s, u"VIS 1500 (VIS RVR CIG WX)"_s},
+      {u"1400 BKN///"_s, u"VIS 1400 (VIS WX)"_s},
+      {u"9999 FEW014 //////TCU"_s, u" (VIS RVR CIG WX)"_s},
+      {u"9999 // FEW014"_s, u" (VIS RVR CIG)"_s},
+      {u"//// // RA SCT010"_s, u" (CIG WX)"_s},
+      {u"36010KT"_s, u" (WIND GUST XWIND)"_s},
+      {u"///10KT"_s, u" (WIND GUST)"_s},
+      {u"360//KT"_s, u" ()"_s},
+      {u"9999 FEW014 ///015"_s, u" (VIS RVR WX)"_s},
       {u"//// SCT010"_s, u" (CIG)"_s},
       {u"//// ////// R34/0400"_s, u"RVR R34/0400 (RVR)"_s},
       {u"NIL"_s, u" ()"_s},
   };
   for (const auto& [groups, expected] : observations)
-    EXPECT_EQ(toldBy(observationVerdict(QString(u"RJTT 240500Z 36010KT " + groups), limits)), expected);
+    EXPECT_EQ(toldBy(observationVerdict(QString(u"RJTT 240500Z /////KT " + groups), limits)), expected);
   const std::pair<QString, TafState> tafs[] = {
       {u"TAF RJTT 240505Z NIL"_s, TafState::Missing},
       {u"TAF AMD RJTT 240505Z 2406/2512 CNL"_s, TafState::Cancelled},

@@ -57,12 +57,12 @@ TEST_F(ShiftLogTest, HoldsWhatWasAdded) {
 
 TEST_F(ShiftLogTest, ALineThatIsCutTakesNoOtherWithIt) {
   ASSERT_EQ(log.add(events), FileFault::None);
-  // The end of the last line, as where the disk was full.
+  // The end of the last line, as where the disk was full; then all of it once more.
   ASSERT_TRUE(writeWhole(path, bytes().chopped(20)));
   ASSERT_EQ(log.add(events), FileFault::None);
   ASSERT_EQ(appendToPlainFile(path, "{}\n{\"event\":\"RANG\"}\nnone\n[1]\n"), FileFault::None);
   const ShiftLog::Content content = log.read();
-  EXPECT_EQ(content.events, (std::vector{crossed, rang, crossed, rang, muted}));
+  EXPECT_EQ(content.events, events);
   EXPECT_EQ(content.unreadable, 5);
 }
 
@@ -91,8 +91,11 @@ TEST(ShiftLines, TellEachKindOfEvent) {
   EXPECT_EQ(eventText(back), u"RJAA BACK METAR CIG");
   AlarmEvent odd = crossed;
   odd.words = u"a,\"b\""_s;
-  EXPECT_EQ(shiftCsv(std::vector{odd, muted}),
-            u"time,event,airport,report,element,group,value,limit,level,until\r\n"
-            "2026-11-24T05:00:00Z,CROSSED,RJTT,TAF,VIS,\"a,\"\"b\"\"\",800,1600,2,\r\n"
-            "2026-11-24T07:00:00Z,MUTED,RJTT,,,,,,,2026-11-24T09:00:00Z\r\n");
+  AlarmEvent other = {.time = at(24, 7), .kind = AlarmEventKind::Acknowledged, .code = u"RJTT"_s};
+  other.desk = u"night-1"_s;
+  EXPECT_EQ(eventText(other), u"RJTT ACK BY night-1");
+  EXPECT_EQ(shiftCsv(std::vector{odd, other}),
+            u"time,event,airport,report,element,group,value,limit,level,until,desk\r\n"
+            "2026-11-24T05:00:00Z,CROSSED,RJTT,TAF,VIS,\"a,\"\"b\"\"\",800,1600,2,,\r\n"
+            "2026-11-24T07:00:00Z,ACK,RJTT,,,,,,,,night-1\r\n");
 }

@@ -3,6 +3,7 @@
 #include "desktop/forms/board_form.h"
 #include "desktop/forms/board_model.h"
 #include "runs/night_desk.h"
+#include "runs/shift_report.h"
 #include "window_fixture.h"
 
 #include <QCheckBox>

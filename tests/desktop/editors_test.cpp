@@ -3,6 +3,7 @@
 #include "desktop/widgets/editor_grid.h"
 #include "desktop/widgets/picture_drop.h"
 #include "modal_steps.h"
+#include "reports/airport_limits.h"
 #include "window_fixture.h"
 
 #include <QBuffer>
@@ -101,6 +102,37 @@ TEST_F(EditorsTest, ARefusedGroupKeepsItsCellOpen) {
   EXPECT_TRUE(steps.done());
   ASSERT_EQ(tables().groupRows().size(), before + 1);
   EXPECT_EQ(tables().groupRows().constLast(), (Group{u"KYUSHU"_s, u"RJFF RJFK"_s}));
+}
+
+TEST_F(EditorsTest, LimitsOfAnAirportAreTypedIntoTheirCells) {
+  start();
+  const auto enter = [](QWidget& form, const QString& typed) {
+    auto* field = form.findChild<QLineEdit*>(u"txt"_s);
+    ASSERT_NE(field, nullptr);
+    QTest::keyClicks(field, typed);
+    QTest::keyClick(field, Qt::Key_Return);
+    QTest::qWait(0);
+  };
+  ModalSteps steps({
+      [&](QWidget& form) {
+        auto& grid = *form.findChild<EditorGrid*>(u"grid"_s);
+        EXPECT_EQ(grid.model()->headerData(7, Qt::Horizontal).toString(), u"横風 kt");
+        click(form, u"tool_new");
+        enter(form, u"rjtt"_s);
+        clickCell(grid, 0, int(LimitColumn::Crosswind));
+        click(form, u"tool_edit");
+        enter(form, u"25"_s);
+        clickCell(grid, 0, int(LimitColumn::Weather));
+        click(form, u"tool_edit");
+        enter(form, u"ts fzra"_s);
+        EXPECT_EQ(grid.model()->index(0, int(LimitColumn::Weather)).data(), u"TS FZRA"_s);
+        click(form, u"cmd0");
+      },
+  });
+  type(u"LIMITS"_s);
+  EXPECT_TRUE(steps.done());
+  EXPECT_EQ(tables().limitRows(),
+            QList{(AirportLimits{.code = u"RJTT"_s, .crosswind = 25, .weather = u"TS FZRA"_s})});
 }
 
 TEST_F(EditorsTest, AirportsArePickedForTheAutomaticDecode) {

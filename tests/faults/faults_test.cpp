@@ -6,6 +6,7 @@
 #include "fakes/release.h"
 #include "fakes/updating.h"
 #include "faults/faulty_run.h"
+#include "reports/airport_limits.h"
 #include "start/opening.h"
 #include "support/own_folder.h"
 #include "support/printing.h"
@@ -45,15 +46,24 @@ QByteArray editingOf(const QList<Group>& groups) {
          "\n{\"set\": {\"視程1\": 77, \"視程2\": 77, \"視程3\": 77}}\n";
 }
 
+/// The limits of an airport, and the event of a session by which they are edited.
+QList<AirportLimits> limitsOf(int crosswind) {
+  return {{.code = u"RJTT"_s, .condition = 2, .crosswind = crosswind, .weather = u"TS"_s}};
+}
+const QByteArray editingOfLimits =
+    R"({"table": "空港別制限", "rows": [{"ICAOコード": "RJTT", "条件": 2, "横風": 30, "天気": "TS"}]})"
+    "\n";
+
 /// What is done with the program, and what holds then beside the user's rows.
 struct Deed {
   const char* name;
   std::function<void(Tables&)> before = {};
   QStringList call = {u"run"_s, u"CLS"_s};
   QByteArray input = {};
-  QList<Group> groups = mine; ///< what the groups may be beside those from before
-  bool renews = false;        ///< the module and the database become those of the endpoint
-  bool isFirst = false;       ///< there is nothing yet
+  QList<Group> groups = mine;                 ///< what the groups may be beside those from before
+  bool renews = false;                        ///< the module and the database become those of the endpoint
+  bool isFirst = false;                       ///< there is nothing yet
+  QList<AirportLimits> limits = limitsOf(20); ///< what they may be beside those from before
 };
 
 const Deed deeds[] = {
@@ -70,6 +80,15 @@ const Deed deeds[] = {
     {"Reset", {}, {u"run"_s, u"RESET"_s}},
     {"Compaction", [](Tables& tables) { tables.settings().store(key::起動回数, 60); }},
     {"Editing", {}, {u"session"_s}, editingOf(edited), edited},
+    {"Limits", {}, {u"session"_s}, editingOfLimits, mine, false, false, limitsOf(30)},
+    {"FirstLimits",
+     [](Tables& tables) { tables.database().execute(u"DROP TABLE 空港別制限"_s); },
+     {u"session"_s},
+     editingOfLimits,
+     mine,
+     false,
+     false,
+     {}},
     {"Watch", {}, {u"session"_s}, "{\"type\": \"RJTT\"}\n{\"tick\": 200}\n{\"type\": \"SQ RJTT\"}\n"},
 };
 
@@ -92,7 +111,7 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
     desk.endpoints.update = QUrl::fromLocalFile(QDir::cleanPath(folder)).toString();
   }
 
-  /// The directory of a user with a group, a limit, and a backup from before both.
+  /// The directory of a user with a group, limits, and a backup from before both.
   void prepare(const Deed& deed) {
     desk.clearHome();
     const QByteArray reports = desk.endpoints.update.toUtf8() + "/data/";
@@ -121,6 +140,7 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
     settings.store(key::BASEurl, desk.endpoints.update);
     settings.store(key::雲高1, limit);
     tables.rewrite(table::カンパニー, {{1, mine[0].id, mine[0].route}});
+    tables.rewrite(table::空港別制限, {storedRow(limitsOf(20)[0], 1)});
     if (deed.before)
       deed.before(tables);
   }
@@ -133,6 +153,8 @@ class FaultsTest : public ::testing::TestWithParam<std::tuple<Deed, FaultKind>> 
     EXPECT_EQ(opening.notice(), QString());
     if (!deed.isFirst) {
       EXPECT_THAT(program.tables.groupRows(), AnyOf(mine, deed.groups));
+      const QList<AirportLimits> before = deed.limits.isEmpty() ? limitsOf(30) : limitsOf(20);
+      EXPECT_THAT(program.tables.limitRows(), AnyOf(before, deed.limits));
       EXPECT_EQ(program.settings()[key::雲高1], limit);
       const auto visibility = program.settings()[key::視程1];
       EXPECT_EQ(program.settings()[key::視程2] == visibility, visibility == 77);

@@ -5,6 +5,7 @@
 #include "forms/decode_list_editor.h"
 #include "forms/dictionary_editor.h"
 #include "forms/group_editor.h"
+#include "forms/limits_editor.h"
 #include "forms/picture_file.h"
 #include "forms/printer_selection.h"
 
@@ -281,6 +282,66 @@ TEST_F(EditorsTest, GroupsLackingACellAreDropped) {
   EXPECT_EQ(said(), u"TTAA を削除しますか？　　"_s);
   editor.close();
   EXPECT_EQ(stored(table::カンパニー), u"1,NORTH,RJCC|3,SOUTH,RJFF"_s);
+}
+
+TEST_F(EditorsTest, LimitsAreCheckedCellByCell) {
+  const AirportLimits tokyo{.code = u"RJTT"_s, .condition = 1, .visibility = 900, .weather = u"TS"_s};
+  storeLimits(program.tables, {tokyo, {.code = u"ALL"_s, .condition = 3, .wind = 30}});
+  const QString number = u" の数で入力してください　　"_s;
+  const QString weather = u"天気は TS FZRA +SN のように略号を空白で区切って入力してください　　"_s;
+  const QString code = u"飛行場略号（ICAO 4 Letter）または ALL を入力してください　　"_s;
+  const struct {
+    LimitColumn column;
+    QString typed, said, cell; ///< of the first row afterwards
+  } cases[] = {
+      {LimitColumn::Code, u"rjt"_s, code, u"RJTT"_s},
+      {LimitColumn::Code, u""_s, code, u"RJTT"_s},
+      {LimitColumn::Code, u"1JTT"_s, code, u"RJTT"_s},
+      {LimitColumn::Code, u" rjtt "_s, {}, u"RJTT"_s},
+      {LimitColumn::Condition, u"4"_s, u"条件 は 1 から 3"_s + number, u"1"_s},
+      {LimitColumn::Condition, u""_s, u"条件 は 1 から 3"_s + number, u"1"_s},
+      {LimitColumn::Condition, u"2"_s, {}, u"2"_s},
+      {LimitColumn::Visibility, u"0"_s, u"視程 は 1 から 9999"_s + number, u"900"_s},
+      {LimitColumn::Visibility, u"10000"_s, u"視程 は 1 から 9999"_s + number, u"900"_s},
+      {LimitColumn::Visibility, u"-5"_s, u"視程 は 1 から 9999"_s + number, u"900"_s},
+      {LimitColumn::Visibility, u""_s, {}, u""_s},
+      {LimitColumn::Ceiling, u"30000"_s, {}, u"30000"_s},
+      {LimitColumn::Crosswind, u"25kt"_s, u"横風 は 1 から 199"_s + number, u""_s},
+      {LimitColumn::Weather, u"TS FGG"_s, weather, u"TS"_s},
+      {LimitColumn::Weather, u"ts,fg"_s, weather, u"TS"_s},
+      {LimitColumn::Weather, u" +tsra  vcfg"_s, {}, u"+TSRA VCFG"_s},
+  };
+  LimitsEditor editor(program);
+  for (const auto& c : cases) {
+    editor.select(0, int(c.column));
+    editor.edit();
+    EXPECT_EQ(editor.commit(c.typed), c.said.isEmpty()) << c.typed.toStdString();
+    EXPECT_EQ(said(), c.said);
+    EXPECT_EQ(editor.list().at(0)[int(c.column)], c.cell);
+  }
+  editor.close();
+  EXPECT_EQ(stored(table::空港別制限), u"1,RJTT,2,,,30000,,,,+TSRA VCFG|2,ALL,3,,,,30,,,"_s);
+}
+
+TEST_F(EditorsTest, ANewRowOfLimitsTakesTheConditionThatIsFree) {
+  LimitsEditor editor(program);
+  for (const QStringView condition : {u"1", u"2", u"3"}) {
+    editor.addRow();
+    EXPECT_TRUE(editor.commit(u"RJTT"_s));
+    EXPECT_EQ(editor.list().current()[int(LimitColumn::Condition)], condition);
+  }
+  editor.addRow();
+  EXPECT_FALSE(editor.commit(u"RJTT"_s));
+  EXPECT_EQ(said(), u"RJTT はすでに登録されています　　"_s);
+  editor.select(0, int(LimitColumn::Condition));
+  editor.edit();
+  EXPECT_FALSE(editor.commit(u"3"_s));
+  EXPECT_EQ(said(), u"RJTT 条件3 はすでに登録されています　　"_s);
+  answer(true);
+  editor.remove();
+  EXPECT_EQ(said(), u"RJTT 条件1 を削除しますか？　　"_s);
+  editor.close(); // the row without a code is dropped
+  EXPECT_EQ(stored(table::空港別制限), u"1,RJTT,2,,,,,,,|2,RJTT,3,,,,,,,"_s);
 }
 
 TEST_F(EditorsTest, DictionaryKeysAreComparedWithTheOthers) {

@@ -35,12 +35,16 @@ TEST_F(ExchangeTest, ADeskTakesOverWhatAnotherHas) {
   office.rewrite(table::カンパニー, {{1, u"AREA"_s, u"RJTT RJAA"_s}});
   office.rewrite(table::日本語解析, {{1, u"QQ"_s, u"\"引用\"\t\\"_s}});
   office.rewrite(table::自動デコード, {});
+  storeLimits(office, {{.code = u"RJTT"_s, .condition = 2, .gust = 40, .weather = u"TS +SN"_s},
+                       {.code = u"ALL"_s, .condition = 3, .visibility = 800, .crosswind = 25}});
   office.settings().store(key::視程1, 4321);
   office.settings().store(key::LOCAL使用, false);
   office.settings().store(key::DBバージョン, 9);
   importData(desk, exportedData(office));
   EXPECT_EQ(exportedData(desk), exportedData(office));
   EXPECT_EQ(desk.groupRows(), office.groupRows());
+  EXPECT_EQ(desk.limitRows(), office.limitRows());
+  EXPECT_EQ(desk.limitRows().size(), 2);
   EXPECT_EQ(desk.settings()[key::LOCAL使用], false);
   EXPECT_EQ(desk.settings()[key::DBバージョン], 0.0);
 }
@@ -59,6 +63,7 @@ TEST_F(ExchangeTest, WhatIsNotWholeChangesNothing) {
       QString(head + u"},\"settings\":{\"DBバージョン\":1}}"),
       QString(head + u",\"設定\":[]},\"settings\":{}}"),
       QString(head + u",\"気象略語\":[[\"RA\"]]},\"settings\":{}}"),
+      QString(head + u",\"空港別制限\":[{\"ICAOコード\":\"RJTT\",\"条件\":4}]},\"settings\":{}}"),
       u"{\"format\":\"SORAN data\",\"version\":1,\"tables\":{\"カンパニー\":[[\"A\",\"RJTTRJAA\"]]},\"settings\":{}}"_s,
   };
   for (const QString& json : cases)

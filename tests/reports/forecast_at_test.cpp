@@ -99,7 +99,7 @@ TEST(ForecastAt, SaysWhatThereIsNotToSay) {
       {u"", u"TAF RJTT 311205Z NIL=", u"TAF  31 1205Z 発表 ： 予報なし\r\n"},
       {u"", u"TAF RJTT 311205Z 3112/3115 16008KT 0300 FG", u"      この時刻は有効時間の外です\r\n"},
       {u"", u"TAF RJTT 311205Z 3112/3124 16008KT 9999 FEW030",
-       u"最も悪い予報 ： 制限値を下回るものはありません\r\n"},
+       u"最も悪い予報 ： 制限値を超えるものはありません\r\n"},
   };
   const SettingsRecord settings = zoned(false, u"+9"_s);
   for (const auto& c : cases) {

@@ -3,7 +3,9 @@
 #include "runs/night_desk.h"
 
 #include "base/utc.h"
+#include "reports/airport_limits.h"
 #include "runs/run_bench.h"
+#include "runs/shift_report.h"
 
 #include <map>
 
@@ -91,12 +93,50 @@ TEST_F(NightDeskTest, StaysQuietWhereItIsNotChosen) {
   EXPECT_EQ(events().filter(u"CROSSED"_s).size(), 2);
 }
 
+TEST_F(NightDeskTest, RingsByTheLimitsOfTheAirport) {
+  world.store([](Tables& tables) {
+    const AirportLimits rows[] = {{.code = u"ALL"_s, .condition = 2, .weather = u"TS"_s},
+                                  {.code = u"RJTT"_s, .condition = 3, .visibility = 400, .crosswind = 20}};
+    tables.rewrite(table::空港別制限, {storedRow(rows[0], 1), storedRow(rows[1], 2)});
+  });
+  RunBench run(world);
+  run.program.services.runways = [] { return QByteArray("\nRJTT\t18\t180\nRJTT\t36\t360\n"); };
+  const auto report = [&](const QString& code, const QString& time, const QString& groups) {
+    world.report(code, time, u"24"_s + QString(time).remove(u':') + u"Z " + groups + u" FEW030 12/11 Q1018",
+                 u"240505Z 2406/2512 36010KT 9999 FEW030"_s);
+  };
+  report(u"RJTT"_s, u"05:00"_s, u"09020KT 9999"_s);
+  report(u"RJAA"_s, u"05:00"_s, u"09040KT 9999"_s);
+  ASSERT_TRUE(run.begin());
+  run.tick(120);
+  EXPECT_TRUE(events().isEmpty());
+  report(u"RJTT"_s, u"05:20"_s, u"09025G30KT 0600 TS"_s);
+  report(u"RJAA"_s, u"05:20"_s, u"09040KT 0600 VCTS"_s);
+  run.tick(90);
+  QStringList told = events().filter(u"CROSSED"_s);
+  told.sort();
+  EXPECT_EQ(told, (QStringList{u"RJAA CROSSED METAR VIS 0600 (LIMIT 800)"_s, u"RJAA CROSSED METAR WX VCTS"_s,
+                               u"RJTT CROSSED METAR VIS 0600 (LIMIT 1600)"_s, u"RJTT CROSSED METAR WX TS"_s,
+                               u"RJTT CROSSED METAR XWIND 09025G30KT (LIMIT 20)"_s}));
+  report(u"RJTT"_s, u"05:25"_s, u"09025G33KT 9999"_s);
+  run.tick(90);
+  EXPECT_TRUE(events().contains(u"RJTT WORSE METAR XWIND 09025G33KT (LIMIT 20)"_s));
+  EXPECT_TRUE(events().contains(u"RJTT BACK METAR WX"_s));
+  // A wind that is missing is not back.
+  report(u"RJTT"_s, u"05:26"_s, u"/////KT 9999"_s);
+  run.tick(90);
+  EXPECT_FALSE(events().contains(u"RJTT BACK METAR XWIND"_s));
+  report(u"RJTT"_s, u"05:27"_s, u"36025KT 9999"_s);
+  run.tick(90);
+  EXPECT_TRUE(events().contains(u"RJTT BACK METAR XWIND"_s));
+}
+
 TEST_F(NightDeskTest, CommandsTakeTheirWordsOnly) {
   RunBench run(world);
   ASSERT_TRUE(run.begin());
   for (const QString& words : {u""_s, u"RJTT 0"_s, u"RJTT 1441"_s, u"RJTT X"_s, u"RJT"_s, u"RJTT 5 5"_s})
     EXPECT_FALSE(muteText(run.program, words)) << words.toStdString();
-  for (const QString& words : {u"0"_s, u"721"_s, u"X"_s})
+  for (const QString& words : {u"0"_s, u"721"_s, u"X"_s, u"CSV 5"_s, u"5 5"_s})
     EXPECT_FALSE(shiftText(run.program, words)) << words.toStdString();
   EXPECT_FALSE(acknowledgeText(run.program, u""_s));
   EXPECT_EQ(muteText(run.program, u"RJTT OFF"_s), u"RJTT IS NOT MUTED"_s);
@@ -105,13 +145,67 @@ TEST_F(NightDeskTest, CommandsTakeTheirWordsOnly) {
   const QString log = shiftText(run.program, u""_s).value_or(QString());
   EXPECT_TRUE(log.contains(u"24 05:20Z RJTT MUTED UNTIL 24 06:50Z\r\n")) << log.toStdString();
   EXPECT_FALSE(boardCodes(run.program, u"NONE"_s));
+  run.desk.dialogs.choices = {world.path(u"shift.csv"_s)};
+  EXPECT_TRUE(shiftText(run.program, u"24 CSV"_s)->startsWith(u"2 ENTRIES SAVED TO "));
+  EXPECT_TRUE(contents(world.path(u"shift.csv"_s)).contains("\r\n2026-11-24T05:20:00Z,MUTED,RJTT,"));
+  run.desk.dialogs.choices = {std::nullopt};
+  EXPECT_EQ(shiftText(run.program, u"JSON"_s), u"CANCELED"_s);
   // A log that cannot be read or written is told, and nothing is replaced.
   ASSERT_TRUE(QFile::remove(world.path(u"shift.jsonl"_s)));
   ASSERT_TRUE(QDir().mkdir(world.path(u"shift.jsonl"_s)));
   run.logged();
-  muteText(run.program, u"RJTT 90"_s);
+  EXPECT_TRUE(muteText(run.program, u"RJTT 90"_s)->contains(u"SHIFT LOG NOT WRITTEN: "));
   EXPECT_EQ(run.logged().filter(u"SHIFT LOG: "_s).size(), 1);
-  EXPECT_TRUE(shiftText(run.program, u""_s)->contains(u"NOT READ: "));
+  const QString waiting = shiftText(run.program, u""_s).value_or(QString());
+  EXPECT_TRUE(waiting.contains(u"NOT READ: ") && waiting.contains(u"RJTT MUTED UNTIL"))
+      << waiting.toStdString();
+  // It is written as soon as it can be.
+  ASSERT_TRUE(QDir().rmdir(world.path(u"shift.jsonl"_s)));
+  run.tick(10);
+  EXPECT_EQ(events(), QStringList{u"RJTT MUTED UNTIL 24 06:50Z"_s});
+  EXPECT_FALSE(shiftText(run.program, u""_s)->contains(u"NOT "));
+}
+
+// Two desks with homes of their own, which share a folder.
+TEST_F(NightDeskTest, DesksShareWhatWasAcknowledged) {
+  QTemporaryDir office;
+  World other;
+  for (World* desk : {&world, &other}) {
+    desk->endpoints.shared = office.path();
+    if (desk == &other)
+      desk->prepare([](Tables& tables) {
+        setAutoList(tables, u"RJTT RJAA"_s);
+        tables.settings().store(key::条件アラーム, true);
+      });
+    desk->report(u"RJTT"_s, u"05:00"_s, u"240500Z 36003KT 0700 FEW030 12/11 Q1018"_s);
+    desk->report(u"RJAA"_s, u"05:00"_s, u"240500Z 36003KT 0700 FEW030 12/11 Q1018"_s);
+  }
+  RunBench here(world);
+  RunBench there(other);
+  ASSERT_TRUE(here.begin() && there.begin());
+  for (RunBench* desk : {&here, &there})
+    desk->tick(120);
+  const auto stateOf = [](RunBench& desk, QStringView code) {
+    return alarmWord(boardRows(desk.program, {code.toString()}).front().alarm);
+  };
+  ASSERT_EQ(stateOf(there, u"RJTT"), u"RING");
+  acknowledgeText(here.program, u"RJTT"_s);
+  muteText(here.program, u"RJAA 90"_s);
+  there.tick(10);
+  EXPECT_EQ(stateOf(there, u"RJTT"), u"ACK");
+  EXPECT_EQ(stateOf(there, u"RJAA"), u"MUTED");
+  EXPECT_TRUE(shiftText(there.program, u""_s)->contains(u"RJTT ACK BY "));
+  // A folder that cannot be reached is told, and what happens meanwhile is shared when it is back.
+  const QString away = office.path() + u"-away";
+  ASSERT_TRUE(QDir().rename(office.path(), away));
+  EXPECT_TRUE(muteText(there.program, u"RJAA OFF"_s)->contains(u"SHARED FOLDER NOT REACHED: "));
+  here.tick(10);
+  EXPECT_EQ(stateOf(here, u"RJAA"), u"MUTED");
+  ASSERT_TRUE(QDir().rename(away, office.path()));
+  there.tick(10);
+  here.tick(10);
+  EXPECT_NE(stateOf(here, u"RJAA"), u"MUTED");
+  EXPECT_FALSE(shiftText(there.program, u""_s)->contains(u"NOT REACHED"));
 }
 
 // Sixty airports in a night with fog that comes and goes, each at its own time.

@@ -63,6 +63,33 @@ TEST_F(TablesTest, AChangeIsInTheFileAtOnce) {
   EXPECT_EQ(other.settings()[key::雲高2], 200);
 }
 
+TEST_F(TablesTest, ADatabaseWithoutTheLimitsGetsThemWithItsFirstRows) {
+  ASSERT_TRUE(tables.database().columns(table::空港別制限.toString()).isEmpty());
+  EXPECT_TRUE(tables.limitRows().isEmpty());
+  const AirportLimits row{
+      .code = u"RJTT"_s, .condition = 2, .visibility = 800, .crosswind = 25, .weather = u"TS"_s};
+  const auto rewrite = [&] {
+    tables.rewrite(table::空港別制限,
+                   {{1, u"RJTT"_s, 2, 800, QVariant(), QVariant(), QVariant(), QVariant(), 25, u"TS"_s}});
+  };
+  EXPECT_THROW(tables.inOneTransaction([&] {
+    rewrite();
+    throw StoreError("the disk is full");
+  }),
+               StoreError);
+  EXPECT_TRUE(tables.limitRows().isEmpty());
+  EXPECT_TRUE(isWholeDatabase(path));
+  rewrite();
+  Tables other;
+  other.openAllTables(path);
+  EXPECT_THAT(other.limitRows(), ::testing::ElementsAre(row));
+  // What nobody here wrote is no limit.
+  other.database().execute(u"UPDATE 空港別制限 SET 視程 = 'far', 条件 = NULL"_s);
+  other.openAllTables(path);
+  EXPECT_EQ(other.limitRows().first().visibility, std::nullopt);
+  EXPECT_EQ(other.limitRows().first().condition, 0);
+}
+
 TEST_F(TablesTest, AnEmptySettingIsNeitherTrueNorFalse) {
   tables.settings().storeValue(SettingIndex::ブラウザー, QVariant());
   EXPECT_FALSE(tables.settings()[key::ブラウザー] == true);

@@ -104,6 +104,7 @@ TEST_F(CommandsTest, AnswersEachCommandOnce) {
       {u"DE"_s, prompt, {u"DISPLAY AUTO DECODE LIST"_s}, {u"decodelist"_s}},
       {u"GP"_s, prompt, {u"DISPLAY GROUP LIST"_s}, {u"company"_s}},
       {u"AP"_s, prompt, {u"DISPLAY AIRPORT LIST"_s}, {u"airport"_s}},
+      {u"LIMITS"_s, prompt, {u"DISPLAY LIMITS OF AIRPORTS"_s}, {u"limits"_s}},
       {u"CAM"_s, prompt, {u"DISPLAY NETWORK CAMERA"_s}, {u"camera"_s}},
       {u"QQA"_s, u"\r\nQQA : 一\r\n"_s + ready, {u"SEARCH WORD QQA"_s}},
       {u"qqb"_s, u"\r\nQQB : 先\r\n"_s + ready, {u"SEARCH WORD QQB"_s}},
@@ -256,7 +257,7 @@ TEST_F(CommandsTest, TellsTheForecastsForATime) {
                       "      24 1500I - 24 2000I  卓越する状態 ： 33010KT 9999 FEW020\r\n"
                       "      24 1800I - 24 2000I  変化の途中 (BECMG) ： 36010KT 9999 FEW020\r\n"
                       "      24 2000I - 25 2100I  卓越する状態 ： 36010KT 9999 FEW020\r\n"
-                      "最も悪い予報 ： 制限値を下回るものはありません\r\n"_s;
+                      "最も悪い予報 ： 制限値を超えるものはありません\r\n"_s;
   for (const QString& line : {u"ETA RJTT 1930"_s, u"ETA  RJTT 1030Z"_s}) {
     enter(line);
     EXPECT_TRUE(run.screen().endsWith(crlf + title + u"METAR  24 1400I ： RJTT " + weather +

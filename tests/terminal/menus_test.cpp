@@ -53,6 +53,7 @@ TEST_F(MenusTest, EveryEntryDoesWhatItSays) {
       {"menu_popup_ais", u"DISPLAY AIS-JAPAN"_s, {}, {}, u"http://ais"_s, {}},
       {"menu_map", u"DISPLAY MAP"_s, echo, u"map"_s, {}, {}},
       {"menu_airport", u"DISPLAY AIRPORT LIST"_s, echo, u"airport"_s, {}, {}},
+      {"menu_limits", u"DISPLAY LIMITS OF AIRPORTS"_s, echo, u"limits"_s, {}, {}},
       {"menu_popup_ap", u"DISPLAY AIRPORT LIST"_s, echo, u"airport"_s, {}, {}},
       {"menu_autodecode", u"DISPLAY AUTO DECODE LIST"_s, echo, u"decodelist"_s, {}, {}},
       {"menu_popup_de", u"DISPLAY AUTO DECODE LIST"_s, echo, u"decodelist"_s, {}, {}},

@@ -58,6 +58,18 @@ TEST_F(CarryOverTest, ListsWithRowsAreTheUsersWithTheirRanks) {
   EXPECT_THAT(tables.abbreviationRows(), ElementsAre(DictionaryEntry{u"MY"_s, u"私の"_s}));
 }
 
+TEST_F(CarryOverTest, LimitsOfAirportsGoIntoADatabaseThatHasTheirTableOrNot) {
+  const auto write = [](Tables& tables, const QString& code, int crosswind) {
+    tables.rewrite(table::空港別制限, {{1, code, 3, QVariant(), QVariant(), QVariant(), QVariant(),
+                                        QVariant(), crosswind, u"TS"_s}});
+  };
+  write(live, u"RJTT"_s, 25);
+  const AirportLimits own{.code = u"RJTT"_s, .condition = 3, .crosswind = 25, .weather = u"TS"_s};
+  EXPECT_THAT(carried().limitRows(), ElementsAre(own));
+  EXPECT_THAT(carried(desk.database([&](Tables& t) { write(t, u"ZZZZ"_s, 9); })).limitRows(),
+              ElementsAre(own));
+}
+
 TEST_F(CarryOverTest, EmptiedListsComeBackAsDelivered) {
   for (const QStringView list : {table::飛行場情報, table::自動デコード, table::カンパニー, table::気象略語})
     live.rewrite(list, {});

@@ -6,8 +6,10 @@
 #include "desktop/services/board_print.h"
 #include "desktop/widgets/look.h"
 #include "reports/colouring.h"
+#include "runs/desk_record.h"
 #include "runs/last_known.h"
 #include "runs/night_desk.h"
+#include "terminal/actions.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -103,7 +105,9 @@ QWidget* BoardForm::makeBar() {
   auto* widget = new QWidget;
   auto* bar = new QHBoxLayout(widget);
   bar->setContentsMargins(0, 0, 0, 0);
+  bar->setSpacing(4);
   bar->addWidget(summary_, 1);
+  bar->addSpacing(8);
   auto* label = new QLabel(u"絞り込み(&F)"_s);
   label->setBuddy(filter_);
   bar->addWidget(label);
@@ -120,6 +124,10 @@ QWidget* BoardForm::makeBar() {
           &BoardForm::acknowledgeAllAlarms);
   connect(addButton(*bar, u"消音(&M)"_s, u"選択した飛行場を60分鳴らさない、または鳴らす"_s),
           &QPushButton::clicked, this, &BoardForm::toggleMute);
+  connect(addButton(*bar, u"制限値(&T)"_s, u"空港別の制限値を編集"_s), &QPushButton::clicked, this, [this] {
+    terminal_.guarded([this] { action::limits(terminal_); });
+    refresh();
+  });
   connect(addButton(*bar, u"印刷(&P)"_s, u"1ページに印刷"_s), &QPushButton::clicked, this, &BoardForm::print);
   connect(addButton(*bar, u"全画面(F11)"_s, u"全画面と元の大きさの切り替え"_s), &QPushButton::clicked, this,
           &BoardForm::toggleFullScreen);
@@ -186,11 +194,12 @@ void BoardForm::refresh() {
 void BoardForm::showSummary(const std::vector<BoardRow>& rows) {
   const auto count = [&](auto holds) { return QString::number(std::ranges::count_if(rows, holds)); };
   const QString name = group_.isEmpty() ? u"自動デコードリスト"_s : group_;
-  summary_->setText(name + u"  " + QString::number(rows.size()) + u" 空港   RING " +
+  const QString note = recordNote(terminal_.program());
+  summary_->setText(name + u"  " + QString::number(rows.size()) + u" 空港  RING " +
                     count([](const BoardRow& row) { return row.alarm.state == AlarmState::Ringing; }) +
-                    u"   L1-L3 " + count([](const BoardRow& row) { return row.level() > 0; }) +
-                    u"   OVERDUE " +
-                    count([](const BoardRow& row) { return row.freshness == Freshness::Overdue; }));
+                    u"  L1-L3 " + count([](const BoardRow& row) { return row.level() > 0; }) + u"  OVERDUE " +
+                    count([](const BoardRow& row) { return row.freshness == Freshness::Overdue; }) +
+                    (note.isEmpty() ? QString() : u"  " + note));
 }
 
 void BoardForm::fitColumns() {

@@ -26,6 +26,7 @@ constexpr CommandRow rows[] = {
     {u"AP", u"飛行場リストを表示"},
     {u"DE", u"自動デコードリストを表示"},
     {u"GP", u"グループリストを表示"},
+    {u"LIMITS", u"空港別の制限値を表示"},
     {u"WX", u"天気図を表示"},
     {u"CAM", u"ウェブカメラを表示"},
     {u"AIS", u"AIS JAPAN を表示"},

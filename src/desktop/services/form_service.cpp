@@ -16,6 +16,7 @@
 #include "desktop/forms/font_note_form.h"
 #include "desktop/forms/graph_form.h"
 #include "desktop/forms/group_form.h"
+#include "desktop/forms/limits_form.h"
 #include "desktop/forms/log_form.h"
 #include "desktop/forms/map_form.h"
 #include "desktop/forms/message_form.h"
@@ -204,6 +205,12 @@ ModalOutcome FormService::run(const form::EditAutoList&) {
 
 ModalOutcome FormService::run(const form::EditGroups&) {
   GroupForm form(window_, *terminal_);
+  runDialog(form, program_->services.shutdown);
+  return {};
+}
+
+ModalOutcome FormService::run(const form::EditLimits&) {
+  LimitsForm form(window_, *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }

@@ -73,6 +73,7 @@ class FormService final : public QObject, public Forms {
   ModalOutcome run(const form::EditAirports&);
   ModalOutcome run(const form::EditAutoList&);
   ModalOutcome run(const form::EditGroups&);
+  ModalOutcome run(const form::EditLimits&);
   ModalOutcome run(const form::EditDictionary& dictionary);
   ModalOutcome run(const form::EditSettings&);
   ModalOutcome run(const form::PdfNotice&);

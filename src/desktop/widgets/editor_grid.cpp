@@ -13,17 +13,17 @@ constexpr int shownCharacters = 56;
 
 } // namespace
 
-EditorModel::EditorModel(const EditedList& list, const QStringList& headings, QObject* parent)
-    : QAbstractTableModel(parent), list_(list), headings_(headings), shownRows_(list.count()) {}
+EditorModel::EditorModel(GridRows rows, const QStringList& headings, QObject* parent)
+    : QAbstractTableModel(parent), rows_(std::move(rows)), headings_(headings), shownRows_(rows_.count()) {}
 
 void EditorModel::refresh() {
-  if (shownRows_ == list_.count()) {
+  if (shownRows_ == rows_.count()) {
     if (shownRows_ > 0)
       emit dataChanged(index(0, 0), index(shownRows_ - 1, int(headings_.size()) - 1));
     return;
   }
   beginResetModel();
-  shownRows_ = list_.count();
+  shownRows_ = rows_.count();
   endResetModel();
 }
 
@@ -36,10 +36,9 @@ int EditorModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant EditorModel::data(const QModelIndex& index, int role) const {
-  if ((role != Qt::DisplayRole && role != Qt::EditRole) || !list_.has(index.row()))
+  if ((role != Qt::DisplayRole && role != Qt::EditRole) || index.row() < 0 || index.row() >= rows_.count())
     return {};
-  const EditedRow& row = list_.at(index.row());
-  return index.column() == 0 ? row.first : row.second;
+  return rows_.text(index.row(), index.column());
 }
 
 QVariant EditorModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -72,8 +71,16 @@ EditorGrid::EditorGrid(QWidget* parent) : QTableView(parent) {
 }
 
 void EditorGrid::showList(const EditedList& list, const QStringList& headings, int firstColumn) {
-  list_ = &list;
-  rows_ = new EditorModel(list, headings, this);
+  showRows({.count = [&list] { return list.count(); },
+            .selected = [&list] { return list.selected(); },
+            .text = [&list](int row,
+                            int column) { return column == 0 ? list.at(row).first : list.at(row).second; }},
+           headings, firstColumn);
+}
+
+void EditorGrid::showRows(GridRows rows, const QStringList& headings, int firstColumn) {
+  selected_ = rows.selected;
+  rows_ = new EditorModel(std::move(rows), headings, this);
   setModel(rows_);
   const QFontMetrics metrics = fontMetrics();
   const int height = metrics.height() * 3 / 2;
@@ -87,7 +94,8 @@ void EditorGrid::showList(const EditedList& list, const QStringList& headings, i
 void EditorGrid::mirror(int column) {
   mirroring_ = true;
   rows_->refresh();
-  const QModelIndex cell = list_->hasSelection() ? rows_->index(list_->selected(), column) : QModelIndex();
+  const int row = selected_();
+  const QModelIndex cell = row >= 0 ? rows_->index(row, column) : QModelIndex();
   if (cell != currentIndex() || !selectionModel()->isSelected(cell))
     setCurrentIndex(cell);
   mirroring_ = false;

@@ -5,15 +5,24 @@
 #include "forms/edited_list.h"
 
 #include <QTableView>
+#include <functional>
 
 namespace soran {
 
-/// The rows of an editor, read from its list. Column 0 is a row's first text, column 1 its second.
+/// What a grid shows of an editor: the count of its rows, the chosen one (-1 where there is none) and the
+/// text in a row and column, all from 0.
+struct GridRows {
+  std::function<int()> count;
+  std::function<int()> selected;
+  std::function<QString(int row, int column)> text;
+};
+
+/// The rows of an editor.
 class EditorModel : public QAbstractTableModel {
   Q_OBJECT
  public:
-  /// One column for each heading. The list outlives the model.
-  EditorModel(const EditedList& list, const QStringList& headings, QObject* parent);
+  /// One column for each heading. What the rows are read from outlives the model.
+  EditorModel(GridRows rows, const QStringList& headings, QObject* parent);
 
   /// The list may have changed.
   void refresh();
@@ -25,7 +34,7 @@ class EditorModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  const EditedList& list_;
+  GridRows rows_;
   QStringList headings_;
   int shownRows_;
 };
@@ -36,7 +45,9 @@ class EditorGrid : public QTableView {
  public:
   explicit EditorGrid(QWidget* parent = nullptr);
 
-  /// Shows this list from now on, one column for each heading, the first one `firstColumn` digits wide.
+  /// Shows these rows from now on, one column for each heading, the first one `firstColumn` digits wide.
+  void showRows(GridRows rows, const QStringList& headings, int firstColumn);
+  /// The same for a list of two texts a row, which outlives the grid.
   void showList(const EditedList& list, const QStringList& headings, int firstColumn);
   /// The list may have changed; `column` of its chosen row is the current cell.
   void mirror(int column = 0);
@@ -51,7 +62,7 @@ class EditorGrid : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
-  const EditedList* list_ = nullptr;
+  std::function<int()> selected_;
   EditorModel* rows_ = nullptr;
   bool mirroring_ = false;
 };
