@@ -51,6 +51,12 @@ struct Board {
   static constexpr bool goesWithWindow = true;
   QString group = {}; ///< whose airports it shows; those of the automatic list where it is empty
 };
+/// The same on a map.
+struct Map {
+  static constexpr QStringView name = u"map";
+  static constexpr bool goesWithWindow = true;
+  QString group = {}; ///< as that of the board
+};
 /// The weather of a station on one axis of time.
 struct Graph {
   static constexpr QStringView name = u"graph";
@@ -125,9 +131,10 @@ struct PdfNotice {
 } // namespace form
 
 /// A form beside the main window.
-using Form = std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
-                          form::SunTimes, form::Charts, form::Cameras, form::Board, form::Graph, form::Alert,
-                          form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
+using Form =
+    std::variant<form::NoConnection, form::Version, form::Components, form::Commands, form::Log,
+                 form::SunTimes, form::Charts, form::Cameras, form::Board, form::Map, form::Graph,
+                 form::Alert, form::NewReports, form::TaskIcon, form::Picture, form::Tip, form::FontNote>;
 
 /// A form that the user answers.
 using ModalForm = std::variant<form::NoConnection, form::EditAirports, form::EditAutoList, form::EditGroups,

@@ -45,6 +45,11 @@ struct Services : FrontEnd {
   /// The names of stations elsewhere, as Dictionaries takes them; may be empty.
   std::function<QByteArray()> stations = [] { return QByteArray(); };
 
+  /// Where these lie, as StationPositions takes it, and the shores, as Coast reads them; may be empty. Asked
+  /// for when a map is first shown.
+  std::function<QByteArray()> positions = [] { return QByteArray(); };
+  std::function<QByteArray()> coast = [] { return QByteArray(); };
+
   /// The runways of airports, as Runways takes them; may be empty.
   std::function<QByteArray()> runways = [] { return QByteArray(); };
 

@@ -14,6 +14,8 @@ namespace soran {
 struct EarthPosition {
   double latitude = 0;
   double longitude = 0;
+
+  bool operator==(const EarthPosition&) const = default;
 };
 
 /// A SIGMET (ICAO Annex 3, appendix 6) of one flight information region.

@@ -5,6 +5,7 @@
 #include "desk/alarm_book.h"
 #include "desk/shared_log.h"
 #include "desk/shift_log.h"
+#include "pictures/station_positions.h"
 #include "runs/sigmet_list.h"
 
 #include <optional>
@@ -32,7 +33,8 @@ struct NightDeskState {
   QStringList watched = {};            ///< what is watched; the automatic list where it is empty
   bool tellsCrossings =
       false; ///< reports and crossings are looked for whatever the settings say, and kept in `untold`
-  bool showsBoard = false; ///< a board was asked for in this run
+  bool showsBoard = false;                        ///< a board or a map was asked for in this run
+  std::optional<StationPositions> positions = {}; ///< read when a map is first asked for
 };
 
 } // namespace soran

@@ -193,6 +193,8 @@ Services Launch::services(const FrontEnd& frontEnd) {
   services.directory = directory_;
   services.fault = fault_;
   services.stations = [this] { return delivered_(u"stations.tsv"_s); };
+  services.positions = [this] { return delivered_(u"positions.tsv"_s); };
+  services.coast = [this] { return delivered_(u"coast.bin"_s); };
   services.runways = [this] { return delivered_(u"runways.tsv"_s); };
   services.deliveredDatabase = [this] { return delivered_(u"update/data/soran.mdb"_s); };
   return services;

@@ -49,6 +49,7 @@ void settings(Terminal& terminal);
 void charts(Terminal& terminal);
 void cameras(Terminal& terminal);
 void board(Terminal& terminal);
+void map(Terminal& terminal);
 /// Of the first airport that is watched.
 void graph(Terminal& terminal);
 /// The limits of single airports: their form, or lines on the screen where there are no windows.

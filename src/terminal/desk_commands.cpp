@@ -6,6 +6,7 @@
 #include "runs/meteogram_run.h"
 #include "runs/night_desk.h"
 #include "runs/shift_report.h"
+#include "runs/station_map.h"
 #include "terminal/actions.h"
 #include "terminal/terminal.h"
 
@@ -38,29 +39,44 @@ constexpr DeskCommand commands[] = {
      shiftText},
 };
 
-bool showBoardCommand(Terminal& terminal, const QString& group) {
-  if (showBoard(terminal, group))
-    return true;
-  showLines(terminal, crlf + u"NO SUCH GROUP" + crlf);
+/// The watched airports in a form of their own where there are windows, else as lines on the screen.
+struct DeskList {
+  QStringView log;
+  QString (*text)(Program&, const QStringList& codes, int columns);
+  Form (*form)(const QString& group);
+};
+constexpr DeskList boardList = {u"DISPLAY BOARD", boardScreenText,
+                                [](const QString& group) { return Form(form::Board{group}); }};
+constexpr DeskList mapList = {u"DISPLAY MAP", mapScreenText,
+                              [](const QString& group) { return Form(form::Map{group}); }};
+
+bool show(Terminal& terminal, const DeskList& list, const QString& group) {
+  Program& program = terminal.program();
+  const std::optional<QStringList> codes = boardCodes(program, group);
+  if (!codes)
+    return false;
+  program.console.addLogEntry(list.log.toString());
+  program.console.setPad(QString());
+  if (const auto columns = program.services.forms.textColumns()) {
+    program.console.appendScreen(crlf.toString());
+    showLines(terminal, list.text(program, *codes, *columns));
+  } else {
+    action::echoPrompt(terminal);
+    terminal.forms().show(list.form(group));
+  }
   return true;
 }
 
 } // namespace
 
 bool showBoard(Terminal& terminal, const QString& group) {
-  Program& program = terminal.program();
-  const std::optional<QStringList> codes = boardCodes(program, group);
-  if (!codes)
+  return show(terminal, boardList, group);
+}
+
+bool showMap(Terminal& terminal, const QString& group) {
+  if (!show(terminal, mapList, group))
     return false;
-  program.console.addLogEntry(u"DISPLAY BOARD"_s);
-  program.console.setPad(QString());
-  if (const auto columns = program.services.forms.textColumns()) {
-    program.console.appendScreen(crlf.toString());
-    showLines(terminal, boardScreenText(program, *codes, *columns));
-  } else {
-    action::echoPrompt(terminal);
-    terminal.forms().show(form::Board{group});
-  }
+  refreshSigmets(terminal.program());
   return true;
 }
 
@@ -82,8 +98,11 @@ void showGraph(Terminal& terminal, const QString& code) {
 bool runDeskCommand(Terminal& terminal, const QString& line) {
   const QString word = line.section(u' ', 0, 0);
   const QString words = line.section(u' ', 1).trimmed();
-  if (word == u"BOARD")
-    return showBoardCommand(terminal, words);
+  if (word == u"BOARD" || word == u"MAP") {
+    if (!(word == u"MAP" ? showMap : showBoard)(terminal, words))
+      showLines(terminal, crlf + u"NO SUCH GROUP" + crlf);
+    return true;
+  }
   for (const DeskCommand& command : commands) {
     if (command.word != word)
       continue;

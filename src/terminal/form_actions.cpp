@@ -144,6 +144,10 @@ void board(Terminal& terminal) {
   showBoard(terminal, {});
 }
 
+void map(Terminal& terminal) {
+  showMap(terminal, {});
+}
+
 void graph(Terminal& terminal) {
   const QStringList watched = boardCodes(terminal.program(), {}).value_or(QStringList());
   showGraph(terminal, watched.value(0, u"RJTT"_s));

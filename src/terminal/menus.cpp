@@ -66,6 +66,7 @@ constexpr Entry entries[] = {
     {Kind::Item, u"menu_ais", u"AIS JAPAN", u"menu_weather", Always, Always, action::ais},
     {Kind::Item, u"menu_camera", u"ライブカメラ", u"menu_weather", Network, Always, action::cameras},
     {Kind::Item, u"menu_board", u"監視ボード", u"menu_weather", NoPane, Always, action::board},
+    {Kind::Item, u"menu_map", u"地図", u"menu_weather", NoPane, Always, action::map},
     {Kind::Item, u"menu_graph", u"気象グラフ", u"menu_weather", NoPane, Always, action::graph},
     {Kind::Item, u"menu_limits", u"空港別制限", u"menu_weather", NoPane, Always, action::limits},
     {Kind::Menu, u"menu_setup", u"設定", u"", Always, Always, nullptr},

@@ -56,7 +56,7 @@ Rows soundTable(QStringView name) {
 
 const QSet<QString> commands = [] {
   const QStringList words = (u"UPDATE JAPANESE PICTURE RESET COUNTER HELP AIS ATO PRINT /P RL CLS DE GP AP "
-                             u"WX CAM LOG EXIT SS SQ JP LIMITS"_s)
+                             u"WX CAM LOG EXIT SS SQ JP LIMITS BOARD MAP"_s)
                                 .split(u' ');
   return QSet<QString>(words.begin(), words.end());
 }();

@@ -30,9 +30,9 @@ TEST_F(MenusTest, EachEntryDependsOnItsConditions) {
          holds ? run.terminal.pane().close() : run.terminal.pane().openPage(u"http://x"_s);
        },
        {u"menu_print"_s, u"menu_save"_s, u"menu_export"_s, u"menu_import"_s, u"menu_list"_s,
-        u"menu_company"_s, u"menu_company_edit"_s, u"menu_info_weather"_s, u"menu_board"_s, u"menu_graph"_s,
-        u"menu_limits"_s, u"menu_airport"_s, u"menu_autodecode"_s, u"menu_option"_s, u"menu_update"_s,
-        u"menu_command"_s, u"menu_info_log"_s},
+        u"menu_company"_s, u"menu_company_edit"_s, u"menu_info_weather"_s, u"menu_board"_s, u"menu_map"_s,
+        u"menu_graph"_s, u"menu_limits"_s, u"menu_airport"_s, u"menu_autodecode"_s, u"menu_option"_s,
+        u"menu_update"_s, u"menu_command"_s, u"menu_info_log"_s},
        {1, 11, 40}},
       {"groups",
        [this](bool holds) {

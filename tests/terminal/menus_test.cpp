@@ -51,6 +51,7 @@ TEST_F(MenusTest, EveryEntryDoesWhatItSays) {
       {"menu_info_weather", {}, {}, u"weather"_s, {}, {}},
       {"menu_ais", u"DISPLAY AIS-JAPAN"_s, {}, {}, u"http://ais"_s, {}},
       {"menu_popup_ais", u"DISPLAY AIS-JAPAN"_s, {}, {}, u"http://ais"_s, {}},
+      {"menu_map", u"DISPLAY MAP"_s, echo, u"map"_s, {}, {}},
       {"menu_airport", u"DISPLAY AIRPORT LIST"_s, echo, u"airport"_s, {}, {}},
       {"menu_limits", u"DISPLAY LIMITS OF AIRPORTS"_s, echo, u"limits"_s, {}, {}},
       {"menu_popup_ap", u"DISPLAY AIRPORT LIST"_s, echo, u"airport"_s, {}, {}},

@@ -18,6 +18,7 @@
 #include "desktop/forms/group_form.h"
 #include "desktop/forms/limits_form.h"
 #include "desktop/forms/log_form.h"
+#include "desktop/forms/map_form.h"
 #include "desktop/forms/message_form.h"
 #include "desktop/forms/no_connect_form.h"
 #include "desktop/forms/picture_form.h"
@@ -68,6 +69,8 @@ void FormService::show(const Form& form) {
   }
   if (const auto* board = std::get_if<form::Board>(&form))
     static_cast<BoardForm&>(*widget).setGroup(board->group);
+  if (const auto* map = std::get_if<form::Map>(&form))
+    static_cast<MapForm&>(*widget).setGroup(map->group);
   const auto* graph = std::get_if<form::Graph>(&form);
   widget->show();
   widget->raise();
@@ -148,6 +151,9 @@ FormService::Widget FormService::make(const form::Graph&) {
 }
 FormService::Widget FormService::make(const form::Board& board) {
   return std::make_unique<BoardForm>(window_, *terminal_, board.group);
+}
+FormService::Widget FormService::make(const form::Map& map) {
+  return std::make_unique<MapForm>(window_, *terminal_, map.group);
 }
 FormService::Widget FormService::make(const form::Alert&) {
   return std::make_unique<MessageForm>(window_);

@@ -59,6 +59,7 @@ class FormService final : public QObject, public Forms {
   Widget make(const form::Charts&);
   Widget make(const form::Cameras&);
   Widget make(const form::Board& board);
+  Widget make(const form::Map& map);
   Widget make(const form::Graph& graph);
   Widget make(const form::Alert&);
   Widget make(const form::NewReports&);

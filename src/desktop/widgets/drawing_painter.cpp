@@ -23,7 +23,7 @@ struct InkColours {
 };
 constexpr InkColours inks[] = {
     {Ink::Frame, 0xFF7C868D, 0xFF5C666D},    {Ink::Text, 0xFFE6EAED, 0xFF101418},
-    {Ink::Faint, 0xFF4A5660, 0xFFA8B0B6},    {Ink::Night, 0xFF1A2230, 0xFFE4E8F0},
+    {Ink::Faint, 0xFF5C6A75, 0xFFA8B0B6},    {Ink::Night, 0xFF1A2230, 0xFFE4E8F0},
     {Ink::Now, 0xFFFFE066, 0xFF7A5C00},      {Ink::Wind, 0xFFC8D0D6, 0xFF20262B},
     {Ink::Gust, 0xFFFF9D5C, 0xFFA84300},     {Ink::Visibility, 0xFF7CE0A0, 0xFF0B6B34},
     {Ink::Ceiling, 0xFF67DCFF, 0xFF00587A},  {Ink::Air, 0xFFFF8A80, 0xFFB3261E},
