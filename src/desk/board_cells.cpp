@@ -11,7 +11,7 @@ namespace soran {
 using namespace Qt::StringLiterals;
 
 QString stateWord(const BoardRow& row) {
-  const QString forecast = row.outlookLevel() > 0 ? u'F' + QString::number(row.outlookLevel()) : QString();
+  QString forecast = row.outlookLevel() > 0 ? u'F' + QString::number(row.outlookLevel()) : QString();
   if (row.level() > 0) {
     const QString now = u'L' + QString::number(row.level());
     return row.outlookLevel() > row.level() ? now + u'/' + forecast : now;

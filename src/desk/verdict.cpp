@@ -107,7 +107,7 @@ std::vector<ForecastSlice> changesOf(QStringView text, const QDateTime& now) {
 }
 
 QDateTime endOfBoard(const QDateTime& now) {
-  return now.addSecs(outlookHours.back() * 3600);
+  return now.addSecs(qint64(outlookHours.back()) * 3600);
 }
 
 TafState stateOf(const std::optional<Taf>& taf, const QDateTime& now) {
@@ -190,7 +190,7 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
   const Forecast forecasts[] = {{row.metar, changesOf(row.metar, now)},
                                 {reports.taf, taf ? taf->slices : std::vector<ForecastSlice>()}};
   for (size_t i = 0; i < outlookHours.size(); ++i)
-    row.outlook[i] = worstOutlook(forecasts, now, now.addSecs(outlookHours[i] * 3600), limits);
+    row.outlook[i] = worstOutlook(forecasts, now, now.addSecs(qint64(outlookHours[i]) * 3600), limits);
   return row;
 }
 

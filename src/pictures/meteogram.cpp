@@ -22,7 +22,7 @@ constexpr qint64 hour = 3600;
 /// The time of HHMM in Japan on a date; an hour may lie beyond 24.
 QDateTime timeInJapan(QDate date, QStringView time) {
   constexpr qint64 ahead = 9 * hour;
-  const qint64 seconds = (time.first(2).toInt() * 60 + time.sliced(2).toInt()) * 60;
+  const qint64 seconds = qint64(time.first(2).toInt() * 60 + time.sliced(2).toInt()) * 60;
   return inUtc(date, QTime(0, 0)).addSecs(seconds - ahead);
 }
 

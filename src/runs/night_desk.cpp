@@ -123,7 +123,7 @@ void ringAlarms(Program& program) {
     return;
   tendRecords(program);
   const QDateTime now = utcNow(program);
-  const QTime local = now.addSecs(program.record().zoneOffset().hours * 3600).time();
+  const QTime local = now.addSecs(qint64(program.record().zoneOffset().hours) * 3600).time();
   const std::vector<AlarmEvent> events = bookOf(program).ring(ringRules(program), now, local);
   record(program, events);
   const auto rang = [](const AlarmEvent& event) { return event.kind == AlarmEventKind::Rang; };
@@ -208,7 +208,7 @@ std::optional<QString> muteText(Program& program, const QString& words) {
   const int minutes = isNumber ? usualMinutes : parts[1].toInt(&isNumber);
   if (!isNumber || minutes < 1 || minutes > longestMinutes)
     return std::nullopt;
-  const AlarmEvent event = bookOf(program).mute(code, now.addSecs(minutes * 60), now);
+  const AlarmEvent event = bookOf(program).mute(code, now.addSecs(qint64(minutes) * 60), now);
   recordAct(program, {event});
   return withNote(program, eventText(event));
 }

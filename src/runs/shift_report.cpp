@@ -90,7 +90,7 @@ std::optional<QString> shiftText(Program& program, const QString& words) {
     return std::nullopt;
   ShiftLog::Content content = allEvents(program);
   const QDateTime now = program.services.clock.now().toUTC();
-  const QDateTime from = now.addSecs(-request->hours * 3600);
+  const QDateTime from = now.addSecs(-qint64(request->hours) * 3600);
   std::erase_if(content.events, [&](const AlarmEvent& event) { return event.time < from; });
   QString text = u"*** SHIFT LOG - LAST " + QString::number(request->hours) + u" h ***" + crlf + crlf;
   if (content.fault != FileFault::None)
