@@ -172,6 +172,8 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   servePage(u"/"_s, u"index.html"_s, "text/html");
   servePage(u"/help/help.html"_s, u"help/help.html"_s, "text/html");
   servePage(u"/help/help.css"_s, u"help/help.css"_s, "text/css");
+  for (const QString& picture : {u"board.png"_s, u"graph.png"_s, u"map.png"_s})
+    servePage(u"/help/" + picture, u"help/" + picture, "image/png");
   servePage(u"/index2.htm"_s, u"help/index2.htm"_s, "text/html");
   server_->start();
   const QString base = server_->baseAddress();
