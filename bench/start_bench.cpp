@@ -116,4 +116,33 @@ void startCli(benchmark::State& state, bool fresh) {
 BENCHMARK_CAPTURE(startCli, first_start, true)->UseManualTime()->Iterations(1)->Repetitions(9);
 BENCHMARK_CAPTURE(startCli, later_start, false)->UseManualTime()->Iterations(1)->Repetitions(9);
 
+/// A watch of sixty airports, all in fog, from its start to the last alarm.
+void watchCli(benchmark::State& state) {
+  bench::Loopback endpoint;
+  OwnFolder folder;
+  const QString ini = folder.filePath(u"endpoints.ini"_s);
+  endpoint.writeEndpoints(ini);
+  QStringList codes;
+  for (int i = 0; i < 60; ++i) {
+    codes += u"RX"_s + QChar(u'A' + i / 26) + QChar(u'A' + i % 26);
+    const QByteArray code = codes.last().toLatin1();
+    endpoint.server.setFile(bench::metarFolder + codes.last() + u".TXT",
+                            "2026/11/24 05:00\n" + code + " 240500Z 00000KT 0300 FG VV001 02/02 Q1018\n");
+    endpoint.server.setFile(bench::tafFolder + codes.last() + u".TXT",
+                            "2026/11/24 05:05\nTAF " + code + " 240505Z 2406/2512 33010KT 9999 FEW030\n");
+  }
+  double most = 0;
+  for (auto _ : state) {
+    OnTerminal cli({u"--home"_s, folder.filePath(u"home"_s), u"--endpoints"_s, ini, u"watch"_s, u"--list"_s,
+                    codes.join(u' ')});
+    if (!cli.waitFor("RANG  " + codes.last().toLatin1())) {
+      state.SkipWithError("no alarm");
+      break;
+    }
+    most = std::max(most, bench::figuresOf(cli.pid()).peak);
+  }
+  bench::holdMemory(state, most, 30);
+}
+BENCHMARK(watchCli)->Name("watch/60")->Iterations(1);
+
 } // namespace

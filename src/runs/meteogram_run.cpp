@@ -34,6 +34,10 @@ Meteogram gatherMeteogram(Program& program, const StationCode& code) {
     keepLastReports(program);
     refreshCycleFiles(program);
   }
+  return knownMeteogram(program, code);
+}
+
+Meteogram knownMeteogram(Program& program, const StationCode& code) {
   QStringList metars = cycleLines(program, code);
   if (const auto* metar = program.knownReports.find(code, ReportKind::Metar))
     metars += {metar->before, metar->text};

@@ -13,4 +13,7 @@ struct Program;
 /// was closed.
 Meteogram gatherMeteogram(Program& program, const StationCode& code);
 
+/// The same of what is known already.
+Meteogram knownMeteogram(Program& program, const StationCode& code);
+
 } // namespace soran

@@ -4,16 +4,21 @@
 
 #include "desktop/forms/board_model.h"
 #include "desktop/services/board_print.h"
+#include "desktop/widgets/drawing_painter.h"
 #include "desktop/widgets/look.h"
+#include "pictures/meteogram_drawing.h"
 #include "reports/colouring.h"
 #include "runs/desk_record.h"
 #include "runs/last_known.h"
+#include "runs/meteogram_run.h"
 #include "runs/night_desk.h"
 #include "terminal/actions.h"
+#include "terminal/desk_commands.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +27,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTableView>
+#include <QToolTip>
 
 namespace soran {
 
@@ -75,6 +81,7 @@ void BoardForm::lay() {
   table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   table_->setWordWrap(false);
   table_->installEventFilter(this);
+  table_->viewport()->installEventFilter(this);
   table_->verticalHeader()->hide();
   table_->horizontalHeader()->setHighlightSections(false);
   report_->setReadOnly(true);
@@ -96,42 +103,61 @@ void BoardForm::lay() {
   panes->setChildrenCollapsible(false);
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(4, 4, 4, 4);
-  all->addWidget(makeBar());
+  all->addLayout(makeSummary());
+  all->addLayout(makeButtons());
   all->addWidget(panes, 1);
   resize(QSize(1240, 680).boundedTo(screen()->availableSize()));
 }
 
-QWidget* BoardForm::makeBar() {
-  auto* widget = new QWidget;
-  auto* bar = new QHBoxLayout(widget);
-  bar->setContentsMargins(0, 0, 0, 0);
-  bar->setSpacing(4);
+QLayout* BoardForm::makeSummary() {
+  auto* bar = new QHBoxLayout;
   bar->addWidget(summary_, 1);
-  bar->addSpacing(8);
   auto* label = new QLabel(u"絞り込み(&F)"_s);
   label->setBuddy(filter_);
   bar->addWidget(label);
   filter_->setClearButtonEnabled(true);
-  filter_->setMaximumWidth(160);
+  filter_->setFixedWidth(160);
   filter_->setToolTip(u" 飛行場コード、名称または状態 "_s);
   filter_->setAccessibleName(u"絞り込み"_s);
   bar->addWidget(filter_);
   worstFirst_->setChecked(true);
   bar->addWidget(worstFirst_);
-  connect(addButton(*bar, u"確認(&A)"_s, u"選択した飛行場のアラームを確認"_s), &QPushButton::clicked, this,
-          &BoardForm::acknowledgeChosen);
-  connect(addButton(*bar, u"すべて確認(&L)"_s, u"すべてのアラームを確認"_s), &QPushButton::clicked, this,
-          &BoardForm::acknowledgeAllAlarms);
-  connect(addButton(*bar, u"消音(&M)"_s, u"選択した飛行場を60分鳴らさない、または鳴らす"_s),
-          &QPushButton::clicked, this, &BoardForm::toggleMute);
-  connect(addButton(*bar, u"制限値(&T)"_s, u"空港別の制限値を編集"_s), &QPushButton::clicked, this, [this] {
+  return bar;
+}
+
+QLayout* BoardForm::makeButtons() {
+  auto* bar = new QHBoxLayout;
+  const auto add = [&](const QString& caption, const QString& tip, auto action) {
+    connect(addButton(*bar, caption, tip), &QPushButton::clicked, this, action);
+  };
+  bar->setSpacing(4);
+  add(u"確認(&A)"_s, u"選択した飛行場のアラームを確認"_s, &BoardForm::acknowledgeChosen);
+  add(u"すべて確認(&L)"_s, u"すべてのアラームを確認"_s, &BoardForm::acknowledgeAllAlarms);
+  add(u"消音(&M)"_s, u"選択した飛行場を60分鳴らさない、または鳴らす"_s, &BoardForm::toggleMute);
+  bar->addStretch(1);
+  add(u"グラフ(&G)"_s, u"選択した飛行場の気象グラフ"_s, [this] {
+    if (const auto code = chosen())
+      terminal_.guarded([&] { showGraph(terminal_, code->text()); });
+  });
+  add(u"制限値(&T)"_s, u"空港別の制限値を編集"_s, [this] {
     terminal_.guarded([this] { action::limits(terminal_); });
     refresh();
   });
-  connect(addButton(*bar, u"印刷(&P)"_s, u"1ページに印刷"_s), &QPushButton::clicked, this, &BoardForm::print);
-  connect(addButton(*bar, u"全画面(F11)"_s, u"全画面と元の大きさの切り替え"_s), &QPushButton::clicked, this,
-          &BoardForm::toggleFullScreen);
-  return widget;
+  add(u"印刷(&P)"_s, u"1ページに印刷"_s, &BoardForm::print);
+  add(u"全画面(F11)"_s, u"全画面と元の大きさの切り替え"_s, &BoardForm::toggleFullScreen);
+  return bar;
+}
+
+void BoardForm::showPicture(const QPoint& place, const QPoint& globalPlace) {
+  const QModelIndex index = table_->indexAt(place);
+  QString picture;
+  if (index.isValid()) {
+    const SettingsRecord settings = terminal_.program().record();
+    const StationCode code = model_->rowAt(index.row()).code;
+    picture = pictureTip(meteogramDrawing(knownMeteogram(terminal_.program(), code), settings, 640, 440),
+                         Ground(settings));
+  }
+  QToolTip::showText(globalPlace, picture, table_);
 }
 
 void BoardForm::connectControls() {
@@ -273,6 +299,11 @@ void BoardForm::keyPressEvent(QKeyEvent* event) {
 }
 
 bool BoardForm::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == table_->viewport() && event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    showPicture(help->pos(), help->globalPos());
+    return true;
+  }
   if (watched == table_ && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {

@@ -37,7 +37,9 @@ class BoardForm : public QDialog {
  private:
   void lay();
   void connectControls();
-  QWidget* makeBar();
+  QLayout* makeSummary();
+  QLayout* makeButtons();
+  void showPicture(const QPoint& place, const QPoint& globalPlace);
   void refresh();
   std::vector<BoardRow> rowsToShow();
   void showSummary(const std::vector<BoardRow>& rows);

@@ -4,6 +4,8 @@
 
 #include "desktop/widgets/look.h"
 
+#include <QBuffer>
+#include <QImage>
 #include <QPainter>
 #include <cmath>
 
@@ -158,6 +160,20 @@ void paintDrawing(QPainter& painter, const Drawing& drawing, const Ground& groun
   for (const Shape& shape : drawing.shapes)
     shapes.paint(shape);
   painter.restore();
+}
+
+QString pictureTip(const Drawing& drawing, const Ground& ground) {
+  QImage image(int(drawing.width), int(drawing.height), QImage::Format_RGB32);
+  image.fill(ground.colour);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  paintDrawing(painter, drawing, ground);
+  painter.end();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "PNG");
+  return u"<img src='data:image/png;base64,"_s + QString::fromLatin1(bytes.toBase64()) + u"'>";
 }
 
 } // namespace soran

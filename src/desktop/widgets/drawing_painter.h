@@ -33,4 +33,7 @@ QColor colourOf(Ink ink, const Ground& ground);
 /// as high as its shape says, in the terminal's font.
 void paintDrawing(QPainter& painter, const Drawing& drawing, const Ground& ground);
 
+/// The drawing as a text for a tip, which shows it.
+QString pictureTip(const Drawing& drawing, const Ground& ground);
+
 } // namespace soran
