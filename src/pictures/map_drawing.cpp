@@ -3,6 +3,7 @@
 #include "pictures/map_drawing.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <unordered_map>
 
@@ -54,6 +55,7 @@ std::vector<const MapStation*> inOrder(std::span<const MapStation> stations, con
   }
   std::ranges::stable_sort(ranked, std::ranges::greater(), &std::pair<int, const MapStation*>::first);
   std::vector<const MapStation*> order;
+  order.reserve(ranked.size());
   for (const auto& [rank, station] : ranked)
     order.push_back(station);
   return order;
@@ -213,24 +215,20 @@ Drawing drawSigmets(const QList<Sigmet>& sigmets, const Projection& projection, 
 
 Drawing drawGraticule(const Projection& projection) {
   constexpr std::pair<double, double> steps[] = {{12, 10}, {80, 2}, {INFINITY, 0.5}}; // below that scale
-  const double step = std::ranges::find_if(steps, [&](const auto& row) {
-                        return projection.unitsPerDegree() < row.first;
-                      })->second;
+  const double scale = projection.unitsPerDegree();
+  const double step = std::ranges::find_if(steps, [&](const auto& row) { return scale < row.first; })->second;
   Drawing drawing{.width = projection.width(), .height = projection.height()};
   const auto line = [&](Point from, Point to) {
     drawing.add({.ink = Ink::Night, .points = {from, to}, .size = 1});
   };
-  const double scale = projection.unitsPerDegree();
   const double west = projection.centre().longitude - projection.middle().x / scale;
-  for (double east = std::ceil(west / step) * step; east <= west + projection.width() / scale; east += step) {
-    const double x = (east - west) * scale;
-    line({x, 0}, {x, projection.height()});
-  }
+  const double east = west + projection.width() / scale;
+  for (int i = int(std::ceil(west / step)); i * step <= east; ++i)
+    line({(i * step - west) * scale, 0}, {(i * step - west) * scale, projection.height()});
   const double north = projection.toEarth({0, 0}).latitude;
   const double south = projection.toEarth({0, projection.height()}).latitude;
-  for (double latitude = std::ceil(south / step) * step; latitude <= std::min(north, 85.0);
-       latitude += step) {
-    const double y = projection.toPlane({latitude, projection.centre().longitude}).y;
+  for (int i = int(std::ceil(south / step)); i * step <= north; ++i) {
+    const double y = projection.toPlane({i * step, projection.centre().longitude}).y;
     line({0, y}, {projection.width(), y});
   }
   return drawing;

@@ -180,6 +180,23 @@ TEST_F(MapWindowTest, MovesWhatItWouldDraw) {
   EXPECT_EQ(differing(view_->grab().toImage(), before), 0);
 }
 
+TEST_F(MapWindowTest, TakesTheColoursOfTheSettings) {
+  showMap();
+  const auto ground = [this] {
+    const QImage image = view_->grab().toImage();
+    std::map<QRgb, int> count;
+    for (int x = 0; x < image.width(); ++x)
+      ++count[image.pixel(x, 1)];
+    return std::ranges::max_element(count, {}, [](const auto& row) { return row.second; })->first;
+  };
+  EXPECT_EQ(ground(), qRgb(0, 0, 0));
+  program().settings().store(key::表示領域の色, white);
+  form_->hide();
+  type(u"MAP"_s);
+  ASSERT_TRUE(form_->isVisible());
+  EXPECT_EQ(ground(), qRgb(255, 255, 255));
+}
+
 TEST_F(MapWindowTest, ListsAnAirportWithoutAPosition) {
   showMap();
   setAutoList(program().tables, u"RJTT QQQQ"_s);

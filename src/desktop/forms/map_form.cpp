@@ -127,6 +127,8 @@ void MapForm::setGroup(const QString& group) {
 void MapForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   terminal_.program().desk.showsBoard = true;
+  ground_ = Ground(terminal_.program().record());
+  view_->setGround(ground_);
   refresh();
   view_->showAll();
   timer_->setEnabled(true);

@@ -38,6 +38,12 @@ MapView::MapView(const Ground& ground, Coast coast, QWidget* parent)
   setMinimumSize(200, 150);
 }
 
+void MapView::setGround(const Ground& ground) {
+  ground_ = ground;
+  dropPictures();
+  update();
+}
+
 void MapView::showContent(MapContent content) {
   if (!std::ranges::equal(content_.stations, content.stations, looksLike))
     stations_ = {};
@@ -179,6 +185,12 @@ void MapView::resizeEvent(QResizeEvent* event) {
   dropPictures();
   if (showsAll_)
     showAll();
+}
+
+/// A map that is not seen keeps no memory for its pictures.
+void MapView::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  dropPictures();
 }
 
 void MapView::chooseAt(QPointF point, double reach) {

@@ -25,6 +25,7 @@ class MapView : public QWidget {
  public:
   explicit MapView(const Ground& ground, Coast coast, QWidget* parent = nullptr);
 
+  void setGround(const Ground& ground);
   void showContent(MapContent content);
   /// Marks that station; it has its station model before all others.
   void choose(const QString& code);
@@ -50,6 +51,7 @@ class MapView : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
