@@ -15,6 +15,7 @@ struct CodeWalk {
   ReportWalk& walk;
   std::vector<QStringView> groups; ///< none of them empty, without the "=" that ends a message
   size_t at = 0;                   ///< of the next group, from 0
+  qsizetype observedEnd = 0;       ///< of what the translation tells ahead of the remarks, once these begin
   bool hasAdditiveData = false;    ///< the remarks are those of FMH-1, where figures need no letter
 
   bool atEnd() const { return at == groups.size(); }

@@ -109,6 +109,7 @@ void tellWordsAnywhere(CodeWalk& code) {
 void tellRemarksByCode(CodeWalk& code) {
   const auto start = std::ranges::find(code.groups, QStringView(u"RMK"));
   code.at = size_t(start - code.groups.begin());
+  code.observedEnd = code.walk.out.text.size();
   while (!code.atEnd()) {
     code.walk.label = code.walk.out.title(RepeatedField::Remarks);
     if (std::ranges::none_of(remarks, [&code](RemarkByCode tell) { return tell(code); }))

@@ -49,16 +49,22 @@ void MergeCloud(ReportWalk& walk, QStringView amount, QStringView type) {
     walk.out.replace(word.toString(), QStringLiteral(")"));
 }
 
-/// Names the cloud type in the line of this very layer, where one is told that is of no other type.
-bool nameLayer(TranslationText& out, const QString& layer, const CloudType& type) {
+/// Names the cloud type in the line of this very layer, where one was observed that is of no other type.
+bool nameLayer(CodeWalk& code, const QString& layer, const CloudType& type) {
+  TranslationText& out = code.walk.out;
   const QString lineEnd = cloudWord(type.code) + crlf;
   // A layer stands behind a title: 3000 feet are no part of 13000.
   for (const QChar ahead : {u' ', u'\u3000'}) {
     for (const QString& cloud : {QString(u'雲' + crlf), lineEnd}) {
       const QString line = ahead + layer;
-      if (!out.text.contains(line + cloud))
+      // The remarks told so far, which may be many, have no such line.
+      const QStringView observed =
+          QStringView(out.text).first(std::min(code.observedEnd + crlf.size(), out.text.size()));
+      if (!observed.contains(QString(line + cloud)))
         continue;
+      const qsizetype before = out.text.size();
       out.replace(line + cloud, line + type.name + crlf);
+      code.observedEnd += out.text.size() - before;
       return true;
     }
   }
@@ -90,7 +96,7 @@ bool tellCloudTypeByCode(CodeWalk& code) {
     return false;
   QString layer;
   writeAll(layer, Plain{heightAt(group.last(3), 1)}, u"フィートに", amountWord(leadingInteger(group), {}));
-  if (!nameLayer(code.walk.out, layer, *type))
+  if (!nameLayer(code, layer, *type))
     code.walk.line(layer, type->name);
   code.take();
   return true;
