@@ -136,7 +136,7 @@ std::vector<AlarmEvent> AlarmBook::ring(const RingRules& rules, const QDateTime&
     if ((alarm.muted && !mutingEnds) || alarm.state != AlarmState::Ringing || isQuiet(rules, local))
       continue;
     const bool repeats = rules.repeatMinutes > 0 && alarm.lastRang.isValid() &&
-                         alarm.lastRang.secsTo(now) >= rules.repeatMinutes * 60;
+                         alarm.lastRang.secsTo(now) >= qint64(rules.repeatMinutes) * 60;
     if (entry.due || repeats)
       events.push_back(eventOf(Rang, code, now));
   }

@@ -43,9 +43,9 @@ class GraphPanel {
     const double last = std::max(first + step, std::ceil(high / step) * step);
     // Five lines at most.
     const double apart = std::max(1.0, std::ceil((last - first) / step / 4)) * step;
-    std::vector<double> marks;
-    for (double mark = first; mark < last + apart; mark += apart)
-      marks.push_back(mark);
+    std::vector<double> marks{first};
+    while (marks.back() < last)
+      marks.push_back(marks.back() + apart);
     return {place, std::move(marks), false};
   }
   /// From the first to the last mark.

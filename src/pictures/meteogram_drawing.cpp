@@ -246,7 +246,7 @@ void Picture::drawPanel(const GraphPanel& panel, const QString& unit, std::initi
 }
 
 void Picture::drawObserved(const GraphPanel& panel, const Curve& curve) {
-  constexpr qint64 longestGap = 90 * 60;
+  constexpr qint64 longestGap = secondsAnHour * 3 / 2;
   Shape line{.ink = curve.ink, .size = 1.6};
   QDateTime last;
   for (const Observed& report : meteogram_.observed) {
