@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/forms/graph_form.h"
 
+#include "base/text.h"
 #include "desktop/services/print_page.h"
 #include "desktop/widgets/drawing_view.h"
 #include "desktop/widgets/look.h"
@@ -50,8 +51,11 @@ GraphForm::GraphForm(QWidget* parent, Terminal& terminal)
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   lay();
   connect(view_, &DrawingView::resized, this, &GraphForm::draw);
-  connect(code_, &QLineEdit::returnPressed, this,
-          [this] { setStation(StationCode(code_->text().toUpper())); });
+  connect(code_, &QLineEdit::returnPressed, this, [this] {
+    const QString code = asciiUpper(code_->text().trimmed());
+    if (code.size() == 4 && isCodeList(code))
+      setStation(StationCode(code));
+  });
 }
 
 void GraphForm::lay() {
