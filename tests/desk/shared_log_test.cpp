@@ -5,8 +5,8 @@
 #include "base/files.h"
 #include "base/utc.h"
 #include "desk/alarm_book.h"
+#include "support/own_folder.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -23,7 +23,7 @@ class SharedLogTest : public ::testing::Test {
  protected:
   QString path() const { return folder.filePath(u"soran-shift.jsonl"_s); }
 
-  QTemporaryDir folder;
+  OwnFolder folder;
   SharedLog one{folder.path(), u"one-1"_s};
   SharedLog two{folder.path(), u"two-2"_s};
 };

@@ -3,13 +3,13 @@
 #include "desktop/forms/graph_form.h"
 #include "desktop/widgets/drawing_view.h"
 #include "fakes/world.h"
+#include "support/own_folder.h"
 #include "window_fixture.h"
 
 #include <QLineEdit>
 #include <QPrinter>
 #include <QSvgRenderer>
 #include <QTableWidget>
-#include <QTemporaryDir>
 
 namespace soran {
 namespace {
@@ -65,7 +65,7 @@ TEST_F(GraphWindowTest, ShowsTheSameInPictureAndTable) {
 
 TEST_F(GraphWindowTest, IsSavedAndPrinted) {
   const GraphForm& form = shownGraph(u"GRAPH RJTT"_s);
-  const QTemporaryDir folder;
+  const OwnFolder folder;
   ASSERT_TRUE(form.writeTo(folder.filePath(u"graph.png"_s)));
   EXPECT_EQ(QImage(folder.filePath(u"graph.png"_s)).size(), QSize(2400, 1400));
   ASSERT_TRUE(form.writeTo(folder.filePath(u"graph.svg"_s)));
