@@ -29,6 +29,14 @@ bool isShared(const AlarmEvent& event) {
          event.kind == AlarmEventKind::Unmuted;
 }
 
+/// What a desk may have done by now, clocks that differ a little allowed for.
+bool isPlausible(const AlarmEvent& event, const QDateTime& now) {
+  constexpr qint64 secondsOfClocks = 300;
+  constexpr qint64 secondsOfDay = qint64(24) * 3600;
+  const bool endsSoon = event.until.isValid() && event.until <= event.time.addSecs(secondsOfDay);
+  return event.time <= now.addSecs(secondsOfClocks) && (event.kind != AlarmEventKind::Muted || endsSoon);
+}
+
 } // namespace
 
 SharedLog::SharedLog(const QString& folder, QString desk)
@@ -58,9 +66,13 @@ std::optional<FileFault> SharedLog::add(std::span<const AlarmEvent> events) cons
   return fault;
 }
 
-SharedLog::News SharedLog::readNew() {
+SharedLog::News SharedLog::readNew(const QDateTime& now) {
   if (!QFileInfo::exists(folder_))
     return {.fault = FileFault::Missing};
+  const QFileInfo state(path_);
+  if (changed_.isValid() && state.size() == read_ && state.lastModified() == changed_)
+    return {};
+  changed_ = state.lastModified();
   const FileBytes file = readPlainFile(path_, largestListFile);
   if (!file.ok())
     return {.fault = file.fault == FileFault::Missing ? FileFault::None : file.fault};
@@ -73,8 +85,8 @@ SharedLog::News SharedLog::readNew() {
   News news;
   for (const QByteArray& line : fresh.toByteArray().split('\n')) {
     const std::optional<AlarmEvent> event = eventOfLine(line);
-    if (event && isShared(*event) && isDeskName(event->desk) && event->desk != desk_ &&
-        event->code.size() == 4 && isCodeList(event->code))
+    if (event && isShared(*event) && isPlausible(*event, now) && isDeskName(event->desk) &&
+        event->desk != desk_ && event->code.size() == 4 && isCodeList(event->code))
       news.events.push_back(*event);
   }
   return news;

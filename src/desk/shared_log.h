@@ -29,13 +29,16 @@ class SharedLog {
     FileFault fault = FileFault::None;   ///< of the folder as well; a file that is not there yet is none
   };
   /// What other desks added since this was asked last. A line that has not come to its end waits for it; a
-  /// file that was replaced is read from its beginning. Lines that are none are passed over.
-  News readNew();
+  /// file that was replaced is read from its beginning. Lines that are none are passed over, and so is
+  /// what no desk does: an act of a time to come (`now` is in UTC), a muting without an end or of more than a
+  /// day.
+  News readNew(const QDateTime& now);
 
  private:
   QString folder_;
   QString path_;
   QString desk_;
+  QDateTime changed_;   ///< the file when it was read
   qint64 read_ = 0;     ///< bytes
   QByteArray lastRead_; ///< the end of these
 };

@@ -93,6 +93,7 @@ inline constexpr QStringView restoredWords[] = {
     u"ISSUED",
     u"FBL",
     u"TRANSLATION",
+    u"SHIFT", u"CROSSED", u"LIMIT", u"SHARED", u"REACHED",
     freeSign,
     u"SAND",
     u"RAB", u"SNB", u"DZB", u"TSB", u"RAE", u"SNE", u"DZE", u"TSE",

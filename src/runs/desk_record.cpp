@@ -82,7 +82,7 @@ void followOthers(Program& program) {
   NightDeskState& desk = program.desk;
   if (!desk.shared)
     return;
-  const SharedLog::News news = desk.shared->readNew();
+  const SharedLog::News news = desk.shared->readNew(utcNow(program));
   if (desk.unshared.empty())
     tellChange(program, u"SHARED FOLDER", desk.sharedFault, news.fault);
   std::vector<AlarmEvent> taken;
