@@ -36,7 +36,7 @@ const KnownReports::Known* KnownReports::find(const StationCode& code, ReportKin
 }
 
 void KnownReports::keep(const StationCode& code, ReportKind kind, Known latest) {
-  constexpr qint64 keptSeconds = 26 * 3600;
+  constexpr qint64 keptSeconds = qint64(26) * 3600;
   Known& known = reports_[{code.text(), kind}];
   latest.number = ++count_;
   latest.times = std::move(known.times);
