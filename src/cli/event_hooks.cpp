@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/event_hooks.h"
 
+#include <QFileInfo>
 #include <QNetworkReply>
 #include <QStandardPaths>
 
@@ -29,7 +30,11 @@ EventHooks::EventHooks(const QString& command, const QUrl& address, StandardStre
 
 QString EventHooks::faultOf(const QString& command, const QString& address) {
   const QStringList words = QProcess::splitCommand(command);
-  if (!command.isEmpty() && (words.isEmpty() || QStandardPaths::findExecutable(words.first()).isEmpty()))
+  const QFileInfo named(words.value(0));
+  const bool isThere = words.value(0).contains(u'/')
+                           ? named.isFile() && named.isExecutable()
+                           : !QStandardPaths::findExecutable(words.value(0)).isEmpty();
+  if (!command.isEmpty() && !isThere)
     return u"--exec: no such program: "_s + words.value(0);
   const QUrl url(address, QUrl::StrictMode);
   const bool isWeb = url.scheme() == u"http" || url.scheme() == u"https";

@@ -3,6 +3,7 @@
 #include "cli/watch.h"
 
 #include "base/text.h"
+#include "runs/desk_record.h"
 #include "runs/night_desk.h"
 #include "start/opening.h"
 
@@ -79,6 +80,8 @@ int Watch::run() {
 }
 
 void Watch::second() {
+  if (const QString note = recordNote(program_); note != std::exchange(note_, note) && !note.isEmpty())
+    errors_.tell(u"soran-cli: "_s + note + u'\n');
   takeAlarms();
   lookAtNetwork();
   lookAtAges();

@@ -50,6 +50,7 @@ class Watch final : public QObject {
   QHash<QString, bool> expired_;
   std::optional<bool> connected_;
   QString panel1_;
+  QString note_;      // what is wrong with the files
   bool lost_ = false; // what was told could not be written
 };
 

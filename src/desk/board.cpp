@@ -104,6 +104,9 @@ int rankOf(const BoardRow& row) {
     rank = std::max(rank, 8) + 2;
   if (row.tafIsSilent())
     rank = std::max(rank, 6) + 1;
+  // Whatever nobody has seen stands above what is silent.
+  if (ringing)
+    rank = std::max(rank, 15);
   return rank * 2 + (ringing ? 5 : 0);
 }
 

@@ -47,6 +47,7 @@ struct BoardRow {
   std::optional<RunwayWind> runwayWind = {}; ///< of `values`, on the runway in use
   Freshness freshness = Freshness::Unknown;
   std::vector<Finding> findings = {}; ///< of the METAR, the worst first
+  bool lacksLimited = false;          ///< an element with a limit is not told
   TafState taf = TafState::None;
   std::array<std::optional<Outlook>, outlookHours.size()> outlook = {};
   QStringList sigmets = {}; ///< "M02"
@@ -69,8 +70,9 @@ void sortWorstFirst(std::vector<BoardRow>& rows);
 
 /// One word for the state of the row, never empty: "L3" for a METAR beyond the third limit, "F3" for a TAF of
 /// the next six hours, "L1/F3" where that is worse, "OVERDUE", "EXPIRED", "CLOSED"; "NO DATA" where neither
-/// visibility nor ceiling is known, "PART" where one of them is not, "TAF?" where a TAF tells nothing that
-/// could be relied on; "OK" where all is known and within the limits.
+/// visibility nor ceiling is known, "PART" where one of them, another element with a limit, or a group is
+/// not, "TAF?" where a TAF tells nothing that could be relied on; "OK" where all is known and within the
+/// limits.
 QString stateWord(const BoardRow& row);
 /// "RING", "ACK", "MUTED", or empty.
 QString alarmWord(const Alarm& alarm);

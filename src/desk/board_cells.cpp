@@ -28,7 +28,8 @@ QString stateWord(const BoardRow& row) {
     return u"TAF?"_s;
   if (row.freshness == Freshness::Closed)
     return u"CLOSED"_s;
-  return row.values.tellsVisibility() && row.values.tellsCeiling() ? u"OK"_s : u"PART"_s;
+  const bool isKnown = row.values.tellsVisibility() && row.values.tellsCeiling() && row.values.unread.empty();
+  return isKnown && !row.lacksLimited ? u"OK"_s : u"PART"_s;
 }
 
 QString alarmWord(const Alarm& alarm) {
@@ -179,6 +180,8 @@ QString visibility(const BoardRow& row, const QDateTime&) {
     words.append(u"CAVOK"_s);
   else if (row.values.visibility)
     words.append(reported(row, row.values.visibility->words));
+  if (row.values.directional)
+    words.append(reported(row, *row.values.directional));
   if (const RunwayRange* least = row.values.leastRunwayRange())
     words.append(reported(row, least->words));
   return words.join(u' ');

@@ -127,7 +127,8 @@ FileFault ShiftLog::dropBefore(const QDateTime& time) {
 }
 
 QString eventText(const AlarmEvent& event) {
-  QString line = event.code + u' ' + nameOf(event.kind);
+  const bool isBelowAnother = event.kind == AlarmEventKind::Back && event.level > 0;
+  QString line = event.code + u' ' + (isBelowAnother ? u"EASED" : nameOf(event.kind));
   if (isOfReport(event)) {
     line += u' ' + nameOf(event.report) + u' ' + event.element;
     if (!event.words.isEmpty())

@@ -56,6 +56,9 @@ std::vector<Finding> findingsOf(std::vector<Crossing> crossed, QStringView text)
 QStringList toldBy(const ElementValues& values) {
   constexpr int reportedBelow = 1500;
   QStringList told;
+  // What cannot be read may be any of them.
+  if (!values.unread.empty())
+    return told;
   if (values.tellsVisibility())
     told += nameOf(LimitedElement::Visibility);
   const bool needsNoRange = values.cavok || (values.visibility && values.visibility->metres >= reportedBelow);
@@ -106,6 +109,17 @@ std::vector<ForecastSlice> changesOf(QStringView text, const QDateTime& now) {
   return changes;
 }
 
+/// Whether an element with a limit has no value.
+bool lacksLimited(const QStringList& told, const Limits& limits) {
+  const auto isMissing = [&told](LimitedElement element) { return !told.contains(nameOf(element)); };
+  return std::ranges::any_of(limits.conditions, [&](const std::optional<ConditionLimits>& condition) {
+    return condition && ((condition->wind && isMissing(LimitedElement::Wind)) ||
+                         (condition->gust && isMissing(LimitedElement::Gust)) ||
+                         (condition->crosswind && isMissing(LimitedElement::Crosswind)) ||
+                         (!condition->weather.isEmpty() && isMissing(LimitedElement::Weather)));
+  });
+}
+
 QDateTime endOfBoard(const QDateTime& now) {
   return now.addSecs(qint64(outlookHours.back()) * 3600);
 }
@@ -129,7 +143,10 @@ Verdict observationVerdict(QStringView text, const Limits& limits) {
 
 Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limits) {
   Verdict verdict = observationVerdict(text, limits);
-  if (verdict.told.isEmpty())
+  const std::optional<MetarReading> metar = readMetar(text, now);
+  const bool tells =
+      metar && (metar->hasTrend || metar->values.tellsVisibility() || metar->values.tellsCeiling());
+  if (verdict.told.isEmpty() || !tells)
     return verdict;
   const Verdict trend = verdictOf({text, changesOf(text, now)}, now, endOfBoard(now), limits);
   const auto named = [](const QString& element) { return u"TREND "_s + element; };
@@ -182,7 +199,9 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
     row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));
     row.freshness = freshnessOf(reports.times, reports.watchedSince, now);
-    row.findings = observationVerdict(row.metar, limits).findings;
+    Verdict verdict = observationVerdict(row.metar, limits);
+    row.findings = std::move(verdict.findings);
+    row.lacksLimited = lacksLimited(verdict.told, limits);
   }
   const std::optional<Taf> taf = readTaf(reports.taf, now);
   if (!reports.taf.isEmpty())

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 namespace soran {
 
@@ -91,7 +92,9 @@ class Picture {
   void drawObserved(const GraphPanel& panel, const Curve& curve);
   void drawForecast(const GraphPanel& panel, const Curve& curve);
   void drawLimits(const GraphPanel& panel, std::optional<int> ConditionLimits::*limit);
-  void symbol(double x, QStringView text, const ElementValues& values, const QDateTime& time);
+  void add(std::vector<Shape> shapes, const QString& element, const QDateTime& time, QStringView words);
+  void drawWeather(double x, QStringView text, const ElementValues& values, const QDateTime& time);
+  void drawArrow(double x, QStringView text, const ElementValues& values, const QDateTime& time);
   std::pair<double, double> rangeOf(std::initializer_list<Curve> curves) const;
   void label(const QString& text, Point at, TextPlace place, Ink ink = Ink::Text) {
     drawing_.add(
@@ -185,41 +188,53 @@ void Picture::drawHours() {
                 .time = meteogram_.now});
 }
 
-void Picture::symbol(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
-  constexpr double symbolSize = 18;
-  constexpr double barbLength = 22;
-  const auto add = [&](std::vector<Shape> shapes, const QString& element, QStringView words) {
-    for (Shape& shape : shapes) {
-      shape.element = element;
-      shape.time = time;
-      shape.words = words.toString();
-      drawing_.add(std::move(shape));
-    }
-  };
-  if (!values.weather.empty()) {
-    const QStringView group = values.weather.front().in(text);
-    add(weatherSymbol(group, {x, titleHeight + 14}, symbolSize), u"WX"_s, group);
+void Picture::add(std::vector<Shape> shapes, const QString& element, const QDateTime& time,
+                  QStringView words) {
+  for (Shape& shape : shapes) {
+    shape.element = element;
+    shape.time = time;
+    shape.words = words.toString();
+    drawing_.add(std::move(shape));
   }
+}
+
+void Picture::drawWeather(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
+  constexpr double symbolSize = 18;
+  const QStringView group = values.weather.front().in(text);
+  add(weatherSymbol(group, {x, titleHeight + 12}, symbolSize), u"WX"_s, time, group);
+}
+
+void Picture::drawArrow(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
+  constexpr double barbLength = 20;
   if (values.wind)
-    add(windBarb(*values.wind, {x, titleHeight + symbolHeight * 0.66}, barbLength), u"BARB"_s,
+    add(windBarb(*values.wind, {x, titleHeight + symbolHeight * 0.62}, barbLength), u"BARB"_s, time,
         values.wind->words.in(text));
 }
 
 void Picture::drawSymbols() {
   constexpr double room = 26; // that a symbol takes
-  double free = times_.left();
-  for (const Observed& report : meteogram_.observed) {
-    if (x(report.time) < free)
-      continue;
-    symbol(x(report.time), report.text, report.values, report.time);
-    free = x(report.time) + room;
+  // The newest first: of those that stand too close it is the one that counts.
+  double freeWeather = times_.right();
+  double freeArrow = times_.right();
+  for (const Observed& report : meteogram_.observed | std::views::reverse) {
+    const double place = x(report.time);
+    if (!report.values.weather.empty() && place + room / 2 <= freeWeather) {
+      drawWeather(place, report.text, report.values, report.time);
+      freeWeather = place - room / 2;
+    }
+    if (place + room / 2 <= freeArrow) {
+      drawArrow(place, report.text, report.values, report.time);
+      freeArrow = place - room / 2;
+    }
   }
-  free = std::max(free, x(meteogram_.now) + room / 2);
+  double free = x(meteogram_.now) + room / 2;
   for (const ForecastSlice& slice : meteogram_.taf) {
     const double place = std::max(x(slice.from), free);
     if (place + room / 2 > x(slice.to))
       continue;
-    symbol(place, meteogram_.tafText, slice.values, slice.from);
+    if (!slice.values.weather.empty())
+      drawWeather(place, meteogram_.tafText, slice.values, slice.from);
+    drawArrow(place, meteogram_.tafText, slice.values, slice.from);
     free = place + room;
   }
 }

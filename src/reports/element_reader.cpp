@@ -56,6 +56,23 @@ std::optional<int> degreesOf(QStringView half) {
   return half.startsWith(u'M') ? -leadingInteger(half.sliced(1)) : leadingInteger(half);
 }
 
+/// Whether a group that is none of an element must have been meant for one.
+bool isGarbled(QStringView group) {
+  for (const QStringView word : {u"FEW", u"SCT", u"BKN", u"OVC", u"VV"}) {
+    if (group.startsWith(word))
+      return true;
+  }
+  const auto isFigure = [](QChar c) { return isAsciiDigit(c) || c == u'O'; };
+  const auto digits = std::ranges::count_if(group, isAsciiDigit);
+  const bool areFigures = digits >= 2 && std::ranges::all_of(group, isFigure);
+  const bool holdsLetter = group.contains(u'O');
+  const bool isWind =
+      (group.endsWith(u"KT") || group.endsWith(u"MPS")) && !group.contains(u'/') && group.size() >= 6;
+  const bool isRange = group.startsWith(u'R') && group.contains(u"/O");
+  return (areFigures && (group.size() == 3 || (group.size() == 4 && holdsLetter))) ||
+         (isWind && digits >= 2) || (isRange && digits >= 2);
+}
+
 /// Takes the groups of one stretch, each by the first reader that knows it.
 class ElementReader {
  public:
@@ -65,8 +82,11 @@ class ElementReader {
     words_ = words;
     group_ = words.in(text_);
     // Every reader looks at the shape of the whole group, so their order does not matter.
-    hasTaken_ = takeWind() || takeWord() || takeVisibility() || takeRunwayRange() || takeCloud() ||
-                takeTemperatures() || takePressure() || takeWeather() || hasTaken_;
+    const bool taken = takeWind() || takeWord() || takeVisibility() || takeRunwayRange() || takeCloud() ||
+                       takeTemperatures() || takePressure() || takeWeather();
+    hasTaken_ = taken || hasTaken_;
+    if (!taken && isGarbled(group_))
+      values_.unread.push_back(words_);
     before_ = words;
   }
   /// A group of an element was there, of slashes perhaps.
@@ -93,6 +113,7 @@ class ElementReader {
   Words words_;
   Words before_; ///< the group ahead
   bool hasTaken_ = false;
+  int heightBelow_ = 0; ///< of the layer ahead, in hundreds of feet; 0 where there is none
   ElementValues values_;
 };
 
@@ -139,6 +160,14 @@ void ElementReader::keepVisibility(const Visibility& visibility) {
 }
 
 bool ElementReader::takeVisibility() {
+  constexpr QStringView aheadOfOthers[] = {u"AFT", u"MNM", u"MAX", u"TIL", u"NEXT"};
+  if (std::ranges::find(aheadOfOthers, before_.in(text_)) != std::end(aheadOfOthers))
+    return false;
+  if (hasShape(group_,
+               {u"####N", u"####E", u"####S", u"####W", u"####NE", u"####NW", u"####SE", u"####SW"})) {
+    values_.directional = words_;
+    return true;
+  }
   if (group_.size() == 4 || group_.endsWith(u"NDV")) {
     const auto reading = fourFiguresAt(text_, pos());
     if (reading && hasShape(group_, {u"####", u"####NDV"})) {
@@ -202,21 +231,28 @@ bool ElementReader::takeRunwayRange() {
 }
 
 bool ElementReader::takeCloud() {
+  // Layers stand from the lowest on: one whose height is missing lies above those ahead of it.
+  constexpr int lowHundreds = 10;
   const bool isVertical = group_.startsWith(colouring::verticalVisibility.word);
   if (isVertical ? !hasShape(group_, {u"VV###", u"VV///"}) : !isCloudLayer(group_))
     return false;
   values_.clouds.push_back(words_);
-  // A CB or TCU that was seen by radar stands beside layers that were measured.
+  // A CB or TCU that was seen by radar stands behind layers that were measured.
   constexpr qsizetype withoutType = 6;
-  values_.hidesCeiling |= group_.startsWith(u"///") && group_.size() == withoutType;
+  const bool isAlone = values_.clouds.size() == 1;
+  values_.hidesCeiling |= group_.startsWith(u"///") && (group_.size() == withoutType || isAlone);
   if (isVertical)
     keepCeiling(colouring::verticalVisibility, values_.vertical);
   for (const colouring::CeilingForm& form : colouring::ceilingForms) {
     if (!form.oktas && group_.startsWith(form.word)) {
       keepCeiling(form, values_.layer);
-      values_.hidesCeiling |= group_.sliced(form.word.size()).startsWith(u"///");
+      values_.hidesCeiling |=
+          group_.sliced(form.word.size()).startsWith(u"///") && heightBelow_ < lowHundreds;
     }
   }
+  if (hasShape(group_.first(std::min<qsizetype>(6, group_.size())),
+               {u"FEW###", u"SCT###", u"BKN###", u"OVC###"}))
+    heightBelow_ = leadingInteger(group_.sliced(3));
   return true;
 }
 

@@ -11,6 +11,13 @@ const RunwayRange* ElementValues::leastRunwayRange() const {
   return least == runwayRanges.end() ? nullptr : &*least;
 }
 
+bool ElementValues::isEmpty() const {
+  ElementValues read = *this;
+  read.unread.clear();
+  read.directional.reset();
+  return read == ElementValues();
+}
+
 const Ceiling* ElementValues::ceiling() const {
   if (layer && vertical)
     return vertical->feet < layer->feet ? &*vertical : &*layer;

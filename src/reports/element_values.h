@@ -112,6 +112,10 @@ struct ElementValues {
       false; ///< a layer has no amount, or BKN or OVC no height: a ceiling may lie below any other
   std::optional<Temperatures> temperatures = {};
   std::optional<Pressure> pressure = {}; ///< QNH
+  /// Groups that were meant for an element and are none, such as a letter O for a nought.
+  std::vector<Words> unread = {};
+  /// A lowest visibility with its direction, which is not compared with limits: "0300N".
+  std::optional<Words> directional = {};
 
   /// The lowest of the runways; null where none is reported.
   const RunwayRange* leastRunwayRange() const;
@@ -127,7 +131,7 @@ struct ElementValues {
     return cavok || noWeather || !weather.empty() || (visibility && !hidesWeather);
   }
   /// No element at all is told.
-  bool isEmpty() const { return *this == ElementValues(); }
+  bool isEmpty() const;
   bool operator==(const ElementValues&) const = default;
 };
 

@@ -14,12 +14,14 @@ namespace soran {
 
 SliceBuilder::SliceBuilder(QStringView text, const QDateTime& from, const QDateTime& to, ElementValues values,
                            const Words& words)
-    : text_(text), from_(from), to_(to), changed_(from) {
+    : text_(text), from_(from), to_(to), changed_(from), unread_(values.unread) {
   slices_.push_back({SliceKind::Prevailing, 0, from, to, std::move(values), words});
 }
 
 void SliceBuilder::add(const ForecastPart& part) {
   ElementValues values = isInTime(part) ? readElements(text_, part.content) : ElementValues();
+  if (!values.isEmpty())
+    unread_.insert(unread_.end(), values.unread.begin(), values.unread.end());
   if (values.isEmpty()) {
     unread_.push_back(part.words);
     return;

@@ -119,8 +119,11 @@ void observeReports(Program& program) {
 }
 
 void ringAlarms(Program& program) {
-  if (!ringsByCondition(program))
+  if (!ringsByCondition(program)) {
+    if (program.desk.shared)
+      tendRecords(program);
     return;
+  }
   tendRecords(program);
   const QDateTime now = utcNow(program);
   const QTime local = now.addSecs(qint64(program.record().zoneOffset().hours) * 3600).time();
@@ -160,6 +163,7 @@ QString boardScreenText(Program& program, const QStringList& codes, int columns)
   sortWorstFirst(rows);
   const QDateTime now = utcNow(program);
   const size_t ringing = bookOf(program).ringing().size();
+  tendRecords(program);
   const QString note = recordNote(program);
   return u"*** BOARD " + now.toString(u"HH:mm"_s) + u"Z - " + countText(ringing) + u" ***" + crlf +
          (note.isEmpty() ? QString() : note + crlf) + crlf +

@@ -32,6 +32,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSizeF fileSize(1200, 700);
+constexpr QSizeF smallestPicture(700, 440); // a smaller view shows it smaller
 constexpr int pictureHeight = 520;
 constexpr int tableHeight = 150;
 
@@ -144,7 +145,7 @@ Drawing GraphForm::drawn(QSizeF size) const {
 
 void GraphForm::draw() {
   if (meteogram_.from.isValid())
-    view_->showDrawing(drawn(view_->size()));
+    view_->showDrawing(drawn(QSizeF(view_->size()).expandedTo(smallestPicture)));
 }
 
 void GraphForm::fillTable() {
@@ -241,7 +242,11 @@ bool GraphForm::eventFilter(QObject* watched, QEvent* event) {
   if (watched != view_ || event->type() != QEvent::ToolTip || !meteogram_.from.isValid())
     return QDialog::eventFilter(watched, event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  const QDateTime time = timeAt(meteogram_, help->pos().x(), view_->width());
+  // As the view does, in the middle and as large as it fits.
+  const Drawing& drawing = view_->drawing();
+  const double scale = std::min(view_->width() / drawing.width, view_->height() / drawing.height);
+  const double x = (help->pos().x() - (view_->width() - drawing.width * scale) / 2) / scale;
+  const QDateTime time = timeAt(meteogram_, x, drawing.width);
   QToolTip::showText(help->globalPos(), time.isValid() ? noteAt(meteogram_, time) : QString(), view_);
   return true;
 }
