@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace soran {
 
@@ -216,7 +215,8 @@ void Picture::drawSymbols() {
   // The newest first: of those that stand too close it is the one that counts.
   double freeWeather = times_.right();
   double freeArrow = times_.right();
-  for (const Observed& report : meteogram_.observed | std::views::reverse) {
+  for (auto next = meteogram_.observed.rbegin(); next != meteogram_.observed.rend(); ++next) {
+    const Observed& report = *next;
     const double place = x(report.time);
     if (!report.values.weather.empty() && place + room / 2 <= freeWeather) {
       drawWeather(place, report.text, report.values, report.time);
