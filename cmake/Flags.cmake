@@ -14,6 +14,10 @@ target_compile_options(soran-flags INTERFACE
   -fstack-protector-strong -fvisibility=hidden)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(soran-flags INTERFACE -Wno-unknown-warning-option)
+  # A name of one file is no name of the next one; GCC, which sees each change first, tells where it matters.
+  if(CMAKE_UNITY_BUILD)
+    target_compile_options(soran-flags INTERFACE -Wno-shadow)
+  endif()
 else()
   target_compile_options(soran-flags INTERFACE -fstack-clash-protection)
   # Where files are compiled together, what has no name outside of one seems to stand in a header.
