@@ -149,7 +149,7 @@ Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limit
   if (verdict.told.isEmpty() || !tells)
     return verdict;
   const Verdict trend = verdictOf({text, changesOf(text, now)}, now, endOfBoard(now), limits);
-  const auto named = [](const QString& element) { return u"TREND "_s + element; };
+  const auto named = [](const QString& element) { return QString(u"TREND "_s + element); };
   for (Finding finding : trend.findings) {
     finding.element = named(finding.element);
     verdict.findings.push_back(finding);
