@@ -50,13 +50,6 @@ namespace cell {
 
 namespace {
 
-QString joined(const BoardRow& row, const std::vector<Words>& groups) {
-  QStringList words;
-  for (const Words& group : groups)
-    words.append(group.in(row.metar).toString());
-  return words.join(u' ');
-}
-
 QString reported(const BoardRow& row, const Words& words) {
   return words.in(row.metar).toString();
 }
@@ -76,9 +69,10 @@ void addChange(QStringList& changes, QStringView name, const std::optional<Eleme
 /// Metres that a report tells; those that only say how far at least are all alike.
 std::optional<int> metres(const ElementValues& values) {
   constexpr int unlimited = 9999;
-  if (values.cavok || (values.visibility && values.visibility->bound == Bound::Above))
+  if (values.visibility && values.visibility->bound == Bound::Above)
     return unlimited;
-  return values.visibility ? std::optional(std::min(values.visibility->metres, unlimited)) : std::nullopt;
+  const std::optional<int> told = values.visibilityMetres();
+  return told ? std::optional(std::min(*told, unlimited)) : std::nullopt;
 }
 
 /// Feet; a sky without a ceiling lies above every height that can be reported, of which there are three
@@ -176,10 +170,8 @@ QString runway(const BoardRow& row, const QDateTime&) {
 
 QString visibility(const BoardRow& row, const QDateTime&) {
   QStringList words;
-  if (row.values.cavok)
-    words.append(u"CAVOK"_s);
-  else if (row.values.visibility)
-    words.append(reported(row, row.values.visibility->words));
+  if (const Words* seen = row.values.visibilityWords())
+    words.append(reported(row, *seen));
   if (row.values.directional)
     words.append(reported(row, *row.values.directional));
   if (const RunwayRange* least = row.values.leastRunwayRange())
@@ -188,7 +180,7 @@ QString visibility(const BoardRow& row, const QDateTime&) {
 }
 
 QString weather(const BoardRow& row, const QDateTime&) {
-  return joined(row, row.values.weather);
+  return joinedWords(row.metar, row.values.weather);
 }
 
 QString ceiling(const BoardRow& row, const QDateTime&) {

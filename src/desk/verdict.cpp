@@ -80,6 +80,10 @@ bool touches(const ForecastSlice& slice, const QDateTime& from, const QDateTime&
   return slice.to > from && slice.from < to;
 }
 
+Verdict verdictOf(const ElementValues& values, QStringView text, const Limits& limits) {
+  return {findingsOf(crossings(values, text, limits), text), toldBy(values)};
+}
+
 /// What the slices that touch the time say.
 Verdict verdictOf(const Forecast& forecast, const QDateTime& from, const QDateTime& to,
                   const Limits& limits) {
@@ -98,11 +102,10 @@ Verdict verdictOf(const Forecast& forecast, const QDateTime& from, const QDateTi
 
 /// The changes that the trend of a METAR tells, each with the elements that it names alone: the others are
 /// those of the observation.
-std::vector<ForecastSlice> changesOf(QStringView text, const QDateTime& now) {
-  const std::optional<MetarReading> metar = readMetar(text, now);
-  std::vector<ForecastSlice> changes = metar ? metar->slices : std::vector<ForecastSlice>();
+std::vector<ForecastSlice> changesOf(const MetarReading& metar, QStringView text) {
+  std::vector<ForecastSlice> changes = metar.slices;
   std::erase_if(changes, [&](const ForecastSlice& slice) {
-    return slice.kind == SliceKind::Prevailing && slice.from == metar->observed;
+    return slice.kind == SliceKind::Prevailing && slice.from == metar.observed;
   });
   for (ForecastSlice& change : changes)
     change.values = readElements(text, change.words);
@@ -137,8 +140,7 @@ TafState stateOf(const std::optional<Taf>& taf, const QDateTime& now) {
 } // namespace
 
 Verdict observationVerdict(QStringView text, const Limits& limits) {
-  const ElementValues values = readElements(text, observationIn(text));
-  return {findingsOf(crossings(values, text, limits), text), toldBy(values)};
+  return verdictOf(readElements(text, observationIn(text)), text, limits);
 }
 
 Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limits) {
@@ -148,7 +150,7 @@ Verdict metarVerdict(QStringView text, const QDateTime& now, const Limits& limit
       metar && (metar->hasTrend || metar->values.tellsVisibility() || metar->values.tellsCeiling());
   if (verdict.told.isEmpty() || !tells)
     return verdict;
-  const Verdict trend = verdictOf({text, changesOf(text, now)}, now, endOfBoard(now), limits);
+  const Verdict trend = verdictOf({text, changesOf(*metar, text)}, now, endOfBoard(now), limits);
   const auto named = [](const QString& element) { return QString(u"TREND "_s + element); };
   for (Finding finding : trend.findings) {
     finding.element = named(finding.element);
@@ -199,15 +201,17 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
     row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));
     row.freshness = freshnessOf(reports.times, reports.watchedSince, now);
-    Verdict verdict = observationVerdict(row.metar, limits);
+    Verdict verdict = verdictOf(row.values, row.metar, limits);
     row.findings = std::move(verdict.findings);
     row.lacksLimited = lacksLimited(verdict.told, limits);
   }
   const std::optional<Taf> taf = readTaf(reports.taf, now);
   if (!reports.taf.isEmpty())
     row.taf = stateOf(taf, now);
-  const Forecast forecasts[] = {{row.metar, changesOf(row.metar, now)},
-                                {reports.taf, taf ? taf->slices : std::vector<ForecastSlice>()}};
+  const std::optional<MetarReading> metar = readMetar(row.metar, now);
+  const std::vector<ForecastSlice> none;
+  const Forecast forecasts[] = {{row.metar, metar ? changesOf(*metar, row.metar) : none},
+                                {reports.taf, taf ? taf->slices : none}};
   for (size_t i = 0; i < outlookHours.size(); ++i)
     row.outlook[i] = worstOutlook(forecasts, now, now.addSecs(qint64(outlookHours[i]) * 3600), limits);
   return row;

@@ -5,6 +5,7 @@
 #include "forms/list_rules.h"
 #include "runs/program.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -70,6 +71,75 @@ class EditedRows {
 
 /// Of rows of two texts.
 using EditedList = EditedRows<EditedRow>;
+
+/// An editor of rows whose cells are opened one at a time. Columns count from 0.
+template <class Row>
+class CellEditor {
+ public:
+  const EditedRows<Row>& list() const { return list_; }
+  int column() const { return column_; }
+  void select(int row, int column) {
+    if (!list_.has(row))
+      return;
+    list_.select(row);
+    column_ = std::clamp(column, 0, columns_ - 1);
+    editing_ = false;
+    changed();
+  }
+
+  /// The entries of the popup menu of the grid.
+  bool canEdit() const { return list_.hasSelection(); }
+  bool canRemove() const { return list_.hasSelection(); }
+
+  /// A cell is open for editing.
+  bool editing() const { return editing_; }
+  /// Opens the chosen cell.
+  void edit() {
+    editing_ = canEdit();
+    changed();
+  }
+  /// The open cell has lost the focus: what was typed is thrown away.
+  void abandon() { endEditing(); }
+  void moveUp() {
+    if (list_.moveUp())
+      changed();
+  }
+  void moveDown() {
+    if (list_.moveDown())
+      changed();
+  }
+
+  /// Something looks otherwise than before.
+  std::function<void()> changed = [] {};
+
+ protected:
+  CellEditor(Program& program, int columns) : program_(program), columns_(columns) { program.watchTicks = 0; }
+
+  /// Adds a row at the end and opens its first cell.
+  void append(Row cells) {
+    list_.insert(list_.count(), std::move(cells));
+    list_.select(list_.count() - 1);
+    list_.holdMoves();
+    column_ = 0;
+    edit();
+  }
+  void takeOffChosen() {
+    list_.removeCurrent();
+    endEditing();
+  }
+  void endEditing() {
+    editing_ = false;
+    changed();
+  }
+
+  Program& program_;
+  EditedRows<Row> list_;
+  int column_ = 0;
+
+ private:
+  int columns_;
+  bool editing_ = false;
+};
 
 /// Asks the user; no where the program was closed meanwhile.
 bool confirmed(Program& program, const QString& text);

@@ -10,21 +10,11 @@ namespace soran {
 
 using namespace Qt::StringLiterals;
 
-GroupEditor::GroupEditor(Program& program) : program_(program) {
-  program.watchTicks = 0;
+GroupEditor::GroupEditor(Program& program) : CellEditor(program, 2) {
   std::vector<EditedRow> rows;
   for (const Group& group : program.tables.groupRows())
     rows.emplace_back(group.id, group.route);
   list_ = EditedList(std::move(rows));
-}
-
-void GroupEditor::select(int row, int column) {
-  if (!list_.has(row))
-    return;
-  list_.select(row);
-  column_ = std::clamp(column, 0, 1);
-  editing_ = false;
-  changed();
 }
 
 QString GroupEditor::cellText() const {
@@ -33,38 +23,13 @@ QString GroupEditor::cellText() const {
   return column_ == 0 ? list_.current().first : list_.current().second;
 }
 
-void GroupEditor::edit() {
-  editing_ = canEdit();
-  changed();
-}
-
-void GroupEditor::addRow() {
-  list_.insert(list_.count(), {});
-  list_.select(list_.count() - 1);
-  list_.holdMoves();
-  column_ = 0;
-  edit();
-}
-
 void GroupEditor::remove() {
   if (!canRemove())
     return;
   const QString& id = list_.current().first;
   if (!id.isEmpty() && !confirmedDeletion(program_, id))
     return;
-  editing_ = false;
-  list_.removeCurrent();
-  changed();
-}
-
-void GroupEditor::moveUp() {
-  if (list_.moveUp())
-    changed();
-}
-
-void GroupEditor::moveDown() {
-  if (list_.moveDown())
-    changed();
+  takeOffChosen();
 }
 
 /// What speaks against the text in the open cell, empty where nothing does. The row's own name counts as
@@ -78,7 +43,7 @@ QString GroupEditor::refusal(const QString& text) const {
 }
 
 bool GroupEditor::commit(const QString& text) {
-  if (!editing_)
+  if (!editing())
     return false;
   const QString upper = asciiUpper(trimBlanks(text));
   const QString why = refusal(upper);
@@ -87,14 +52,8 @@ bool GroupEditor::commit(const QString& text) {
     return false;
   }
   (column_ == 0 ? list_.current().first : list_.current().second) = upper;
-  editing_ = false;
-  changed();
+  endEditing();
   return true;
-}
-
-void GroupEditor::abandon() {
-  editing_ = false;
-  changed();
 }
 
 void GroupEditor::close() {

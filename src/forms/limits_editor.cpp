@@ -17,8 +17,7 @@ constexpr int conditionColumn = int(LimitColumn::Condition);
 
 } // namespace
 
-LimitsEditor::LimitsEditor(Program& program) : program_(program) {
-  program.watchTicks = 0;
+LimitsEditor::LimitsEditor(Program& program) : CellEditor(program, limitColumnCount) {
   std::vector<QStringList> rows;
   for (const AirportLimits& row : program.tables.limitRows())
     rows.push_back(cellsOf(row));
@@ -35,28 +34,10 @@ QStringList LimitsEditor::headings() {
   return headings;
 }
 
-void LimitsEditor::select(int row, int column) {
-  if (!list_.has(row))
-    return;
-  list_.select(row);
-  column_ = std::clamp(column, 0, limitColumnCount - 1);
-  editing_ = false;
-  changed();
-}
-
-void LimitsEditor::edit() {
-  editing_ = canEdit();
-  changed();
-}
-
 void LimitsEditor::addRow() {
   QStringList cells(limitColumnCount);
   cells[conditionColumn] = u'1';
-  list_.insert(list_.count(), cells);
-  list_.select(list_.count() - 1);
-  list_.holdMoves();
-  column_ = codeColumn;
-  edit();
+  append(std::move(cells));
 }
 
 void LimitsEditor::remove() {
@@ -66,19 +47,7 @@ void LimitsEditor::remove() {
   const QString what = row[codeColumn] + u" 条件" + row[conditionColumn];
   if (!row[codeColumn].isEmpty() && !confirmedDeletion(program_, what))
     return;
-  editing_ = false;
-  list_.removeCurrent();
-  changed();
-}
-
-void LimitsEditor::moveUp() {
-  if (list_.moveUp())
-    changed();
-}
-
-void LimitsEditor::moveDown() {
-  if (list_.moveDown())
-    changed();
+  takeOffChosen();
 }
 
 /// Another row than the chosen one has the code and the condition.
@@ -114,7 +83,7 @@ QString LimitsEditor::refusal(const QString& text) const {
 }
 
 bool LimitsEditor::commit(const QString& text) {
-  if (!editing_)
+  if (!editing())
     return false;
   const QString upper = asciiUpper(text).simplified();
   const QString why = refusal(upper);
@@ -125,14 +94,8 @@ bool LimitsEditor::commit(const QString& text) {
   if (column_ == codeColumn)
     list_.current()[conditionColumn] = freeCondition(upper);
   list_.current()[column_] = upper;
-  editing_ = false;
-  changed();
+  endEditing();
   return true;
-}
-
-void LimitsEditor::abandon() {
-  editing_ = false;
-  changed();
 }
 
 void LimitsEditor::close() {

@@ -30,26 +30,12 @@ QDateTime fullHour(const QDateTime& time) {
   return inUtc(time.date(), QTime(time.time().hour(), 0));
 }
 
-QString joined(QStringView text, const std::vector<Words>& groups) {
-  QStringList words;
-  for (const Words& group : groups)
-    words += group.in(text).toString();
-  return words.join(u' ');
-}
-
 /// Wind, visibility, weather, ceiling, temperatures and QNH in their own words.
 QStringList wordsOf(QStringView text, const ElementValues& values) {
-  const auto of = [text](const auto& element) {
-    return element ? element->words.in(text).toString() : QString();
-  };
-  const Ceiling* ceiling = values.ceiling();
-  const QString seen = values.cavok ? values.cavok->in(text).toString() : of(values.visibility);
-  return {of(values.wind),
-          seen,
-          joined(text, values.weather),
-          ceiling ? ceiling->words.in(text).toString() : QString(),
-          of(values.temperatures),
-          of(values.pressure)};
+  const auto in = [text](const Words* words) { return words ? words->in(text).toString() : QString(); };
+  const auto of = [&in](const auto& element) { return in(element ? &element->words : nullptr); };
+  return {of(values.wind),      in(values.visibilityWords()), joinedWords(text, values.weather),
+          of(values.ceiling()), of(values.temperatures),      of(values.pressure)};
 }
 
 } // namespace
@@ -129,6 +115,8 @@ std::vector<MeteogramRow> meteogramRows(const Meteogram& meteogram, const Settin
 }
 
 QString meteogramText(const Meteogram& meteogram, const SettingsRecord& settings) {
+  if (meteogram.isEmpty())
+    return u"NO REPORT" + crlf;
   std::vector<QStringList> lines(1);
   for (const QStringView heading : meteogramHeadings)
     lines[0] += heading.toString();

@@ -40,6 +40,8 @@ struct Meteogram {
   std::vector<ForecastSlice> taf = {}; ///< those from now on
   std::vector<Night> nights = {};      ///< in that time; none where the position is not known
   Limits limits = {};
+
+  bool isEmpty() const { return observed.empty() && taf.empty(); }
 };
 
 /// Puts the reports of a station together, whatever their order: METARs (reports or station files) of the 24
@@ -63,7 +65,7 @@ inline constexpr std::array<QStringView, 8> meteogramHeadings = {u"TIME", u"KIND
 /// What was observed, then what is forecast, each by its time.
 std::vector<MeteogramRow> meteogramRows(const Meteogram& meteogram, const SettingsRecord& settings);
 
-/// The same as lines of text, with a heading; lines end with CR LF.
+/// The same as lines of text, with a heading, or "NO REPORT"; lines end with CR LF.
 QString meteogramText(const Meteogram& meteogram, const SettingsRecord& settings);
 
 /// What the reports say of a time (UTC): the observation nearest to it where that is past and less than an

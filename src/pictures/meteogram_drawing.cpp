@@ -40,11 +40,8 @@ std::optional<Told> gustOf(const ElementValues& values) {
   return Told{inKnots(*values.wind->gust, values.wind->unit), values.wind->words};
 }
 std::optional<Told> visibilityOf(const ElementValues& values) {
-  constexpr double atLeast = 9999;
-  if (values.cavok)
-    return Told{atLeast, *values.cavok};
-  return values.visibility ? std::optional(Told{double(values.visibility->metres), values.visibility->words})
-                           : std::nullopt;
+  const Words* words = values.visibilityWords();
+  return words ? std::optional(Told{double(*values.visibilityMetres()), *words}) : std::nullopt;
 }
 std::optional<Told> ceilingOf(const ElementValues& values) {
   const Ceiling* ceiling = values.ceiling();
@@ -165,7 +162,8 @@ void Picture::drawGround() {
                   .element = u"NIGHT"_s,
                   .time = night.from});
   }
-  label(meteogram_.code.text() + u"  " + meteogram_.name + u"  " + displayedTime(meteogram_.now, settings_),
+  label(meteogram_.code.text() + u"  " + meteogram_.name + u"  " + displayedTime(meteogram_.now, settings_) +
+            (meteogram_.isEmpty() ? u"  NO REPORT" : u""),
         {6, titleHeight / 2}, TextPlace::Left);
 }
 

@@ -30,14 +30,6 @@ constexpr double lineHeight = 1.15;
 constexpr double codeLine = 2.2;
 constexpr double limitLine = 3.25; // visibility and ceiling
 
-/// CAVOK where it stands for the visibility.
-QString visibilityText(const BoardRow& row) {
-  const ElementValues& values = row.values;
-  if (values.visibility)
-    return values.visibility->words.in(row.metar).toString();
-  return values.cavok ? values.cavok->in(row.metar).toString() : QString();
-}
-
 /// The groups of weather that have a symbol.
 std::vector<Words> drawnWeather(const BoardRow& row) {
   std::vector<Words> groups;
@@ -171,12 +163,11 @@ void Plot::weather() {
 }
 
 void Plot::visibility() {
-  constexpr double unlimited = 9999; // what CAVOK says at least
-  const QString words = visibilityText(row_);
-  if (words.isEmpty())
+  const Words* seen = row_.values.visibilityWords();
+  if (!seen)
     return;
-  const double metres = row_.values.visibility ? row_.values.visibility->metres : unlimited;
-  text(place(-besideMiddle, limitLine), TextPlace::Right, Ink::Visibility, words, u"VIS", metres, words);
+  text(place(-besideMiddle, limitLine), TextPlace::Right, Ink::Visibility, told(*seen), u"VIS",
+       row_.values.visibilityMetres().value_or(0), told(*seen));
 }
 
 void Plot::pressure() {
@@ -248,9 +239,10 @@ Box plotBox(const BoardRow& row, double size) {
   const auto width = [](qsizetype letters) { return letterWidth * double(letters); };
   const Ceiling* ceiling = row.values.ceiling();
   const double code = width(displayWidth(row.code.text())) / 2;
+  const Words* seen = row.values.visibilityWords();
   const double left =
       std::max({besideCircle + symbolSize * double(drawnWeather(row).size()),
-                besideMiddle + width(visibilityText(row).size()), code, besideCircle + width(figures)});
+                besideMiddle + width(seen ? seen->length : 0), code, besideCircle + width(figures)});
   const double right = std::max({besideMiddle + width(ceiling ? ceiling->words.length : 0), code,
                                  besideCircle + width(std::max<qsizetype>(figures, stateWord(row).size()))});
   return {-size * left, -size * (lineHeight + lineHalf), size * right, size * (limitLine + lineHalf)};

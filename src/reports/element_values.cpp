@@ -6,6 +6,8 @@
 
 namespace soran {
 
+using namespace Qt::StringLiterals;
+
 const RunwayRange* ElementValues::leastRunwayRange() const {
   const auto least = std::ranges::min_element(runwayRanges, {}, &RunwayRange::metres);
   return least == runwayRanges.end() ? nullptr : &*least;
@@ -76,6 +78,13 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
   if (later.cavok || later.visibility || !later.weather.empty() || !later.clouds.empty())
     merged.cavok = later.cavok;
   return merged;
+}
+
+QString joinedWords(QStringView text, const std::vector<Words>& groups) {
+  QString joined;
+  for (const Words& group : groups)
+    joined += (joined.isEmpty() ? QString() : u" "_s) + group.in(text);
+  return joined;
 }
 
 double inKnots(const Speed& speed, SpeedUnit unit) {

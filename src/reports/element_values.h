@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QChar>
+#include <QString>
 #include <QStringView>
 #include <optional>
 #include <vector>
@@ -121,6 +122,13 @@ struct ElementValues {
   const RunwayRange* leastRunwayRange() const;
   /// The lower of layer and vertical visibility; null where neither is reported.
   const Ceiling* ceiling() const;
+  /// The group of the visibility, or CAVOK, which stands for it.
+  const Words* visibilityWords() const { return visibility ? &visibility->words : cavok ? &*cavok : nullptr; }
+  /// Metres of the visibility; those of 9999, "10 km and more", with CAVOK.
+  std::optional<int> visibilityMetres() const {
+    constexpr int atLeast = 9999;
+    return visibility ? std::optional(visibility->metres) : cavok ? std::optional(atLeast) : std::nullopt;
+  }
   /// The groups of all elements, in the order of a report.
   std::vector<Words> allWords() const;
   /// Prevailing visibility and ceiling are known, be it that there is no ceiling; CAVOK tells both.
@@ -147,6 +155,9 @@ Words observationIn(QStringView text);
 /// What `later` tells put over `earlier` (the changed elements of FM 51): an element that it does not tell
 /// stays. CAVOK stands for visibility, weather and cloud; each of these ends a CAVOK.
 ElementValues mergedOver(const ElementValues& earlier, const ElementValues& later);
+
+/// The groups as they stand in the text, with a blank between them.
+QString joinedWords(QStringView text, const std::vector<Words>& groups);
 
 /// A speed in knots.
 double inKnots(const Speed& speed, SpeedUnit unit);

@@ -83,6 +83,8 @@ TEST(Meteogram, MissingElementsAndReportsLeaveGaps) {
   }
   EXPECT_EQ(lines, (std::vector<size_t>{1, 1, 2}));
   EXPECT_EQ(shapesOf(drawing, u"QNH"_s).size(), 4);
+  EXPECT_EQ(meteogramText(meteogramOf(StationCode(u"RJTT"_s), {}, {}, now, limits), settings),
+            u"NO REPORT\r\n");
 }
 
 // Every value of every sample stands in the picture as the readers of the reports give it, and no other.

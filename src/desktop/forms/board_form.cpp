@@ -3,13 +3,12 @@
 #include "desktop/forms/board_form.h"
 
 #include "desktop/forms/board_model.h"
+#include "desktop/forms/report_pane.h"
 #include "desktop/services/board_print.h"
 #include "desktop/widgets/drawing_painter.h"
 #include "desktop/widgets/look.h"
 #include "pictures/meteogram_drawing.h"
-#include "reports/colouring.h"
 #include "runs/desk_record.h"
-#include "runs/last_known.h"
 #include "runs/meteogram_run.h"
 #include "runs/night_desk.h"
 #include "terminal/actions.h"
@@ -22,7 +21,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -40,14 +38,6 @@ constexpr int refreshMilliseconds = 1000;
 constexpr int tableHeight = 540;
 constexpr int reportHeight = 100;
 
-QPushButton* addButton(QHBoxLayout& bar, const QString& caption, const QString& tip) {
-  auto* button = new QPushButton(caption);
-  button->setAutoDefault(false);
-  button->setToolTip(u' ' + tip + u' ');
-  bar.addWidget(button);
-  return button;
-}
-
 bool matches(const BoardRow& row, const QString& filter) {
   return row.code.text().contains(filter, Qt::CaseInsensitive) || row.name.contains(filter) ||
          stateWord(row).contains(filter, Qt::CaseInsensitive);
@@ -57,7 +47,7 @@ bool matches(const BoardRow& row, const QString& filter) {
 
 BoardForm::BoardForm(QWidget* parent, Terminal& terminal, const QString& group)
     : QDialog(parent), terminal_(terminal), group_(group), model_(new BoardModel(this)),
-      table_(new QTableView), report_(new QPlainTextEdit), filter_(new QLineEdit),
+      table_(new QTableView), report_(new ReportPane), filter_(new QLineEdit),
       worstFirst_(new QCheckBox(u"悪い順(&W)"_s)), summary_(new QLabel) {
   setObjectName(u"board"_s);
   setWindowTitle(u" 監視ボード"_s);
@@ -84,9 +74,6 @@ void BoardForm::lay() {
   table_->viewport()->installEventFilter(this);
   table_->verticalHeader()->hide();
   table_->horizontalHeader()->setHighlightSections(false);
-  report_->setReadOnly(true);
-  report_->setTabChangesFocus(true);
-  report_->setAccessibleName(u"選択した飛行場の通報"_s);
   for (QWidget* pane : std::initializer_list<QWidget*>{table_, report_}) {
     paintLikeScreen(*pane, ground, text);
     pane->setFont(font);
@@ -128,7 +115,7 @@ QLayout* BoardForm::makeSummary() {
 QLayout* BoardForm::makeButtons() {
   auto* bar = new QHBoxLayout;
   const auto add = [&](const QString& caption, const QString& tip, auto action) {
-    connect(addButton(*bar, caption, tip), &QPushButton::clicked, this, action);
+    connect(addBarButton(*bar, caption, tip), &QPushButton::clicked, this, action);
   };
   bar->setSpacing(4);
   add(u"確認(&A)"_s, u"選択した飛行場のアラームを確認"_s, &BoardForm::acknowledgeChosen);
@@ -248,15 +235,8 @@ void BoardForm::choose(const StationCode& code) {
 }
 
 void BoardForm::showReport() {
-  Program& program = terminal_.program();
   const std::optional<StationCode> code = chosen();
-  const QString text = code ? knownReportText(program, code->text()) : QString();
-  if (text == shownReport_)
-    return;
-  shownReport_ = text;
-  report_->clear();
-  const QString names = u' ' + (code ? code->text() : QString()) + u' ';
-  insertColoured(*report_, text, colourRuns(text, program.record(), names, {}));
+  report_->showReports(terminal_.program(), code ? code->text() : QString());
 }
 
 void BoardForm::acknowledgeChosen() {

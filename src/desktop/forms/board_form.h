@@ -11,11 +11,11 @@
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QTableView;
 
 namespace soran {
 
+class ReportPane;
 class BoardModel;
 
 /// The form `board`: the watched airports at a glance, the report of the chosen one below. It follows the
@@ -57,12 +57,11 @@ class BoardForm : public QDialog {
   QString group_;
   BoardModel* model_;
   QTableView* table_;
-  QPlainTextEdit* report_;
+  ReportPane* report_;
   QLineEdit* filter_;
   QCheckBox* worstFirst_;
   QLabel* summary_;
   std::unique_ptr<Timer> timer_;
-  QString shownReport_;
   bool changed_ = false; ///< a cell is another one since the columns were fitted
 };
 

@@ -102,11 +102,7 @@ QWidget* GraphForm::makeBar() {
   bar->addWidget(code_);
   bar->addStretch(1);
   const auto add = [&](const QString& caption, const QString& tip, auto action) {
-    auto* button = new QPushButton(caption);
-    button->setAutoDefault(false);
-    button->setToolTip(u' ' + tip + u' ');
-    connect(button, &QPushButton::clicked, this, action);
-    bar->addWidget(button);
+    connect(addBarButton(*bar, caption, tip), &QPushButton::clicked, this, action);
   };
   add(u"更新(&R)"_s, u"通報を取り直して描く"_s, &GraphForm::load);
   add(u"保存(&S)"_s, u"画像 (PNG または SVG) として保存"_s, &GraphForm::save);

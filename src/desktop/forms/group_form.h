@@ -25,8 +25,6 @@ class GroupForm : public QDialog {
   void reject() override;
 
  private:
-  void mirror();
-
   std::unique_ptr<Ui::GroupForm> ui_;
   GroupEditor editor_;
   std::unique_ptr<RowActions> actions_;

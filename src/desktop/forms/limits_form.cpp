@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/forms/limits_form.h"
 
-#include "base/text.h"
 #include "desktop/forms/grid_editing.h"
 #include "ui_limits_form.h"
 
@@ -15,17 +14,7 @@ LimitsForm::LimitsForm(QWidget* parent, Terminal& terminal)
   ui_->setupUi(this);
   setWindowTitle(LimitsEditor::title.toString());
   showRows();
-  actions_ = std::make_unique<RowActions>(*ui_->grid);
-  actions_->showOn(*ui_->tool_new, *ui_->tool_edit, *ui_->tool_del);
-  CellDelegate& cells = connectGrid(*ui_->grid, *actions_, editor_, terminal);
-  cells.tip = LimitsEditor::editTip.toString();
-  cells.held = [](const QString& typed) { return asciiUpper(typed); };
-  connect(ui_->cmd0, &QPushButton::clicked, this, &LimitsForm::reject);
-  connect(ui_->cmd1, &QPushButton::clicked, this, [this] { editor_.moveUp(); });
-  connect(ui_->cmd2, &QPushButton::clicked, this, [this] { editor_.moveDown(); });
-  editor_.changed = [this] { mirror(); };
-  mirror();
-  ui_->grid->setFocus();
+  actions_ = connectListForm(*ui_, *this, editor_, terminal);
 }
 
 LimitsForm::~LimitsForm() = default;
@@ -43,16 +32,6 @@ void LimitsForm::showRows() {
   for (int column = 1; column < limitColumnCount - 1; ++column)
     ui_->grid->setColumnWidth(column, digit * numberWidth);
   ui_->grid->setMinimumWidth(digit * allWidth);
-}
-
-void LimitsForm::mirror() {
-  ui_->grid->mirror(editor_.column());
-  actions_->edit().setEnabled(editor_.canEdit());
-  actions_->removal().setEnabled(editor_.canRemove());
-  ui_->cmd1->setEnabled(editor_.list().canMoveUp());
-  ui_->cmd2->setEnabled(editor_.list().canMoveDown());
-  if (editor_.editing())
-    ui_->grid->openCell();
 }
 
 void LimitsForm::reject() {

@@ -26,7 +26,6 @@ class LimitsForm : public QDialog {
 
  private:
   void showRows();
-  void mirror();
 
   std::unique_ptr<Ui::LimitsForm> ui_;
   LimitsEditor editor_;

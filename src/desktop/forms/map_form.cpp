@@ -3,10 +3,9 @@
 #include "desktop/forms/map_form.h"
 
 #include "desktop/forms/map_list_model.h"
+#include "desktop/forms/report_pane.h"
 #include "desktop/widgets/look.h"
 #include "desktop/widgets/map_view.h"
-#include "reports/colouring.h"
-#include "runs/last_known.h"
 #include "runs/night_desk.h"
 #include "runs/station_map.h"
 
@@ -14,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -27,14 +25,6 @@ namespace {
 
 constexpr int refreshEveryMilliseconds = 1000;
 constexpr double zoomOfAButton = 1.5;
-
-QPushButton* addMapButton(QHBoxLayout& bar, const QString& caption, const QString& tip) {
-  auto* button = new QPushButton(caption);
-  button->setAutoDefault(false);
-  button->setToolTip(u' ' + tip + u' ');
-  bar.addWidget(button);
-  return button;
-}
 
 QSplitter* split(Qt::Orientation orientation, QWidget* first, QWidget* second, const QList<int>& sizes) {
   auto* panes = new QSplitter(orientation);
@@ -52,8 +42,7 @@ QSplitter* split(Qt::Orientation orientation, QWidget* first, QWidget* second, c
 MapForm::MapForm(QWidget* parent, Terminal& terminal, const QString& group)
     : QDialog(parent), terminal_(terminal), group_(group), ground_(terminal.program().record()),
       view_(new MapView(ground_, Coast::read(terminal.program().services.coast()).value_or(Coast()))),
-      model_(new MapListModel(this)), list_(new QListView), report_(new QPlainTextEdit),
-      summary_(new QLabel) {
+      model_(new MapListModel(this)), list_(new QListView), report_(new ReportPane), summary_(new QLabel) {
   setObjectName(u"map"_s);
   setWindowTitle(u" 地図"_s);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -71,9 +60,6 @@ void MapForm::lay() {
   list_->setModel(model_);
   list_->setUniformItemSizes(true);
   list_->setAccessibleName(u"飛行場の一覧"_s);
-  report_->setReadOnly(true);
-  report_->setTabChangesFocus(true);
-  report_->setAccessibleName(u"選択した飛行場の通報"_s);
   for (QWidget* pane : std::initializer_list<QWidget*>{list_, report_}) {
     paintLikeScreen(*pane, settings[key::表示領域の色].value_or(black),
                     settings[key::表示文字の色].value_or(white));
@@ -95,11 +81,11 @@ QWidget* MapForm::makeBar() {
   auto* bar = new QHBoxLayout(widget);
   bar->setContentsMargins(0, 0, 0, 0);
   bar->addWidget(summary_, 1);
-  connect(addMapButton(*bar, u"拡大(+)"_s, u"地図を拡大"_s), &QPushButton::clicked, this,
+  connect(addBarButton(*bar, u"拡大(+)"_s, u"地図を拡大"_s), &QPushButton::clicked, this,
           [this] { view_->zoom(zoomOfAButton); });
-  connect(addMapButton(*bar, u"縮小(-)"_s, u"地図を縮小"_s), &QPushButton::clicked, this,
+  connect(addBarButton(*bar, u"縮小(-)"_s, u"地図を縮小"_s), &QPushButton::clicked, this,
           [this] { view_->zoom(1 / zoomOfAButton); });
-  connect(addMapButton(*bar, u"全体(Home)"_s, u"すべての飛行場を表示"_s), &QPushButton::clicked, this,
+  connect(addBarButton(*bar, u"全体(Home)"_s, u"すべての飛行場を表示"_s), &QPushButton::clicked, this,
           [this] { view_->showAll(); });
   return widget;
 }
@@ -170,14 +156,7 @@ void MapForm::showSummary(qsizetype count, qsizetype placed) {
 }
 
 void MapForm::showReport() {
-  Program& program = terminal_.program();
-  const QString text = chosen_.isEmpty() ? QString() : knownReportText(program, chosen_);
-  if (text == shownReport_)
-    return;
-  shownReport_ = text;
-  report_->clear();
-  const QString names = u' ' + chosen_ + u' ';
-  insertColoured(*report_, text, colourRuns(text, program.record(), names, {}));
+  report_->showReports(terminal_.program(), chosen_);
 }
 
 /// Chosen on the map, which stays where it is.

@@ -10,10 +10,10 @@
 
 class QLabel;
 class QListView;
-class QPlainTextEdit;
 
 namespace soran {
 
+class ReportPane;
 class MapListModel;
 class MapView;
 
@@ -48,11 +48,10 @@ class MapForm : public QDialog {
   MapView* view_;
   MapListModel* model_;
   QListView* list_;
-  QPlainTextEdit* report_;
+  ReportPane* report_;
   QLabel* summary_;
   std::unique_ptr<Timer> timer_;
   QString chosen_; ///< the code of the airport whose report is shown
-  QString shownReport_;
 };
 
 } // namespace soran

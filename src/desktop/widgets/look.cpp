@@ -5,12 +5,14 @@
 #include "desktop/widgets/terminal_style.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTranslator>
 #include <QWidget>
 
@@ -108,6 +110,14 @@ void showProgramName(QLabel& icon, QLabel& name) {
   constexpr int namePoints = 22;
   icon.setPixmap(programIcon(true).pixmap(iconSize));
   name.setFont(terminalFont(u"ＭＳ ゴシック"_s, namePoints));
+}
+
+QPushButton* addBarButton(QBoxLayout& bar, const QString& caption, const QString& tip) {
+  auto* button = new QPushButton(caption);
+  button->setAutoDefault(false);
+  button->setToolTip(u' ' + tip + u' ');
+  bar.addWidget(button);
+  return button;
 }
 
 void drawFrameOf(QFrame& frame) {

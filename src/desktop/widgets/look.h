@@ -13,7 +13,9 @@
 class QApplication;
 class QFrame;
 class QLabel;
+class QBoxLayout;
 class QPlainTextEdit;
+class QPushButton;
 class QWidget;
 
 namespace soran {
@@ -42,6 +44,9 @@ void dressApplication(QApplication& application);
 
 /// Shows the program's icon and, large, its name.
 void showProgramName(QLabel& icon, QLabel& name);
+
+/// Adds a button with its tip to the bar of a form; Enter elsewhere does not press it.
+QPushButton* addBarButton(QBoxLayout& bar, const QString& caption, const QString& tip);
 
 /// Gives a frame or a line the dim colour of all frames; what stands in it keeps its own.
 void drawFrameOf(QFrame& frame);
