@@ -27,10 +27,11 @@ foreach(told "CHANGELOG.md:\n## ${PROJECT_VERSION}\n" "packaging/debian/changelo
 endforeach()
 
 install(TARGETS soran-cli soran-update RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# The programs look for their modules there, one folder deeper than the libraries of the system.
+install(TARGETS soran-http LIBRARY DESTINATION lib/soran/plugins)
 set(MANUALS soran-cli soran-update)
 if(TARGET soran)
   install(TARGETS soran RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  # The program looks for them there, one folder deeper than the libraries of the system.
   install(TARGETS soran-web soran-pdf LIBRARY DESTINATION lib/soran/plugins)
   list(APPEND MANUALS soran)
   install(FILES soran.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

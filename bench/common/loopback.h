@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/endpoint_server.h"
+#include "http/endpoint_server.h"
 
 #include <QString>
 

@@ -3,7 +3,6 @@
 #include "cli/event_hooks.h"
 
 #include <QFileInfo>
-#include <QNetworkReply>
 #include <QStandardPaths>
 
 namespace soran {
@@ -44,7 +43,7 @@ QString EventHooks::faultOf(const QString& command, const QString& address) {
 }
 
 EventHooks::~EventHooks() {
-  const size_t left = toRun_.size() + toPost_.size() + (process_ ? 1 : 0) + (reply_ ? 1 : 0);
+  const size_t left = toRun_.size() + toPost_.size() + (process_ ? 1 : 0) + (isPosting_ ? 1 : 0);
   if (left > 0)
     tell(QString::number(left) + (left == 1 ? u" event was"_s : u" events were"_s) + u" not handed on");
   if (process_) {
@@ -116,24 +115,22 @@ void EventHooks::runEnded() {
 }
 
 void EventHooks::postNext() {
-  if (reply_ || toPost_.empty())
+  if (isPosting_ || toPost_.empty())
     return;
-  if (!network_)
-    network_ = std::make_unique<QNetworkAccessManager>();
-  QNetworkRequest request(address_);
-  request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-  request.setTransferTimeout(limitMilliseconds);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-  reply_ = network_->post(request, toPost_.front());
+  if (HttpParts* http = post_ ? nullptr : httpParts())
+    post_ = http->makeEventPost();
+  if (!post_) {
+    tell(u"--webhook: cannot load soran-http"_s);
+    toPost_.clear();
+    return;
+  }
+  const QByteArray event = toPost_.front();
   toPost_.pop_front();
-  connect(reply_, &QNetworkReply::finished, this, [this] {
-    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status < 200 || status > 299) {
-      const QString why = status == 0 ? reply_->errorString() : u"status "_s + QString::number(status);
+  isPosting_ = true;
+  post_->post(address_, event, limitMilliseconds, [this](const QString& why) {
+    if (!why.isEmpty())
       tell(address_.toDisplayString(QUrl::RemoveUserInfo | QUrl::RemoveQuery) + u": " + why);
-    }
-    reply_->deleteLater();
-    reply_ = nullptr;
+    isPosting_ = false;
     postNext();
   });
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "cli/standard_stream.h"
+#include "platform/http_parts.h"
 
-#include <QNetworkAccessManager>
 #include <QProcess>
 #include <QStringList>
 #include <QTimer>
@@ -31,7 +31,7 @@ class EventHooks final : public QObject {
   void give(const QByteArray& json);
 
   /// Nothing waits and nothing is under way.
-  bool isIdle() const { return !process_ && !reply_ && toRun_.empty() && toPost_.empty(); }
+  bool isIdle() const { return !process_ && !isPosting_ && toRun_.empty() && toPost_.empty(); }
 
  private:
   void add(std::deque<QByteArray>& queue, const QByteArray& json);
@@ -48,8 +48,8 @@ class EventHooks final : public QObject {
   std::unique_ptr<QProcess> process_;
   QTimer limit_;
   bool timedOut_ = false;
-  std::unique_ptr<QNetworkAccessManager> network_;
-  QNetworkReply* reply_ = nullptr;
+  std::unique_ptr<EventPost> post_;
+  bool isPosting_ = false;
 };
 
 } // namespace soran

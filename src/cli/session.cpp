@@ -219,7 +219,11 @@ void Session::handle(Fields event) {
        [](Session& s, Fields& f) {
          const QString table = f.text(u"read"_s);
          f.finish();
-         s.rows_ = s.rowsOf(table);
+         try {
+           s.rows_ = s.rowsOf(table);
+         } catch (const StoreError& e) {
+           throw InputError(u"cannot read: "_s + QString::fromUtf8(e.what()));
+         }
        }},
       {u"minimise",
        [](Session& s, Fields& f) {

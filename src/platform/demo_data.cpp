@@ -159,7 +159,7 @@ QByteArray DemoData::cycleFile(int hour) const {
   return file;
 }
 
-void DemoData::serveOn(EndpointServer& server) const {
+void DemoData::serveOn(Endpoint& server) const {
   const auto answer = [](const std::optional<QByteArray>& file) {
     return file ? std::optional(Answer{.body = *file}) : std::nullopt;
   };

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "platform/endpoint_server.h"
+#include "platform/endpoint.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -42,7 +42,7 @@ class DemoData {
 
   /// Serves the three kinds of file under /pub/data/, and the SIGMET under /api/data/isigmet. The object must
   /// outlive the requests to `server`.
-  void serveOn(EndpointServer& server) const;
+  void serveOn(Endpoint& server) const;
 
  private:
   struct Record {

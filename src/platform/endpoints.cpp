@@ -7,11 +7,11 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHostAddress>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSettings>
 #include <algorithm>
+#include <arpa/inet.h>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -154,7 +154,14 @@ std::vector<ReportSource> Endpoints::reportSources() const {
 }
 
 bool isLoopback(const QUrl& url) {
-  return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
+  const QByteArray host = url.host().toLatin1();
+  in_addr four{};
+  if (host == "localhost" || ::inet_pton(AF_INET, host.constData(), &four) == 1)
+    return host == "localhost" || (ntohl(four.s_addr) >> 24) == IN_LOOPBACKNET;
+  in6_addr six{};
+  if (::inet_pton(AF_INET6, host.constData(), &six) != 1)
+    return false;
+  return IN6_IS_ADDR_LOOPBACK(&six) || (IN6_IS_ADDR_V4MAPPED(&six) && six.s6_addr[12] == IN_LOOPBACKNET);
 }
 
 } // namespace soran

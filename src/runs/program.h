@@ -63,7 +63,6 @@ struct Program {
   std::map<UtcHour, QDateTime> cycleFileHours;
   int cycleDecade = 25;        ///< tens digit of the minute of the last refresh of cycle files
   ZoneOffset systemZoneOffset; ///< machine's offset from UTC, taken at start
-  QString systemZoneName;      ///< its name, without what stands in brackets
   QString currentPrinter;      ///< chosen last; empty before any choice
 
   Settings& settings() { return tables.settings(); }

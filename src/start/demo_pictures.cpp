@@ -207,7 +207,7 @@ ImageTable demoTable(const ImageTable& table, const QString& base) {
   return demo;
 }
 
-void serveDemoPictures(EndpointServer& server, const Clock& clock,
+void serveDemoPictures(Endpoint& server, const Clock& clock,
                        const std::function<QByteArray(const QString&)>& delivered) {
   server.setHandler(imageFolder.toString(), [&clock, &delivered](const QUrl& url) {
     return demoImage(url.path(QUrl::FullyDecoded).mid(imageFolder.size()), clock.now(), delivered);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "platform/endpoint_server.h"
+#include "platform/endpoint.h"
 #include "platform/image_table.h"
 
 #include <QString>
@@ -28,7 +28,7 @@ ImageTable demoTable(const ImageTable& table, const QString& base);
 
 /// Serves a stand-in for every chart, camera and page of the sources, each under demoSourcePath() and its own
 /// path, and what demoTable() names. `clock` and `delivered` outlive the requests to `server`.
-void serveDemoPictures(EndpointServer& server, const Clock& clock,
+void serveDemoPictures(Endpoint& server, const Clock& clock,
                        const std::function<QByteArray(const QString&)>& delivered);
 
 } // namespace soran

@@ -3,6 +3,7 @@
 #include "start/launch.h"
 
 #include "base/plain_file.h"
+#include "platform/http_parts.h"
 #include "start/demo_pictures.h"
 
 #include <QCoreApplication>
@@ -161,7 +162,12 @@ void Launch::takeImages(const QString& file) {
 }
 
 void Launch::startDemo(const DeliveredFile& delivered) {
-  server_ = std::make_unique<EndpointServer>();
+  HttpParts* http = httpParts();
+  server_ = http ? http->makeEndpoint() : nullptr;
+  if (!server_ || !server_->start()) {
+    fault_ = u"デモの配信サーバーを開始できません (soran-http)　　"_s;
+    return;
+  }
   demoData_ = std::make_unique<DemoData>(delivered(u"demo/day.tsv"_s), *clock_);
   demoData_->serveOn(*server_);
   for (const QString& name : {u"version.dat"_s, u"soran.mdb"_s, u"error.wav"_s, u"ring.wav"_s})
@@ -175,7 +181,6 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   for (const QString& picture : {u"board.png"_s, u"graph.png"_s, u"map.png"_s})
     servePage(u"/help/" + picture, u"help/" + picture, "image/png");
   servePage(u"/index2.htm"_s, u"help/index2.htm"_s, "text/html");
-  server_->start();
   const QString base = server_->baseAddress();
   const QString reports = base + u"/pub/data/observations/metar/";
   endpoints_.update = base;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/demo_data.h"
-#include "platform/endpoint_server.h"
+#include "platform/endpoint.h"
 #include "platform/net_inet.h"
 #include "platform/services.h"
 
@@ -85,7 +85,7 @@ class Launch {
   std::unique_ptr<Clock> clock_;
   SetClock* setClock_ = nullptr;
   Endpoints endpoints_;
-  std::unique_ptr<EndpointServer> server_;
+  std::unique_ptr<Endpoint> server_;
   std::unique_ptr<DemoData> demoData_;
   NetInet inet_;
   NetInet inet2_;

@@ -144,6 +144,9 @@ Opening::Result Opening::openDatabase() {
   const auto openTables = [&] {
     try {
       program_.tables.openAllTables(databasePath());
+      // Most of the file is pictures, which a run seldom shows: they are looked over once a day.
+      if (isDailyCopyDue(databasePath(), program_.services.clock))
+        program_.tables.readPictures();
     } catch (const StoreError& e) {
       error = e;
       throw;

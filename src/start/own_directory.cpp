@@ -28,10 +28,23 @@ QString markOf(const QString& folder) {
   return folder + u'/' + QString::fromLatin1(markName);
 }
 
+constexpr const char* markText =
+    "This folder belongs to SORAN, which empties its folders data and help at every exit.\n";
+
 bool writeMark(const QString& folder) {
-  return writeWhole(markOf(folder),
-                    "This folder belongs to SORAN, which empties its folders data and help at every exit.\n",
-                    true);
+  return writeWhole(markOf(folder), markText, true);
+}
+
+/// Such a folder is made at each start, and one in a marked directory is known without a mark as long as it
+/// holds nothing else: this one does not wait for the disk.
+bool writeScratchMark(const QString& folder) {
+  QFile mark(markOf(folder));
+  if (!mark.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+    return false;
+  if (mark.write(markText) == qint64(qstrlen(markText)) && mark.flush())
+    return true;
+  mark.remove();
+  return false;
 }
 
 /// A folder that is open, not through a link.
@@ -108,7 +121,7 @@ bool OwnDirectory::make(const QString& folder) {
 
 void OwnDirectory::mark(const QString& folder) {
   const QString file = markOf(folder);
-  if (!nameIsTaken(file) && writeMark(folder))
+  if (!nameIsTaken(file) && (folder == directory_ ? writeMark(folder) : writeScratchMark(folder)))
     madeMarks_.append(file);
 }
 
@@ -145,7 +158,7 @@ void OwnDirectory::withdraw() {
 }
 
 bool makeScratchFolder(const QString& folder) {
-  return QFileInfo(folder).isDir() || (makePrivateDirectory(folder) && writeMark(folder));
+  return QFileInfo(folder).isDir() || (makePrivateDirectory(folder) && writeScratchMark(folder));
 }
 
 void removeScratchFolder(const QString& directory, const QString& name) {

@@ -7,7 +7,6 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QMessageAuthenticationCode>
-#include <QPasswordDigestor>
 #include <QtEndian>
 #include <algorithm>
 
@@ -32,7 +31,21 @@ constexpr qsizetype largestPage = 65536; // SQLite's
 QByteArray authenticationKey(QCryptographicHash::Algorithm algorithm, QByteArray salt) {
   for (char& byte : salt)
     byte = char(byte ^ 0x3a);
-  return QPasswordDigestor::deriveKeyPbkdf2(algorithm, rawKey(), salt, 2, 32);
+  // PBKDF2 (RFC 8018) of two rounds. Qt has it among its network classes, with twelve libraries behind them.
+  constexpr qsizetype keySize = 32;
+  const auto code = [&](const QByteArray& message) {
+    return QMessageAuthenticationCode::hash(message, rawKey(), algorithm);
+  };
+  QByteArray key;
+  for (quint32 block = 1; key.size() < keySize; ++block) {
+    const quint32 bigEndian = qToBigEndian(block);
+    QByteArray sum = code(salt + QByteArray(reinterpret_cast<const char*>(&bigEndian), sizeof bigEndian));
+    const QByteArray second = code(sum);
+    for (qsizetype i = 0; i < sum.size(); ++i)
+      sum[i] = char(sum[i] ^ second[i]);
+    key += sum;
+  }
+  return key.first(keySize);
 }
 
 /// Whether a page of that number (from 1) carries the code that `key` gives: the salt on the first one,

@@ -26,15 +26,20 @@ QString dailyCopy(const QString& database) {
 
 } // namespace
 
-void backUpDaily(const QString& database, const Clock& clock) {
+bool isDailyCopyDue(const QString& database, const Clock& clock) {
   constexpr qint64 day = 24 * 3600LL;
   const QFileInfo copy(dailyCopy(database));
   // One of a later time was made under a clock that was wrong.
-  if (copy.exists() && std::abs(copy.lastModified().secsTo(clock.now())) < day)
+  return !copy.exists() || std::abs(copy.lastModified().secsTo(clock.now())) >= day;
+}
+
+void backUpDaily(const QString& database, const Clock& clock) {
+  if (!isDailyCopyDue(database, clock))
     return;
+  const QString copy = dailyCopy(database);
   const FileBytes whole = isWholeDatabase(database) ? readPlainFile(database, largestDatabase) : FileBytes();
-  if (!whole.bytes.isEmpty() && makeRoomForCopy(copy.filePath(), clock))
-    writeWhole(copy.filePath(), whole.bytes, true);
+  if (!whole.bytes.isEmpty() && makeRoomForCopy(copy, clock))
+    writeWhole(copy, whole.bytes, true);
 }
 
 bool makeRoomForCopy(const QString& copy, const Clock& clock) {

@@ -9,8 +9,11 @@
 
 namespace soran {
 
-/// Copies the closed database file to its name with ".day", where the copy that is there is not of the last
-/// 24 hours (makeRoomForCopy). A file that is not a whole database replaces no copy; what cannot be written
+/// The copy that is there is not of the last 24 hours.
+bool isDailyCopyDue(const QString& database, const Clock& clock);
+
+/// Copies the closed database file to its name with ".day", where that is due (isDailyCopyDue,
+/// makeRoomForCopy). A file that is not a whole database replaces no copy; what cannot be written
 /// leaves the former one.
 void backUpDaily(const QString& database, const Clock& clock);
 

@@ -255,6 +255,10 @@ QStringList Database::columns(const QString& table) const {
   return names;
 }
 
+void Database::commitLightly() {
+  query(u"PRAGMA synchronous = NORMAL"_s);
+}
+
 qint64 Database::lastRowId() const {
   return sqlite3_last_insert_rowid(handle_.get());
 }
@@ -269,8 +273,8 @@ void Database::stateCipher(const QString& schema) const {
     query(statement);
 }
 
-Transaction::Transaction(Database& database) : database_(database) {
-  database_.execute(u"BEGIN IMMEDIATE"_s);
+Transaction::Transaction(Database& database, For purpose) : database_(database) {
+  database_.execute(purpose == For::Writing ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s);
 }
 
 Transaction::~Transaction() {

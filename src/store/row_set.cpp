@@ -13,7 +13,7 @@ void RowSet::open(Database& database) {
     throw StoreError("no table " + table_.toStdString());
   QStringList quoted;
   for (const QString& name : names)
-    quoted.append(quotedName(name));
+    quoted.append(name == largeColumn_ ? u"NULL"_s : quotedName(name));
   QString statement = u"SELECT rowid, "_s + quoted.join(u", ") + u" FROM " + quotedName(table_);
   if (!sortColumn_.isEmpty())
     statement += u" ORDER BY "_s + quotedName(sortColumn_);
@@ -60,12 +60,21 @@ QVariant RowSet::value(QStringView column) const {
     return {};
   if (const auto pending = pending_.constFind(i); pending != pending_.cend())
     return *pending;
-  return !adding_ && current_ < rows_.size() ? rows_[current_].values[i] : QVariant();
+  return !adding_ && current_ < rows_.size() ? stored(rows_[current_], i) : QVariant();
+}
+
+QVariant RowSet::stored(const Row& row, int column) const {
+  if (!isLeftInFile(column))
+    return row.values[column];
+  const auto found = database_->query(u"SELECT "_s + quotedName(largeColumn_) + u" FROM " +
+                                          quotedName(table_) + u" WHERE rowid = ?",
+                                      {row.id});
+  return found.empty() ? QVariant() : found.front().front();
 }
 
 QVariant RowSet::valueAt(int index, QStringView column) const {
   const int i = columnIndex(column);
-  return i >= 0 && index >= 0 && index < recordCount() ? rows_[size_t(index)].values[i] : QVariant();
+  return i >= 0 && index >= 0 && index < recordCount() ? stored(rows_[size_t(index)], i) : QVariant();
 }
 
 void RowSet::setValue(QStringView column, const QVariant& value) {
@@ -110,8 +119,10 @@ void RowSet::update() {
     database_->execute(u"UPDATE "_s + quotedName(table_) + u" SET " + names.join(u", ") + u" WHERE rowid = ?",
                        values);
   }
-  for (auto i = changes.cbegin(); i != changes.cend(); ++i)
-    rows_[current_].values[i.key()] = i.value();
+  for (auto i = changes.cbegin(); i != changes.cend(); ++i) {
+    if (!isLeftInFile(i.key()))
+      rows_[current_].values[i.key()] = i.value();
+  }
 }
 
 void RowSet::cancelUpdate() {

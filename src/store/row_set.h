@@ -9,15 +9,16 @@
 
 namespace soran {
 
-/// A view of one table, held whole in memory, in the order of one column, with a current row that can be
-/// changed.
+/// A view of one table, held in memory, in the order of one column, with a current row that can be changed.
+/// A column of large values may be left in the file: it is read from there each time it is asked for.
 ///
 /// A change stays pending until `update`, which writes it to the file at once. Operations that fail throw
 /// StoreError and leave the rows in memory as they were.
 class RowSet {
  public:
-  /// `sortColumn` empty keeps the table's own order.
-  RowSet(QString table, QString sortColumn) : table_(std::move(table)), sortColumn_(std::move(sortColumn)) {}
+  /// `sortColumn` empty keeps the table's own order. `largeColumn` is the one that is left in the file.
+  RowSet(QString table, QString sortColumn, QString largeColumn = {})
+      : table_(std::move(table)), sortColumn_(std::move(sortColumn)), largeColumn_(std::move(largeColumn)) {}
 
   /// Loads all rows and moves to the first. `database` must outlive the row set or its next opening.
   void open(Database& database);
@@ -63,9 +64,12 @@ class RowSet {
     QVariantList values;
   };
   int columnIndex(QStringView column) const;
+  bool isLeftInFile(int column) const { return columns_[column] == largeColumn_; }
+  QVariant stored(const Row& row, int column) const;
 
   QString table_;
   QString sortColumn_;
+  QString largeColumn_;
   Database* database_ = nullptr;
   QStringList columns_;
   QHash<QString, int> index_;

@@ -3,6 +3,7 @@
 #include "store/tables.h"
 
 #include "base/files.h"
+#include "base/skip.h"
 #include "store/schema.h"
 
 #include <QFile>
@@ -11,6 +12,8 @@
 namespace soran {
 
 using namespace Qt::StringLiterals;
+
+Q_DECLARE_LOGGING_CATEGORY(lcStore)
 
 QStringList listColumns(QStringView table) {
   if (table == table::飛行場情報 || table == table::自動デコード)
@@ -26,11 +29,14 @@ QStringList listColumns(QStringView table) {
 }
 
 Tables::Tables()
-    : sets_{
-          RowSet{table::飛行場情報.toString(), u"順位"_s}, RowSet{table::自動デコード.toString(), u"順位"_s},
-          RowSet{table::カンパニー.toString(), u"順位"_s}, RowSet{table::気象略語.toString(), u"順位"_s},
-          RowSet{table::日本語解析.toString(), u"順位"_s}, RowSet{table::データ.toString(), u"順位"_s},
-          RowSet{table::設定.toString(), QString()},       RowSet{table::空港別制限.toString(), u"順位"_s}} {}
+    : sets_{RowSet{table::飛行場情報.toString(), u"順位"_s},
+            RowSet{table::自動デコード.toString(), u"順位"_s},
+            RowSet{table::カンパニー.toString(), u"順位"_s},
+            RowSet{table::気象略語.toString(), u"順位"_s},
+            RowSet{table::日本語解析.toString(), u"順位"_s},
+            RowSet{table::データ.toString(), u"順位"_s, u"データ"_s},
+            RowSet{table::設定.toString(), QString()},
+            RowSet{table::空港別制限.toString(), u"順位"_s}} {}
 
 void Tables::openAllTables(const QString& path) {
   closeAll();
@@ -43,7 +49,12 @@ void Tables::openAllTables(const QString& path) {
   openSets();
 }
 
+void Tables::readPictures() const {
+  database_.forEachRow(u"SELECT データ FROM "_s + quotedName(table::データ), [](const QVariantList&) {});
+}
+
 void Tables::openSets() {
+  const Transaction reading(database_, Transaction::For::Reading);
   for (RowSet& set : sets_) {
     if (isOptional(set.table()) && database_.columns(set.table()).isEmpty())
       set.close();
@@ -155,8 +166,11 @@ QList<AirportLimits> Tables::limitRows() const {
 QByteArray Tables::picture(QStringView name) const {
   const RowSet& pictures = sets_[5];
   for (int i = 0; i < pictures.recordCount(); ++i) {
-    if (pictures.valueAt(i, u"名称").toString() == name)
-      return pictures.valueAt(i, u"データ").toByteArray();
+    if (pictures.valueAt(i, u"名称").toString() != name)
+      continue;
+    QByteArray bytes;
+    passOver(lcStore(), "reading a picture", [&] { bytes = pictures.valueAt(i, u"データ").toByteArray(); });
+    return bytes;
   }
   return {};
 }

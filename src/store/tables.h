@@ -46,6 +46,10 @@ class Tables {
   /// StoreError; what was reached stays open.
   void openAllTables(const QString& path);
 
+  /// Reads the pictures, which stay in the file until one is asked for. Throws StoreError where they are
+  /// damaged.
+  void readPictures() const;
+
   /// Closes the row sets and the connection.
   void closeAll();
 
@@ -79,7 +83,7 @@ class Tables {
   QList<DictionaryEntry> abbreviationRows() const { return dictionaryOf(sets_[3]); }
   QList<DictionaryEntry> phraseRows() const { return dictionaryOf(sets_[4]); }
 
-  /// The picture stored under the name, empty where there is none.
+  /// The picture stored under the name, empty where there is none or where it cannot be read.
   QByteArray picture(QStringView name) const;
 
   /// Counts the reloads of the list tables, so that those who keep a copy know when it is old.

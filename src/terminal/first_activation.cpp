@@ -24,14 +24,6 @@ void removeLeftovers(const Services& services) {
     QFile::remove(services.path(u"data/") + name);
 }
 
-void readTimeZone(Program& program) {
-  const Clock& clock = program.services.clock;
-  program.systemZoneOffset = clock.offset();
-  const QString name = clock.zoneName();
-  const qsizetype bracket = name.indexOf(u'(');
-  program.systemZoneName = bracket < 0 ? name : name.left(bracket).trimmed();
-}
-
 } // namespace
 
 QString bannerText(const SettingsRecord& settings) {
@@ -78,7 +70,7 @@ void loadTerminal(Program& program, const QString& notice) {
     console.addLogEntry(line);
   }
   console.caretToEnd();
-  readTimeZone(program);
+  program.systemZoneOffset = program.services.clock.offset();
 }
 
 void activateTerminal(Terminal& terminal) {

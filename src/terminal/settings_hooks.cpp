@@ -6,10 +6,21 @@
 
 namespace soran {
 
+namespace {
+
+/// The name of the system's zone, without what stands in brackets. The library takes long to find it.
+QString systemZoneName(const Clock& clock) {
+  const QString name = clock.zoneName();
+  const qsizetype bracket = name.indexOf(u'(');
+  return bracket < 0 ? name : name.left(bracket).trimmed();
+}
+
+} // namespace
+
 SettingsFormHooks settingsHooks(Terminal& terminal) {
   Program& program = terminal.program();
   return {.zoneOffset = offsetText(program.systemZoneOffset),
-          .zoneName = program.systemZoneName,
+          .zoneName = systemZoneName(program.services.clock),
           .log = [&program](const QString& line) { program.console.addLogEntry(line); },
           .takeBuffer = [&terminal] { terminal.cycle().readBufferLevel(); },
           .hoursChosen = [&program] { program.cycleDecade = 25; },

@@ -30,6 +30,7 @@ void stopProgram(Program& program) {
   services.inet.cancel();
   services.inet2.cancel();
   services.pages.closePane();
+  passOver(lcStop(), "counting the exit", [&] { program.tables.database().commitLightly(); });
   const bool compact = countExit(program.settings());
   removeScratchFolder(services.directory, u"data"_s);
   removeScratchFolder(services.directory, u"help"_s);

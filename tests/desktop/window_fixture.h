@@ -5,7 +5,7 @@
 #include "delivered.h"
 #include "desktop/desktop.h"
 #include "desktop/widgets/screen_view.h"
-#include "platform/endpoint_server.h"
+#include "http/endpoint_server.h"
 #include "support/own_folder.h"
 
 #include <QAccessible>

@@ -4,8 +4,8 @@
 
 #include "base/files.h"
 #include "delivered.h"
+#include "http/endpoint_server.h"
 #include "platform/clock.h"
-#include "platform/endpoint_server.h"
 #include "platform/endpoints.h"
 #include "store/tables.h"
 #include "support/own_folder.h"

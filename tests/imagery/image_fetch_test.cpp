@@ -3,8 +3,8 @@
 #include "base/utc.h"
 #include "imagery/image_fetch.h"
 
+#include "http/endpoint_server.h"
 #include "imagery/image_choice.h"
-#include "platform/endpoint_server.h"
 #include "platform/net_inet.h"
 #include "support/printing.h"
 

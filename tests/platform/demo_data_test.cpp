@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/demo_data.h"
 
+#include "http/endpoint_server.h"
 #include "platform/net_inet.h"
 #include "platform/redating.h"
 #include "support/printing.h"

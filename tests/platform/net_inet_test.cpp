@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/net_inet.h"
 
+#include "http/endpoint_server.h"
 #include "platform/courtesy.h"
-#include "platform/endpoint_server.h"
 #include "support/line_server.h"
 #include "support/own_folder.h"
 #include "support/printing.h"

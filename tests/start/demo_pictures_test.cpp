@@ -3,6 +3,7 @@
 #include "start/demo_pictures.h"
 
 #include "delivered.h"
+#include "http/endpoint_server.h"
 #include "imagery/cameras.h"
 #include "imagery/chart_catalogue.h"
 #include "imagery/image_fetch.h"

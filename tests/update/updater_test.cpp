@@ -3,7 +3,7 @@
 #include "update/updater.h"
 
 #include "fakes/release.h"
-#include "platform/endpoint_server.h"
+#include "http/endpoint_server.h"
 #include "support/ordinary_user.h"
 #include "support/printing.h"
 

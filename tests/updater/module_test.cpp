@@ -3,7 +3,7 @@
 #include "updater/module.h"
 
 #include "fakes/release.h"
-#include "platform/endpoint_server.h"
+#include "http/endpoint_server.h"
 #include "start/hand_over.h"
 #include "support/printing.h"
 #include "update/accepted_version.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/browser_frame.h"
 
-#include "desktop/widgets/program_module.h"
+#include "platform/program_module.h"
 
 #include <QLoggingCategory>
 #include <QVBoxLayout>
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcBrowser, "soran.desktop")
+Q_LOGGING_CATEGORY(lcBrowser, "soran.module")
 
 /// The engine ends the whole process where it is to run its sandbox for the superuser.
 bool engineWouldAbort() {

@@ -5,8 +5,8 @@
 #include "desktop/pdf/pdf_reader.h"
 #include "desktop/widgets/browser_frame.h"
 #include "desktop/widgets/picture_view.h"
-#include "desktop/widgets/program_module.h"
 #include "imagery/sources.h"
+#include "platform/program_module.h"
 
 #include <QLabel>
 #include <QPainter>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/widgets/program_module.h"
+#include "platform/program_module.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcModule, "soran.desktop")
+Q_LOGGING_CATEGORY(lcModule, "soran.module")
 
 } // namespace
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/endpoint_server.h"
+#include "http/endpoint_server.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>

@@ -7,9 +7,9 @@
 
 namespace soran {
 
-/// What one of the program's own modules (soran-web, soran-pdf) offers, loaded at the first call; null where
-/// it cannot be loaded, which the log tells. They lie in lib/soran/plugins, beside the folder of the
-/// executables.
+/// What one of the program's own modules (soran-http, soran-web, soran-pdf) offers, loaded at the first call;
+/// null where it cannot be loaded, which the log tells. They lie in lib/soran/plugins, beside the folder of
+/// the executables.
 QObject* loadModule(const QString& name);
 
 template <class Interface>

@@ -2,28 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
-#include <QList>
+#include "platform/endpoint.h"
+
 #include <QMap>
-#include <QString>
 #include <QStringList>
-#include <QUrl>
-#include <functional>
 #include <memory>
-#include <optional>
-#include <utility>
 
 class QTcpSocket;
 
 namespace soran {
-
-/// What an endpoint answers to a request.
-struct Answer {
-  QByteArray body = {};
-  int status = 200;
-  QByteArray contentType = "text/plain; charset=utf-8";
-  QList<std::pair<QByteArray, QByteArray>> headers = {}; ///< further header lines, such as Location
-};
 
 /// How an answer is sent: at once and whole, unless a field says otherwise.
 struct Delivery {
@@ -35,39 +22,26 @@ struct Delivery {
   int dripPause = 50; ///< ... with this many milliseconds between them
 };
 
-/// An HTTP endpoint on loopback inside the process. It runs by the event loop of its thread, so a client that
-/// waits in a nested event loop of the same thread is served. Paths are compared percent-decoded.
-class EndpointServer {
+/// The endpoint by Qt's server, with what tests ask of one beside.
+class EndpointServer final : public Endpoint {
  public:
-  /// Answers the address of a request; nothing for an unknown one.
-  using Handler = std::function<std::optional<Answer>(const QUrl& url)>;
-
   EndpointServer();
-  ~EndpointServer();
-  EndpointServer(const EndpointServer&) = delete;
-  EndpointServer& operator=(const EndpointServer&) = delete;
+  ~EndpointServer() override;
 
-  /// Listens on a free port, or again on the one that it had before stop(). False where that fails.
-  bool start();
+  bool start() override;
 
   /// Closes the port and cuts all connections; what is set stays.
   void stop();
 
-  /// "http://127.0.0.1:PORT", without a trailing slash; stays the same behind stop().
-  QString baseAddress() const;
+  /// Stays the same behind stop().
+  QString baseAddress() const override;
 
-  /// The answer to one path. It goes before a handler.
-  void setAnswer(const QString& path, const Answer& answer);
-
-  /// A file with status 200 under one path.
-  void setFile(const QString& path, const QByteArray& bytes) { setAnswer(path, {.body = bytes}); }
+  void setAnswer(const QString& path, const Answer& answer) override;
   void removeFile(const QString& path);
-
-  /// What answers the paths that begin with `prefix`; of several prefixes the longest counts.
-  void setHandler(const QString& prefix, const Handler& handler);
+  void setHandler(const QString& prefix, const Handler& handler) override;
 
   /// How the answers to paths that begin with `prefix` are sent; of several prefixes the longest counts. "/"
-  /// stands for all paths. A path that nothing answers gets an HTML page with status 404.
+  /// stands for all paths.
   void setDelivery(const QString& prefix, const Delivery& delivery);
 
   /// The requests served last (10,000 at least), oldest first, each as path and query in their encoded form.
