@@ -8,9 +8,10 @@ namespace soran {
 
 namespace {
 
-/// Reports are of these alone, nearly always.
+/// Reports are of these alone, nearly always, and the dictionaries of these and Japanese.
 bool isPlain(QChar c) noexcept {
-  return (c >= u' ' && c <= u'~') || c == u'\n' || c == u'\r' || c == u'\t';
+  const bool isJapanese = (c >= u'\u3041' && c <= u'\u30FF') || (c >= u'\u4E00' && c <= u'\u9FFF');
+  return (c >= u' ' && c <= u'~') || c == u'\n' || c == u'\r' || c == u'\t' || isJapanese;
 }
 
 bool isFiller(char32_t c) noexcept {

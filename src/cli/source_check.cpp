@@ -176,7 +176,7 @@ class SourceCheck {
 
   void image(const ItemRow& item) {
     const ImageRow& row = item.row;
-    const bool bad = endpoints_.images.faults.contains(row.reason);
+    const bool bad = endpoints_.images->faults.contains(row.reason);
     if (bad)
       tell({.name = item.key, .address = row.reason, .kind = u"-"_s, .verdict = u"BAD ROW"_s});
     if (!row.isAvailable())

@@ -23,7 +23,7 @@ ImageRow::Kind kindOfChart(const QString& path) {
 
 ImageRow imageRow(const Endpoints& endpoints, const QString& menu, int index, const QString& source,
                   const QString& path, ImageRow::Kind kind) {
-  const ImageRow* told = endpoints.images.find(menu, index);
+  const ImageRow* told = endpoints.images->find(menu, index);
   const auto host = endpoints.others.constFind(source);
   ImageRow row =
       told ? *told : ImageRow{.key = menu, .reason = u"アドレスの表 imagery.ini に行がありません."_s};
@@ -71,7 +71,7 @@ std::vector<ItemRow> itemRows(const Endpoints& endpoints, const QDateTime& now, 
     rows.push_back({camera.menu.toString(), cameraRow(endpoints, camera)});
   }
   rows.push_back({u"ais"_s, aisRow(endpoints)});
-  for (const ImageRow& row : endpoints.images.rows) {
+  for (const ImageRow& row : endpoints.images->rows) {
     if (!known.contains(row.key))
       rows.push_back({row.key, row});
   }

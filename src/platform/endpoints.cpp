@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
-#include <QRegularExpression>
 #include <QSettings>
 #include <algorithm>
 #include <arpa/inet.h>
@@ -72,11 +71,13 @@ std::vector<ReportSource> sourcesIn(QSettings& ini, const QString& iniFile) {
 /// QSettings reads the file once more and passes over a read that fails: then it lacks keys that stand there.
 /// The last one tells, as what is read begins at the file's beginning.
 bool lacksKeysOf(const QSettings& ini, const QByteArray& bytes) {
-  static const QRegularExpression plainKey(u"^\\s*([A-Za-z0-9]+)\\s*="_s,
-                                           QRegularExpression::MultilineOption);
+  const auto isPlain = [](QChar c) { return c.unicode() < 0x80 && c.isLetterOrNumber(); };
   QString last;
-  for (auto keys = plainKey.globalMatch(textOfBytes(bytes)); keys.hasNext();)
-    last = keys.next().captured(1);
+  for (const QString& line : textOfBytes(bytes).split(u'\n')) {
+    const QString key = line.section(u'=', 0, 0).trimmed();
+    if (line.contains(u'=') && !key.isEmpty() && std::all_of(key.begin(), key.end(), isPlain))
+      last = key;
+  }
   const QStringList known = ini.allKeys();
   const auto isLast = [&](const QString& key) { return key.section(u'/', -1) == last; };
   return !last.isEmpty() && std::none_of(known.begin(), known.end(), isLast);

@@ -30,7 +30,7 @@ struct Endpoints {
   int ahead = 0; ///< stations whose reports are on the way ahead of their turn, 0 to 8
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
   QHash<QString, QString> others; ///< hosts of charts and cameras that go before `images`, by key
-  ImageTable images = {};         ///< where each chart and camera is had
+  LateImageTable images = {};     ///< where each chart and camera is had
 
   /// At least one source.
   std::vector<ReportSource> reportSources() const;

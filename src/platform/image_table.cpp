@@ -238,6 +238,12 @@ void ImageTable::overrideBy(const ImageTable& other) {
   faults += other.faults;
 }
 
+const ImageTable& LateImageTable::operator*() const {
+  for (const auto& read : std::exchange(unread_, {}))
+    table_.overrideBy(read());
+  return table_;
+}
+
 ImageTable readImageTable(const QByteArray& bytes, const QString& file) {
   ImageTable table;
   std::optional<Draft> draft;

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 #include <QUrl>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace soran {
@@ -49,6 +51,23 @@ struct ImageTable {
 
   /// Rows of `other` go before those of the same key.
   void overrideBy(const ImageTable& other);
+};
+
+/// A table of which the parts are read when it is first asked for: a run that shows no picture needs none.
+class LateImageTable {
+ public:
+  LateImageTable() = default;
+  LateImageTable(ImageTable table) : table_(std::move(table)) {} // NOLINT(google-explicit-constructor)
+
+  /// Rows of what `read` gives go before those of the same key.
+  void overrideBy(std::function<ImageTable()> read) { unread_.push_back(std::move(read)); }
+
+  const ImageTable& operator*() const;
+  const ImageTable* operator->() const { return &**this; }
+
+ private:
+  mutable ImageTable table_;
+  mutable std::vector<std::function<ImageTable()>> unread_;
 };
 
 /// Reads a table: sections [key] with lines name=value, comments behind ";" at the begin of a line. A row

@@ -6,9 +6,12 @@
 #include "platform/proxies.h"
 
 #include <algorithm>
+#include <arpa/inet.h>
+#include <cerrno>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +34,56 @@ int portOf(const QUrl& url) {
   constexpr int http = 80;
   constexpr int https = 443;
   return url.port(url.scheme() == u"https" ? https : http);
+}
+
+/// The address of a server that is named by number; its length is 0 where it is not.
+struct SocketAddress {
+  sockaddr_storage bytes{};
+  socklen_t length = 0;
+};
+
+SocketAddress numberOf(const QUrl& server) {
+  SocketAddress address;
+  const QByteArray host = server.host().toLatin1();
+  const in_port_t port = htons(static_cast<in_port_t>(portOf(server)));
+  auto& four = reinterpret_cast<sockaddr_in&>(address.bytes);
+  auto& six = reinterpret_cast<sockaddr_in6&>(address.bytes);
+  if (::inet_pton(AF_INET, host.constData(), &four.sin_addr) == 1) {
+    four.sin_family = AF_INET;
+    four.sin_port = port;
+    address.length = sizeof four;
+  } else if (::inet_pton(AF_INET6, host.constData(), &six.sin6_addr) == 1) {
+    six.sin6_family = AF_INET6;
+    six.sin6_port = port;
+    address.length = sizeof six;
+  }
+  return address;
+}
+
+/// A socket that connects to that address, -1 where that fails at once.
+int connectingTo(const SocketAddress& address) {
+  const int socket = ::socket(address.bytes.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  if (socket < 0)
+    return -1;
+  const int atOnce = 1;
+  ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
+  if (::connect(socket, reinterpret_cast<const sockaddr*>(&address.bytes), address.length) == 0 ||
+      errno == EINPROGRESS)
+    return socket;
+  ::close(socket);
+  return -1;
+}
+
+NetFailure failureOfSocket(int socket) {
+  int error = 0;
+  socklen_t size = sizeof error;
+  if (::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0)
+    return NetFailure::None;
+  return error == ETIMEDOUT ? NetFailure::TimedOut : NetFailure::Unreachable;
+}
+
+bool isForLater(int error) {
+  return error == EAGAIN || error == EINTR;
 }
 
 SocketWatch watchOf(qintptr socket, QSocketNotifier::Type type, std::function<void()> action) {
@@ -159,7 +212,7 @@ class Network::Driver {
       const int result = told->data.result;
       char* owner = nullptr;
       curl_.easyGetinfo(told->easy_handle, CURLINFO_PRIVATE, &owner);
-      reinterpret_cast<Connection*>(owner)->endConnecting(result);
+      reinterpret_cast<Connection*>(owner)->endConnecting(failureOf(result));
     }
   }
 
@@ -171,9 +224,19 @@ class Network::Driver {
 
 Connection::Connection(Network& network, const QUrl& url, std::function<void(NetFailure)> connected)
     : network_(network), server_(serverOf(url)), proxy_(proxyFor(url)), connected_(std::move(connected)) {
-  handle_ = network_.driver().connect(server_, proxy_, this);
-  if (!handle_)
-    QTimer::singleShot(0, &context_, [this] { endConnecting(CURLE_FAILED_INIT); });
+  const bool isPlain = server_.scheme() == u"http" && proxy_.isEmpty();
+  const SocketAddress number = isPlain ? numberOf(server_) : SocketAddress();
+  if (number.length > 0)
+    socket_ = connectingTo(number);
+  else
+    handle_ = network_.driver().connect(server_, proxy_, this);
+  if (socket_ >= 0)
+    whenWritable([this] {
+      whenWritable({});
+      endConnecting(failureOfSocket(socket_));
+    });
+  else if (!handle_)
+    QTimer::singleShot(0, &context_, [this] { endConnecting(NetFailure::Unreachable); });
 }
 
 Connection::~Connection() {
@@ -182,18 +245,29 @@ Connection::~Connection() {
   writable_.reset();
   if (handle_)
     network_.driver().close(handle_);
+  if (socket_ >= 0)
+    ::close(socket_);
 }
 
 bool Connection::leadsTo(const QUrl& url) const {
   return serverOf(url) == server_;
 }
 
-void Connection::endConnecting(int result) {
+void Connection::endConnecting(NetFailure failure) {
   if (const auto connected = std::exchange(connected_, {}))
-    connected(failureOf(result));
+    connected(failure);
+}
+
+int Connection::socket() const {
+  return handle_ ? network_.driver().socketOf(handle_) : socket_;
 }
 
 bool Connection::write(QByteArray& bytes) {
+  if (!handle_) {
+    const ssize_t count = ::send(socket_, bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL);
+    bytes.remove(0, std::max<qsizetype>(count, 0));
+    return count >= 0 || isForLater(errno);
+  }
   size_t sent = 0;
   const CURLcode result =
       network_.driver().curl().easySend(handle_, bytes.constData(), size_t(bytes.size()), &sent);
@@ -205,6 +279,15 @@ Connection::Came Connection::read(QByteArray& bytes) {
   constexpr qsizetype most = qsizetype(64) * 1024;
   size_t got = 0;
   bytes.resize(most);
+  if (!handle_) {
+    const ssize_t count = ::recv(socket_, bytes.data(), size_t(most), 0);
+    const int error = errno;
+    bytes.truncate(std::max<qsizetype>(count, 0));
+    acknowledge();
+    if (count < 0)
+      return isForLater(error) ? Came::Nothing : Came::Failure;
+    return count > 0 ? Came::Bytes : Came::End;
+  }
   const CURLcode result = network_.driver().curl().easyRecv(handle_, bytes.data(), size_t(most), &got);
   bytes.truncate(result == CURLE_OK ? qsizetype(got) : 0);
   acknowledge();
@@ -219,19 +302,17 @@ void Connection::acknowledge() const {
   // A server's system holds back what is sent behind an answer until that is acknowledged, which may be with
   // the next request: an answer that nobody asked for would come just ahead of the true one.
   const int atOnce = 1;
-  setsockopt(network_.driver().socketOf(handle_), IPPROTO_TCP, TCP_QUICKACK, &atOnce, sizeof atOnce);
+  ::setsockopt(socket(), IPPROTO_TCP, TCP_QUICKACK, &atOnce, sizeof atOnce);
 }
 
 void Connection::whenReadable(std::function<void()> action) {
-  const int socket = network_.driver().socketOf(handle_);
   readable_.reset(); // a socket has one at a time
-  readable_ = action ? watchOf(socket, QSocketNotifier::Read, std::move(action)) : SocketWatch();
+  readable_ = action ? watchOf(socket(), QSocketNotifier::Read, std::move(action)) : SocketWatch();
 }
 
 void Connection::whenWritable(std::function<void()> action) {
-  const int socket = network_.driver().socketOf(handle_);
   writable_.reset();
-  writable_ = action ? watchOf(socket, QSocketNotifier::Write, std::move(action)) : SocketWatch();
+  writable_ = action ? watchOf(socket(), QSocketNotifier::Write, std::move(action)) : SocketWatch();
 }
 
 bool Connection::isSilent() {

@@ -28,7 +28,9 @@ struct EndsLater {
 using SocketWatch = std::unique_ptr<QSocketNotifier, EndsLater>;
 
 /// A connection to a server over which bytes go, made by libcurl, through TLS and proxies where there are
-/// any. Destroying it closes it. Its network outlives it.
+/// any. One that needs neither these nor a look-up of a name is made by the system alone, as the twenty
+/// libraries behind libcurl would cost a start more than all else. Destroying it closes it. Its network
+/// outlives it.
 class Connection {
  public:
   /// What a read found.
@@ -69,8 +71,9 @@ class Connection {
 
  private:
   friend class Network;
-  void endConnecting(int result);
+  void endConnecting(NetFailure failure);
   void acknowledge() const;
+  int socket() const;
 
   Network& network_;
   QUrl server_;
@@ -78,6 +81,7 @@ class Connection {
   std::function<void(NetFailure)> connected_;
   Report latest_;
   void* handle_ = nullptr; // of libcurl
+  int socket_ = -1;        // of a connection without it
   QObject context_;
   SocketWatch readable_;
   SocketWatch writable_;

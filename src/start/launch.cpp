@@ -127,7 +127,8 @@ Launch::Launch(const LaunchOptions& options, Timers& timers, DeliveredFile deliv
   endpointsFile_ = options.endpoints;
   setClock_ = options.now ? static_cast<SetClock*>(clock_.get()) : nullptr;
   endpoints_ = Endpoints::builtIn(u"qrc:/delivered"_s);
-  endpoints_.images = readImageTable(delivered_(u"imagery.ini"_s), u"imagery.ini"_s);
+  endpoints_.images.overrideBy(
+      [delivered = delivered_] { return readImageTable(delivered(u"imagery.ini"_s), u"imagery.ini"_s); });
   // What it names goes before what the files name.
   const auto share = qScopeGuard([&] {
     if (!options.shared.isEmpty())
@@ -156,7 +157,8 @@ void Launch::takeEndpoints(const QString& file) {
 void Launch::takeImages(const QString& file) {
   const FileBytes read = readPlainFile(file, largestSettingsFile, Links::Followed);
   if (read.ok())
-    endpoints_.images.overrideBy(readImageTable(read.bytes, QDir::toNativeSeparators(file)));
+    endpoints_.images.overrideBy(
+        [bytes = read.bytes, name = QDir::toNativeSeparators(file)] { return readImageTable(bytes, name); });
   else if (read.fault != FileFault::Missing)
     fault_ = QDir::toNativeSeparators(file) + u": " + faultText(read.fault, largestSettingsFile);
 }
@@ -191,7 +193,7 @@ void Launch::startDemo(const DeliveredFile& delivered) {
   endpoints_.cycles = reports + u"cycles/";
   endpoints_.taf = base + u"/pub/data/forecasts/taf/stations/";
   serveDemoPictures(*server_, *clock_, delivered_);
-  endpoints_.images = demoTable(endpoints_.images, base);
+  endpoints_.images = demoTable(*endpoints_.images, base);
 }
 
 Services Launch::services(const FrontEnd& frontEnd) {

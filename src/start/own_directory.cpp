@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QRegularExpression>
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -84,9 +83,23 @@ class OpenFolder {
 /// The names of the files that a run of the program leaves in its folders: of `data`, and the pages of
 /// `help`.
 bool isOwnFile(const QString& name) {
-  static const QRegularExpression own(
-      uR"(^(?:\d\d\.dat|sequence\.dat|figure\.dat|version\.dat|soran\$\.mdb(?:\.fetched|-journal)?|[a-z0-9_-]+\.(?:html?|css|png|svg)|\.soran)$)"_s);
-  return own.match(name).hasMatch();
+  constexpr QStringView files[] = {u"sequence.dat", u"figure.dat",         u"version.dat",
+                                   u"soran$.mdb",   u"soran$.mdb.fetched", u"soran$.mdb-journal",
+                                   u".soran"};
+  constexpr QStringView pages[] = {u"htm", u"html", u"css", u"png", u"svg"};
+  const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+  const auto isOfPage = [&](QChar c) {
+    return isDigit(c) || (c >= u'a' && c <= u'z') || c == u'_' || c == u'-';
+  };
+  if (std::ranges::find(files, QStringView(name)) != std::end(files))
+    return true;
+  const qsizetype dot = name.indexOf(u'.');
+  const QStringView stem = QStringView(name).first(std::max<qsizetype>(dot, 0));
+  const QStringView ending = QStringView(name).sliced(dot + 1);
+  if (ending == u"dat")
+    return stem.size() == 2 && std::ranges::all_of(stem, isDigit);
+  return !stem.isEmpty() && std::ranges::all_of(stem, isOfPage) &&
+         std::ranges::find(pages, ending) != std::end(pages);
 }
 
 QStringList namesIn(const QString& folder) {
@@ -167,8 +180,8 @@ void removeScratchFolder(const QString& directory, const QString& name) {
     const OpenFolder folder(path);
     if (!folder.isOpen() || !folder.holds(markName))
       return;
-    QStringList names = namesIn(path).filter(QRegularExpression(u"^[^.]"_s));
-    names.removeIf([](const QString& file) { return !isOwnFile(file); });
+    QStringList names = namesIn(path);
+    names.removeIf([](const QString& file) { return file.startsWith(u'.') || !isOwnFile(file); });
     for (const QString& file : std::as_const(names))
       folder.remove(QFile::encodeName(file));
     // The mark goes last, and stays with what is not ours to delete.

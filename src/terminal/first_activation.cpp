@@ -6,6 +6,7 @@
 #include "start/hand_over.h"
 #include "terminal/terminal.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace soran {
@@ -20,8 +21,11 @@ void removeLeftovers(const Services& services) {
   QStringList names = {u"sequence.dat"_s, u"figure.dat"_s};
   for (int hour = 0; hour < 24; ++hour)
     names.append(twoDigits(hour) + u".dat");
-  for (const QString& name : names)
-    QFile::remove(services.path(u"data/") + name);
+  const QStringList there = QDir(services.path(u"data"_s)).entryList(QDir::Files | QDir::System);
+  for (const QString& name : there) {
+    if (names.contains(name))
+      QFile::remove(services.path(u"data/") + name);
+  }
 }
 
 } // namespace
