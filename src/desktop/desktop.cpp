@@ -45,9 +45,17 @@ bool Desktop::open(QString& notice) {
     launch_.shutdown().request();
     program_.services.inet.cancel();
   });
+  // Without its tables the window has no colours and no fonts.
+  dialogs_.setWindowMaker([&] {
+    if (!program_.tables.byName(table::設定)->isOpen())
+      return;
+    splash.hide();
+    showWindow();
+  });
   try {
     const Opening::Result result = opening_->start();
     splash.hide();
+    dialogs_.setWindowMaker({});
     if (result == Opening::Result::Started) {
       notice = opening_->notice();
       return true;
@@ -55,6 +63,7 @@ bool Desktop::open(QString& notice) {
   } catch (const Unwind&) {
     // The user closed the form.
   }
+  dialogs_.setWindowMaker({});
   return false;
 }
 
@@ -69,7 +78,8 @@ bool Desktop::start() {
   if (!open(notice))
     return false;
   countAccess();
-  showWindow();
+  if (!window_)
+    showWindow();
   view_.terminal().guarded([&] { view_.terminal().start(notice); });
   return true;
 }

@@ -241,7 +241,7 @@ TEST_F(WindowTest, EndsCleanlyInTheMiddleOfASlowFetch) {
   }
 }
 
-TEST_F(WindowTest, AMessageOfTheStartStandsBehindNoOtherWindow) {
+TEST_F(WindowTest, AMessageOfTheStartStandsAloneOverTheWindow) {
   server_.setFile(u"/data/version.dat"_s, "4.31\n0.00\n1.00\n");
   // The form of the start comes up after a while: behind the message, or before it.
   for (const int delay : {0, 400}) {
@@ -251,6 +251,7 @@ TEST_F(WindowTest, AMessageOfTheStartStandsBehindNoOtherWindow) {
     makeDesktop();
     QString text;
     bool alone = false;
+    bool over = false;
     QTimer watch;
     int looks = 0;
     watch.callOnTimeout([&] {
@@ -259,12 +260,16 @@ TEST_F(WindowTest, AMessageOfTheStartStandsBehindNoOtherWindow) {
         return;
       text = box->text();
       alone = !isUp(u"opening");
+      over = qobject_cast<MainWindow*>(box->parentWidget()) && box->parentWidget()->isVisible();
       box->accept();
     });
     watch.start(50);
     EXPECT_TRUE(desktop_->start());
     EXPECT_EQ(text, u"データベースを初期化しました　　");
     EXPECT_TRUE(alone) << delay;
+    EXPECT_TRUE(over) << delay;
+    type(u"RJTT"_s);
+    EXPECT_TRUE(shown().contains(u"RJTT  METAR"));
     desktop_.reset();
   }
 }

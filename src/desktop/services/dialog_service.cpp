@@ -25,7 +25,9 @@ QString labelText(QString text) {
 } // namespace
 
 /// Over a form that holds everything, else over the main window.
-QWidget* DialogService::owner() const {
+QWidget* DialogService::owner() {
+  if (!window_ && makeWindow_)
+    makeWindow_();
   QWidget* form = QApplication::activeModalWidget();
   return form ? form : window_.get();
 }

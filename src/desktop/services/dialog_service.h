@@ -7,6 +7,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 namespace soran {
 
@@ -18,6 +19,9 @@ class DialogService final : public Dialogs {
   /// The window over which boxes stand.
   void setWindow(QWidget* window) { window_ = window; }
 
+  /// What makes that window, if it can, where a box is to stand over it before it is there.
+  void setWindowMaker(std::function<void()> make) { makeWindow_ = std::move(make); }
+
   bool question(const QString& title, const QString& text) override;
   void message(const QString& title, const QString& text) override;
   std::optional<QString> openFile(const QString& title) override;
@@ -25,10 +29,11 @@ class DialogService final : public Dialogs {
   std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) override;
 
  private:
-  QWidget* owner() const;
+  QWidget* owner();
 
   const Shutdown& shutdown_;
   QPointer<QWidget> window_;
+  std::function<void()> makeWindow_;
 };
 
 } // namespace soran
