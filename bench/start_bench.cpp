@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// soran-cli as a process on a terminal, from its start to the first prompt.
+// soran-cli as a process: on a terminal from its start to the first prompt, and as one call from its start to
+// its end.
 
+#include "base/files.h"
 #include "common/budget.h"
+#include "common/cli_session.h"
 #include "common/loopback.h"
 #include "support/child_process.h"
 #include "support/own_folder.h"
@@ -10,10 +13,14 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QJsonArray>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <fcntl.h>
 #include <optional>
 #include <pty.h>
+#include <spawn.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -115,6 +122,90 @@ void startCli(benchmark::State& state, bool fresh) {
 }
 BENCHMARK_CAPTURE(startCli, first_start, true)->UseManualTime()->Iterations(1)->Repetitions(9);
 BENCHMARK_CAPTURE(startCli, later_start, false)->UseManualTime()->Iterations(1)->Repetitions(9);
+
+/// A call of soran-cli from its start to its end, whose output is dropped. False where its status is not 0.
+bool callCli(const QList<QByteArray>& arguments) {
+  QByteArray program = QStringView(SORAN_CLI).toLocal8Bit();
+  QList<QByteArray> words = arguments;
+  std::vector<char*> argv{program.data()};
+  for (QByteArray& word : words)
+    argv.push_back(word.data());
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions{};
+  posix_spawn_file_actions_init(&actions);
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+    posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
+  pid_t process = 0;
+  int status = -1;
+  if (posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), environ) == 0)
+    waitpid(process, &status, 0);
+  posix_spawn_file_actions_destroy(&actions);
+  return status == 0;
+}
+
+/// Calls it again and again; time on the clock counts.
+void callAgain(benchmark::State& state, const QList<QByteArray>& arguments, double budget) {
+  for (auto _ : state) {
+    QElapsedTimer timer;
+    timer.start();
+    if (!callCli(arguments)) {
+      state.SkipWithError("the call failed");
+      return;
+    }
+    state.SetIterationTime(double(timer.nsecsElapsed()) / 1e9);
+  }
+  bench::holdTo(state, budget);
+}
+
+void version(benchmark::State& state) {
+  callAgain(state, {"--version"}, 5);
+}
+BENCHMARK(version)->Name("call/version")->UseManualTime()->Iterations(20)->Repetitions(9);
+
+/// One station out of files, in a directory that an earlier run has set up.
+void runStation(benchmark::State& state) {
+  OwnFolder folder;
+  const QString files = u"file://"_s + folder.filePath(u"reports/"_s);
+  QDir().mkpath(folder.filePath(u"reports"_s));
+  writeWhole(folder.filePath(u"reports/RJTT.TXT"_s),
+             "2026/11/24 05:00\nRJTT 240500Z 34012KT 9999 FEW030 12/03 Q1018\n");
+  const QString ini = folder.filePath(u"endpoints.ini"_s);
+  writeWhole(ini,
+             QString(u"[endpoints]\nmetar="_s + files + u"\ntaf=" + files + u"none/\nprobe=\n").toUtf8());
+  const QList<QByteArray> arguments = {
+      "--home", folder.filePath(u"home"_s).toLocal8Bit(), "--endpoints", ini.toLocal8Bit(), "run", "RJTT"};
+  callCli(arguments);
+  callAgain(state, arguments, 12);
+}
+BENCHMARK(runStation)->Name("call/run")->UseManualTime()->Iterations(20)->Repetitions(9);
+
+/// A session that has shown a list of sixty stations.
+void listSession(benchmark::State& state) {
+  bench::Loopback endpoint(true);
+  QStringList codes;
+  for (int i = 0; i < 60; ++i) {
+    codes += u"RX"_s + QChar(u'A' + i / 26) + QChar(u'A' + i % 26);
+    const QByteArray code = codes.last().toLatin1();
+    endpoint.server.setFile(bench::metarFolder + codes.last() + u".TXT",
+                            "2026/11/24 05:00\n" + code + " 240500Z 34012KT 9999 FEW030 12/03 Q1018\n");
+    endpoint.server.setFile(bench::tafFolder + codes.last() + u".TXT",
+                            "2026/11/24 05:05\nTAF " + code + " 240505Z 2406/2512 33010KT 9999 FEW030\n");
+  }
+  double most = 0;
+  for (auto _ : state) {
+    bench::CliSession session(endpoint, u"2026-11-24T14:05:00+09:00"_s);
+    session.setAutomaticList(codes);
+    session.mark();
+    const QJsonObject shown = session.send({{u"type"_s, u"ATO"_s}});
+    if (shown.value(u"screen"_s).toString().count(u"  METAR "_s) != codes.size()) {
+      state.SkipWithError("not all stations were shown");
+      break;
+    }
+    most = std::max(most, session.figures().process.peak);
+  }
+  bench::holdMemory(state, most, 20);
+}
+BENCHMARK(listSession)->Name("session/60")->Iterations(1);
 
 /// A watch of sixty airports, all in fog, from its start to the last alarm.
 void watchCli(benchmark::State& state) {

@@ -3,7 +3,7 @@
 // soran-cli under load: large lists, large texts, a long log, a week of watching, many jobs. Prints a
 // Markdown table. Its status is 1 where something came out wrong.
 
-#include "load/cli_session.h"
+#include "common/cli_session.h"
 #include "load/reports.h"
 #include "support/child_process.h"
 #include "support/own_folder.h"

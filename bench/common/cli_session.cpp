@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "load/cli_session.h"
+#include "common/cli_session.h"
 
 #include <QEventLoop>
 #include <QJsonArray>
