@@ -19,8 +19,6 @@
 #include <fcntl.h>
 #include <optional>
 #include <pty.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace soran;
@@ -131,16 +129,14 @@ bool callCli(const QList<QByteArray>& arguments) {
   for (QByteArray& word : words)
     argv.push_back(word.data());
   argv.push_back(nullptr);
-  posix_spawn_file_actions_t actions{};
-  posix_spawn_file_actions_init(&actions);
-  for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
-    posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
-  pid_t process = 0;
-  int status = -1;
-  if (posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), environ) == 0)
-    waitpid(process, &status, 0);
-  posix_spawn_file_actions_destroy(&actions);
-  return status == 0;
+  ChildProcess process([&argv] {
+    const int nothing = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    ::dup2(nothing, STDOUT_FILENO);
+    ::dup2(nothing, STDERR_FILENO);
+    execv(argv[0], argv.data());
+    _exit(127);
+  });
+  return process.wait() == 0;
 }
 
 /// Calls it again and again; time on the clock counts.

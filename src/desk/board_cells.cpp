@@ -184,8 +184,8 @@ QString weather(const BoardRow& row, const QDateTime&) {
 }
 
 QString ceiling(const BoardRow& row, const QDateTime&) {
-  const Ceiling* ceiling = row.values.ceiling();
-  return ceiling ? reported(row, ceiling->words) : QString();
+  const Words* words = row.values.ceilingWords();
+  return words ? reported(row, *words) : QString();
 }
 
 QString temperatures(const BoardRow& row, const QDateTime&) {

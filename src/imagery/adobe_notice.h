@@ -9,9 +9,9 @@ namespace soran {
 
 namespace adobe_notice {
 inline constexpr QStringView title = u" インフォメーション";
-inline constexpr QStringView text =
-    u"一部の天気図は PDF ファイルで提供されており、SORAN のウィンドウ内にそのまま表示されます.\r\n\r\n"
-    u"SORAN を終了して Adobe Reader をダウンロードするには下のバナーをクリックしてください.";
+inline constexpr QStringView text = u"一部の天気図を表示するにあたっては Adobe社が無償で配布している Adobe "
+                                    u"Reader が必要になる場合があります.\r\n\r\n"
+                                    u"Adobe Reader をダウンロードするには下のバナーをクリックしてください.";
 inline constexpr QStringView checkBox = u"以後このメッセージを表示しない";
 inline constexpr QStringView closeButton = u"閉じる";
 inline constexpr QStringView downloadPage = u"https://get.adobe.com/jp/reader/";

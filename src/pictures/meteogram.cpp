@@ -30,12 +30,13 @@ QDateTime fullHour(const QDateTime& time) {
   return inUtc(time.date(), QTime(time.time().hour(), 0));
 }
 
-/// Wind, visibility, weather, ceiling, temperatures and QNH in their own words.
+/// Wind, visibility, weather, ceiling, temperatures and QNH in their own words; a ceiling that cannot be told
+/// is that of its group, such as BKN///.
 QStringList wordsOf(QStringView text, const ElementValues& values) {
   const auto in = [text](const Words* words) { return words ? words->in(text).toString() : QString(); };
   const auto of = [&in](const auto& element) { return in(element ? &element->words : nullptr); };
-  return {of(values.wind),      in(values.visibilityWords()), joinedWords(text, values.weather),
-          of(values.ceiling()), of(values.temperatures),      of(values.pressure)};
+  return {of(values.wind),           in(values.visibilityWords()), joinedWords(text, values.weather),
+          in(values.ceilingWords()), of(values.temperatures),      of(values.pressure)};
 }
 
 } // namespace
@@ -57,6 +58,21 @@ std::vector<Night> nightsBetween(const QString& code, const QDateTime& from, con
   return nights;
 }
 
+namespace {
+
+/// Why a forecast does not tell of the time behind `now`; empty where it does.
+QString noteOf(const QString& text, const std::optional<Taf>& forecast, const QDateTime& now) {
+  if (!forecast)
+    return text.trimmed().isEmpty() ? u"NO TAF"_s : u"TAF NOT READ"_s;
+  if (forecast->state == Taf::State::Missing)
+    return u"TAF NIL"_s;
+  if (forecast->state == Taf::State::Cancelled)
+    return u"TAF CNL"_s;
+  return forecast->to > now ? QString() : u"TAF EXPIRED"_s;
+}
+
+} // namespace
+
 Meteogram meteogramOf(const StationCode& code, const QStringList& metars, const QString& taf,
                       const QDateTime& now, const Limits& limits) {
   constexpr qint64 past = 24 * hour;
@@ -72,7 +88,8 @@ Meteogram meteogramOf(const StationCode& code, const QStringList& metars, const 
   for (auto& [time, report] : observed)
     meteogram.observed.push_back(std::move(report));
   const std::optional<Taf> forecast = readTaf(taf, now);
-  if (forecast && forecast->state == Taf::State::InForce && forecast->to > now) {
+  meteogram.tafNote = noteOf(taf, forecast, now);
+  if (meteogram.tafNote.isEmpty()) {
     meteogram.tafText = taf;
     meteogram.taf = forecast->slices;
     meteogram.to = std::min(forecast->to, now.addSecs(ahead));
@@ -136,6 +153,8 @@ QString meteogramText(const Meteogram& meteogram, const SettingsRecord& settings
       padded.chop(1);
     text += padded + crlf;
   }
+  if (!meteogram.tafNote.isEmpty())
+    text += meteogram.tafNote + crlf;
   return text;
 }
 

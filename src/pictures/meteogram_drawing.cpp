@@ -163,7 +163,7 @@ void Picture::drawGround() {
                   .time = night.from});
   }
   label(meteogram_.code.text() + u"  " + meteogram_.name + u"  " + displayedTime(meteogram_.now, settings_) +
-            (meteogram_.isEmpty() ? u"  NO REPORT" : u""),
+            u"  " + (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote),
         {6, titleHeight / 2}, TextPlace::Left);
 }
 
@@ -318,8 +318,9 @@ void Picture::drawLimits(const GraphPanel& panel, std::optional<int> ConditionLi
                   .points = {{times_.left(), panel.y(value)}, {times_.right(), panel.y(value)}},
                   .element = u"LIMIT"_s,
                   .value = double(value)});
-    label(u'L' + QString::number(i + 1), {times_.right() - 12, panel.y(value) - 6}, TextPlace::Centre,
-          inks[i]);
+    // Beside one another, because two limits may be close or the same.
+    const double right = times_.right() - 12 - 20 * double(i);
+    label(u'L' + QString::number(i + 1), {right, panel.y(value) - 6}, TextPlace::Centre, inks[i]);
   }
 }
 

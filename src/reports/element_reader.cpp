@@ -240,14 +240,19 @@ bool ElementReader::takeCloud() {
   // A CB or TCU that was seen by radar stands behind layers that were measured.
   constexpr qsizetype withoutType = 6;
   const bool isAlone = values_.clouds.size() == 1;
-  values_.hidesCeiling |= group_.startsWith(u"///") && (group_.size() == withoutType || isAlone);
+  const bool isUnknown = group_.startsWith(u"///") && (group_.size() == withoutType || isAlone);
+  values_.hidesCeiling |= isUnknown;
+  if (isUnknown && !values_.unknownCeiling)
+    values_.unknownCeiling = words_;
   if (isVertical)
     keepCeiling(colouring::verticalVisibility, values_.vertical);
   for (const colouring::CeilingForm& form : colouring::ceilingForms) {
     if (!form.oktas && group_.startsWith(form.word)) {
       keepCeiling(form, values_.layer);
-      values_.hidesCeiling |=
-          group_.sliced(form.word.size()).startsWith(u"///") && heightBelow_ < lowHundreds;
+      const bool hasNoHeight = group_.sliced(form.word.size()).startsWith(u"///");
+      values_.hidesCeiling |= hasNoHeight && heightBelow_ < lowHundreds;
+      if (hasNoHeight && !values_.unknownCeiling)
+        values_.unknownCeiling = words_;
     }
   }
   if (hasShape(group_.first(std::min<qsizetype>(6, group_.size())),

@@ -74,6 +74,7 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
     merged.layer = later.layer;
     merged.vertical = later.vertical;
     merged.hidesCeiling = later.hidesCeiling;
+    merged.unknownCeiling = later.unknownCeiling;
   }
   if (later.cavok || later.visibility || !later.weather.empty() || !later.clouds.empty())
     merged.cavok = later.cavok;

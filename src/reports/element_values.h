@@ -109,8 +109,9 @@ struct ElementValues {
   std::vector<Words> clouds = {};       ///< layers, vertical visibility, and the words of a sky without any
   std::optional<Ceiling> layer = {};    ///< the lowest of BKN and OVC
   std::optional<Ceiling> vertical = {}; ///< VV, of a sky that cannot be seen
-  bool hidesCeiling =
-      false; ///< a layer has no amount, or BKN or OVC no height: a ceiling may lie below any other
+  std::optional<Words> unknownCeiling =
+      {};                    ///< the first layer without an amount, or BKN or OVC without height
+  bool hidesCeiling = false; ///< such a one may lie below any other
   std::optional<Temperatures> temperatures = {};
   std::optional<Pressure> pressure = {}; ///< QNH
   /// Groups that were meant for an element and are none, such as a letter O for a nought.
@@ -124,6 +125,11 @@ struct ElementValues {
   const Ceiling* ceiling() const;
   /// The group of the visibility, or CAVOK, which stands for it.
   const Words* visibilityWords() const { return visibility ? &visibility->words : cavok ? &*cavok : nullptr; }
+  /// The group of the ceiling, else that of one whose height is not known.
+  const Words* ceilingWords() const {
+    const Ceiling* known = ceiling();
+    return known ? &known->words : unknownCeiling ? &*unknownCeiling : nullptr;
+  }
   /// Metres of the visibility; those of 9999, "10 km and more", with CAVOK.
   std::optional<int> visibilityMetres() const {
     constexpr int atLeast = 9999;

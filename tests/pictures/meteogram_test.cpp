@@ -57,6 +57,24 @@ TEST(Meteogram, PutsReportsOfADayInOrder) {
       meteogramOf(StationCode(u"KJFK"_s), {}, u"TAF RJTT 220505Z 2206/2312 CNL"_s, now, limits).taf.empty());
 }
 
+TEST(Meteogram, TellsWhyNothingIsForecastAndThatACeilingIsNotKnown) {
+  const std::pair<QString, QString> cases[] = {
+      {taf, QString()},
+      {QString(), u"NO TAF"_s},
+      {u"TAF RJTT 220505Z 2206/2312 NIL"_s, u"TAF NIL"_s},
+      {u"TAF RJTT 220505Z 2206/2312 CNL"_s, u"TAF CNL"_s},
+      {u"TAF RJTT 212305Z 2200/2206 16008KT 9999"_s, u"TAF EXPIRED"_s},
+      {u"TAF RJTT"_s, u"TAF NOT READ"_s},
+  };
+  const QStringList metars = {u"RJTT 220530Z 16008KT 9999 FEW020 BKN/// 30/20 Q1010"_s};
+  for (const auto& [text, note] : cases) {
+    const Meteogram meteogram = meteogramOf(StationCode(u"RJTT"_s), metars, text, now, limits);
+    EXPECT_EQ(meteogram.tafNote, note) << text.toStdString();
+    EXPECT_TRUE(meteogramText(meteogram, settings).contains(u"BKN///"));
+    EXPECT_EQ(shapesOf(drawn(meteogram), u"CIG"_s).filter(u"dot"_s), QStringList());
+  }
+}
+
 TEST(Meteogram, DrawsWhatIsForecast) {
   const Drawing drawing = drawn(meteogramOf(StationCode(u"RJTT"_s), {}, taf, now, limits));
   EXPECT_EQ(shapesOf(drawing, u"VIS"_s), (QStringList{u"line 9999 9999"_s, u"dashed 3000 3000"_s,
