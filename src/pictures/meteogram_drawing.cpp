@@ -300,7 +300,10 @@ void Picture::drawForecast(const GraphPanel& panel, const Curve& curve) {
                 .words = told->words.in(meteogram_.tafText).toString()};
     if (slice.isTemporary()) {
       shape.kind = ShapeKind::Hatched;
-      shape.points = {{from, y}, {to, y}, {to, panel.bottom()}, {from, panel.bottom()}};
+      // What lies at the foot of the axis or below it is the worst of all.
+      constexpr double leastHeight = 5;
+      const double top = std::min(y, panel.bottom() - leastHeight);
+      shape.points = {{from, top}, {to, top}, {to, panel.bottom()}, {from, panel.bottom()}};
     }
     drawing_.add(std::move(shape));
   }

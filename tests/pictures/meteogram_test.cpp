@@ -75,6 +75,18 @@ TEST(Meteogram, TellsWhyNothingIsForecastAndThatACeilingIsNotKnown) {
   }
 }
 
+TEST(Meteogram, TheLowestCeilingOfAPartIsSeen) {
+  const QString lowest = u"TAF RJTT 220505Z 2206/2312 16008KT 9999 TEMPO 2212/2215 0050 FG VV000"_s;
+  int hatched = 0;
+  for (const Shape& shape : drawn(meteogramOf(StationCode(u"RJTT"_s), {}, lowest, now, limits)).shapes) {
+    if (shape.kind == ShapeKind::Hatched) {
+      ++hatched;
+      EXPECT_GE(shape.points.back().y - shape.points.front().y, 4) << shape.element.toStdString();
+    }
+  }
+  EXPECT_EQ(hatched, 2);
+}
+
 TEST(Meteogram, DrawsWhatIsForecast) {
   const Drawing drawing = drawn(meteogramOf(StationCode(u"RJTT"_s), {}, taf, now, limits));
   EXPECT_EQ(shapesOf(drawing, u"VIS"_s), (QStringList{u"line 9999 9999"_s, u"dashed 3000 3000"_s,
