@@ -28,9 +28,9 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no program links: libcurl is loaded at the first transfer, and the icons are drawn by a plugin, which lay with the
+# What no program links: libcurl is loaded at the first transfer, libreadline on a terminal, and the icons are drawn by a plugin, which lay with the
 # library before Qt 6.7.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4t64 | libcurl4 (>= 7.87), qt6-svg-plugins | libqt6svg6 (<< 6.7)")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4t64 | libcurl4 (>= 7.87), libreadline8t64 | libreadline8, qt6-svg-plugins | libqt6svg6 (<< 6.7)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ca-certificates, fonts-ipafont-gothic | fonts-noto-cjk, qt6-translations-l10n, qt6-wayland")
 
 execute_process(COMMAND sh -c "date -d \"$(sed -n 's/^ -- .*>  //p;T;q' changelog)\" +%s"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/line_editor.h"
 
+#include "cli/readline_library.h"
 #include "platform/shutdown.h"
 
 #include <QCoreApplication>
@@ -11,8 +12,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <readline/history.h>
-#include <readline/readline.h>
 #include <unistd.h>
 
 namespace soran {
@@ -58,7 +57,7 @@ struct LineEditor::Library {
 
   static int end(int, int) {
     active->ended_ = true;
-    rl_done = 1;
+    *readlineLibrary().rl_done = 1;
     return 0;
   }
 
@@ -78,33 +77,33 @@ LineEditor::LineEditor() : notifier_(STDIN_FILENO, QSocketNotifier::Read) {
   connect(this, &LineEditor::promptWanted, this, &LineEditor::show, Qt::QueuedConnection);
   connect(this, &LineEditor::lineTaken, this, &LineEditor::deliver, Qt::QueuedConnection);
   connect(&notifier_, &QSocketNotifier::activated, this, [this] { readKey(); });
-  rl_readline_name = "soran";
-  rl_instream = stdin;
-  rl_outstream = stdout;
-  rl_getc_function = Library::read;
-  rl_catch_signals = 0;
-  rl_catch_sigwinch = 0;
-  rl_change_environment = 0;
+  *readlineLibrary().rl_readline_name = "soran";
+  *readlineLibrary().rl_instream = stdin;
+  *readlineLibrary().rl_outstream = stdout;
+  *readlineLibrary().rl_getc_function = Library::read;
+  *readlineLibrary().rl_catch_signals = 0;
+  *readlineLibrary().rl_catch_sigwinch = 0;
+  *readlineLibrary().rl_change_environment = 0;
   // Between two lines the terminal stays as it is, so that keys typed there are neither shown nor lost.
-  rl_deprep_term_function = nullptr;
+  *readlineLibrary().rl_deprep_term_function = nullptr;
   useUtf8();
-  rl_initialize();
+  readlineLibrary().rl_initialize();
   // Each line of a pasted text runs like a typed one.
-  rl_variable_bind("enable-bracketed-paste", "off");
-  rl_variable_bind("bell-style", "none");
-  rl_bind_key('\t', Library::nothing);
+  readlineLibrary().rl_variable_bind("enable-bracketed-paste", "off");
+  readlineLibrary().rl_variable_bind("bell-style", "none");
+  readlineLibrary().rl_bind_key('\t', Library::nothing);
   // In the other editing mode a single ESC has a meaning of its own. Some systems bind longer sequences that
   // begin with these two, for which the library would wait: they give way.
   constexpr int emacsMode = 1;
-  if (rl_editing_mode == emacsMode) {
-    KEYMAP_ENTRY& twice = emacs_meta_keymap[escape];
+  if (*readlineLibrary().rl_editing_mode == emacsMode) {
+    KEYMAP_ENTRY& twice = (*readlineLibrary().emacs_meta_keymap)[escape];
     if (twice.type == ISKMAP)
-      rl_free_keymap(reinterpret_cast<Keymap>(twice.function));
+      readlineLibrary().rl_free_keymap(reinterpret_cast<Keymap>(twice.function));
     twice = {ISFUNC, Library::end};
   }
-  using_history();
-  stifle_history(longestHistory);
-  rl_prep_terminal(1);
+  readlineLibrary().using_history();
+  readlineLibrary().stifle_history(longestHistory);
+  readlineLibrary().rl_prep_terminal(1);
   if (isatty(STDERR_FILENO) != 0)
     qInstallMessageHandler(Library::message);
 }
@@ -117,13 +116,13 @@ LineEditor::~LineEditor() {
 void LineEditor::release() {
   stop();
   qInstallMessageHandler(nullptr);
-  rl_deprep_terminal();
+  readlineLibrary().rl_deprep_terminal();
   std::fflush(stdout);
 }
 
 void LineEditor::stop() {
   if (shown_) {
-    rl_callback_handler_remove();
+    readlineLibrary().rl_callback_handler_remove();
     std::fputc('\n', stdout);
     std::fflush(stdout);
   }
@@ -148,10 +147,10 @@ void LineEditor::show() {
     return;
   emit aboutToShow();
   shown_ = true;
-  rl_callback_handler_install(prompt_.constData(), Library::lineEnded);
+  readlineLibrary().rl_callback_handler_install(prompt_.constData(), Library::lineEnded);
   if (!initial_.isEmpty()) {
-    rl_insert_text(initial_.toUtf8().constData());
-    rl_redisplay();
+    readlineLibrary().rl_insert_text(initial_.toUtf8().constData());
+    readlineLibrary().rl_redisplay();
     initial_.clear();
   }
   std::fflush(stdout);
@@ -161,15 +160,15 @@ void LineEditor::show() {
 void LineEditor::hide() {
   if (!shown_)
     return;
-  rl_clear_visible_line();
-  rl_callback_handler_remove();
+  readlineLibrary().rl_clear_visible_line();
+  readlineLibrary().rl_callback_handler_remove();
   std::fflush(stdout);
   shown_ = false;
   notifier_.setEnabled(false);
 }
 
 QString LineEditor::typed() const {
-  return shown_ ? QString::fromUtf8(rl_line_buffer, rl_end) : initial_;
+  return shown_ ? QString::fromUtf8(*readlineLibrary().rl_line_buffer, *readlineLibrary().rl_end) : initial_;
 }
 
 void LineEditor::setTyped(const QString& text) {
@@ -177,19 +176,19 @@ void LineEditor::setTyped(const QString& text) {
     initial_ = text;
     return;
   }
-  rl_replace_line(text.toUtf8().constData(), 1);
-  rl_point = rl_end;
-  rl_redisplay();
+  readlineLibrary().rl_replace_line(text.toUtf8().constData(), 1);
+  *readlineLibrary().rl_point = *readlineLibrary().rl_end;
+  readlineLibrary().rl_redisplay();
 }
 
 void LineEditor::print(const QByteArray& lines) const {
   if (lines.isEmpty() || closed_)
     return;
   if (shown_)
-    rl_clear_visible_line();
+    readlineLibrary().rl_clear_visible_line();
   std::fwrite(lines.constData(), 1, size_t(lines.size()), stdout);
   if (shown_)
-    rl_forced_update_display();
+    readlineLibrary().rl_forced_update_display();
   std::fflush(stdout);
 }
 
@@ -220,35 +219,38 @@ std::optional<QString> LineEditor::ask(const QByteArray& prompt, const QString& 
 }
 
 void LineEditor::remember(const QString& line) {
-  const HIST_ENTRY* last = history_length > 0 ? history_get(history_base + history_length - 1) : nullptr;
+  const HIST_ENTRY* last = *readlineLibrary().history_length > 0
+                               ? readlineLibrary().history_get(*readlineLibrary().history_base +
+                                                               *readlineLibrary().history_length - 1)
+                               : nullptr;
   const QByteArray entry = line.toUtf8();
   if (!line.trimmed().isEmpty() && (!last || entry != last->line))
-    add_history(entry.constData());
+    readlineLibrary().add_history(entry.constData());
 }
 
 int LineEditor::columns() {
   int rows = 0;
   int columns = 0;
-  rl_get_screen_size(&rows, &columns);
+  readlineLibrary().rl_get_screen_size(&rows, &columns);
   return columns;
 }
 
 void LineEditor::resized() const {
   if (shown_)
-    rl_resize_terminal();
+    readlineLibrary().rl_resize_terminal();
   else
-    rl_reset_screen_size();
+    readlineLibrary().rl_reset_screen_size();
 }
 
 void LineEditor::resumed() const {
-  rl_deprep_terminal();
-  rl_prep_terminal(1);
+  readlineLibrary().rl_deprep_terminal();
+  readlineLibrary().rl_prep_terminal(1);
   if (shown_)
-    rl_forced_update_display();
+    readlineLibrary().rl_forced_update_display();
 }
 
 void LineEditor::readKey() {
-  rl_callback_read_char();
+  readlineLibrary().rl_callback_read_char();
   std::fflush(stdout);
   if (closed_ && shown_)
     lineEnded(nullptr);
@@ -264,7 +266,7 @@ void LineEditor::lineEnded(const char* line) {
     std::fputc('\n', stdout);
   ended_ = false;
   shown_ = false;
-  rl_callback_handler_remove();
+  readlineLibrary().rl_callback_handler_remove();
   notifier_.setEnabled(false);
   taken_.emplace_back(receiver_, typedLine);
   emit lineTaken();

@@ -5,6 +5,7 @@
 #include "cli/batch.h"
 #include "cli/exchange_call.h"
 #include "cli/interactive.h"
+#include "cli/readline_library.h"
 #include "cli/run.h"
 #include "cli/session.h"
 #include "cli/source_check.h"
@@ -123,6 +124,8 @@ int main(int argc, char** argv) {
   if (options.rest.isEmpty()) {
     if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
       return refuse(errors, u"no call given, and no terminal; see soran-cli --help"_s);
+    if (!readlineLibrary().isLoaded())
+      return refuse(errors, u"cannot load libreadline.so.8"_s);
     const TerminalStyle style = terminalStyle(qgetenv("TERM"), qgetenv("COLORTERM"), qgetenv("NO_COLOR"));
     return Interactive(options, delivered::file, style).run();
   }

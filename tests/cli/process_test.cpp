@@ -248,13 +248,12 @@ TEST_F(CliTest, LinksNoLibraryThatAStartDoesNotNeed) {
   ldd.start(u"ldd"_s, {commandLine});
   ASSERT_TRUE(ldd.waitForFinished());
   // Ours, and what stands behind Qt's core and the database on any system that we know.
-  const QStringList needed = {
-      u"linux-vdso"_s,   u"ld-linux-x86-64"_s, u"libc"_s,        u"libm"_s,        u"libdl"_s,
-      u"libpthread"_s,   u"librt"_s,           u"libgcc_s"_s,    u"libstdc++"_s,   u"libQt6Core"_s,
-      u"libsqlcipher"_s, u"libcrypto"_s,       u"libsodium"_s,   u"libreadline"_s, u"libtinfo"_s,
-      u"libicui18n"_s,   u"libicuuc"_s,        u"libicudata"_s,  u"libglib-2"_s,   u"libdouble-conversion"_s,
-      u"libb2"_s,        u"libgomp"_s,         u"libpcre2-16"_s, u"libpcre2-8"_s,  u"libzstd"_s,
-      u"libz"_s};
+  const QStringList needed = {u"linux-vdso"_s,  u"ld-linux-x86-64"_s,      u"libc"_s,         u"libm"_s,
+                              u"libdl"_s,       u"libpthread"_s,           u"librt"_s,        u"libgcc_s"_s,
+                              u"libstdc++"_s,   u"libQt6Core"_s,           u"libsqlcipher"_s, u"libcrypto"_s,
+                              u"libsodium"_s,   u"libicui18n"_s,           u"libicuuc"_s,     u"libicudata"_s,
+                              u"libglib-2"_s,   u"libdouble-conversion"_s, u"libb2"_s,        u"libgomp"_s,
+                              u"libpcre2-16"_s, u"libpcre2-8"_s,           u"libzstd"_s,      u"libz"_s};
   QStringList others;
   const QStringList lines = QString::fromUtf8(ldd.readAll()).split(u'\n', Qt::SkipEmptyParts);
   for (const QString& line : lines) {
