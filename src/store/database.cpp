@@ -266,7 +266,7 @@ QStringList Database::columns(const QString& table) const {
   return names;
 }
 
-void Database::commitLightly() {
+void Database::commitLightly() const {
   query(u"PRAGMA synchronous = NORMAL"_s);
 }
 

@@ -75,7 +75,7 @@ class Database {
 
   /// From here on a commit trusts the file system to tell a file's new length behind its bytes, and waits for
   /// the disk three times and not four: for counts, which nobody entered.
-  void commitLightly();
+  void commitLightly() const;
 
   /// The rowid of the row inserted last.
   qint64 lastRowId() const;

@@ -151,6 +151,42 @@ TEST(DamagedDatabase, IsReplacedByTheBackupWhereverABitIsFlipped) {
   EXPECT_GT(restored, pages * 3 / 4); // a free page is not read
 }
 
+TEST(DamagedDatabase, ItsPicturesAreLookedOverOnceADay) {
+  World world;
+  prepareOwn(world);
+  const QString path = world.path(u"soran.mdb"_s);
+  const QByteArray whole = filesBelow(world.home()).value(path);
+  const QString copy = path + u".day";
+  QFile::copy(path, copy);
+  const auto start = [&](int hoursSinceCopy) {
+    QFile file(copy);
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+    EXPECT_TRUE(file.setFileTime(world.clock.now().addSecs(-3600 * hoursSinceCopy),
+                                 QFileDevice::FileModificationTime));
+    // Most of the file is pictures.
+    QByteArray flipped = whole;
+    flipped[whole.size() / 2] = char(flipped[whole.size() / 2] ^ 1);
+    writeWhole(path, flipped);
+    ProgramRun run(world);
+    EXPECT_TRUE(run.start());
+    EXPECT_EQ(run.program.tables.airportRows(), own);
+    int shown = 0;
+    for (int i = 0; i < run.program.tables.pictures().recordCount(); ++i) {
+      const QString name = run.program.tables.pictures().valueAt(i, u"名称").toString();
+      shown += run.program.tables.picture(name).isEmpty() ? 0 : 1;
+    }
+    const bool restored = run.screen().contains(u"DATABASE RESTORED FROM BACKUP\r\n");
+    run.terminal.close();
+    return std::pair(restored, shown);
+  };
+  const auto [restoredSoon, shownSoon] = start(3);
+  EXPECT_FALSE(restoredSoon);
+  EXPECT_TRUE(filesBelow(world.home()).value(copy) == whole);
+  const auto [restoredNextDay, shownNextDay] = start(25);
+  EXPECT_TRUE(restoredNextDay);
+  EXPECT_EQ(shownSoon, shownNextDay - 1);
+}
+
 TEST(DamagedDatabase, UnderAnotherPasswordGivesWayAndIsKept) {
   World world;
   prepareOwn(world);
