@@ -106,11 +106,11 @@ TEST_F(EditorsTest, ARefusedGroupKeepsItsCellOpen) {
 
 TEST_F(EditorsTest, LimitsOfAnAirportAreTypedIntoTheirCells) {
   start();
-  const auto enter = [](QWidget& form, const QString& typed) {
+  const auto enter = [](QWidget& form, const QString& typed, Qt::Key end = Qt::Key_Return) {
     auto* field = form.findChild<QLineEdit*>(u"txt"_s);
     ASSERT_NE(field, nullptr);
     QTest::keyClicks(field, typed);
-    QTest::keyClick(field, Qt::Key_Return);
+    QTest::keyClick(field, end);
     QTest::qWait(0);
   };
   ModalSteps steps({
@@ -121,7 +121,7 @@ TEST_F(EditorsTest, LimitsOfAnAirportAreTypedIntoTheirCells) {
         enter(form, u"rjtt"_s);
         clickCell(grid, 0, int(LimitColumn::Crosswind));
         click(form, u"tool_edit");
-        enter(form, u"25"_s);
+        enter(form, u"25"_s, Qt::Key_Tab);
         clickCell(grid, 0, int(LimitColumn::Weather));
         click(form, u"tool_edit");
         enter(form, u"ts fzra"_s);

@@ -15,6 +15,7 @@ LimitsForm::LimitsForm(QWidget* parent, Terminal& terminal)
   setWindowTitle(LimitsEditor::title.toString());
   showRows();
   actions_ = connectListForm(*ui_, *this, editor_, terminal);
+  qobject_cast<CellDelegate*>(ui_->grid->itemDelegate())->commitsTab = true;
 }
 
 LimitsForm::~LimitsForm() = default;

@@ -33,11 +33,12 @@ bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
     return QStyledItemDelegate::eventFilter(watched, event);
   if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    const bool isTab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || (isTab && commitsTab)) {
       enter(field);
       return true;
     }
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Escape) {
+    if (isTab || key == Qt::Key_Escape) {
       emit closeEditor(field, NoHint);
       abandon();
       return true;

@@ -7,14 +7,15 @@
 
 namespace soran {
 
-/// The field `txt` over an open cell of an editor. Only Enter commits; whatever else ends the edit throws the
-/// typed text away.
+/// The field `txt` over an open cell of an editor. Only Enter commits, and Tab where it is told so; whatever else
+/// ends the edit throws the typed text away.
 class CellDelegate : public QStyledItemDelegate {
   Q_OBJECT
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  QString tip; ///< the tool tip of the field
+  QString tip;             ///< the tool tip of the field
+  bool commitsTab = false; ///< for rows of many cells
   /// What the field makes of a typed text.
   std::function<QString(const QString&)> held = [](const QString& typed) { return typed; };
   /// Enter; false where the cell stays open.
