@@ -33,9 +33,11 @@ FileFault replaceWhole(const QString& path, const QByteArray& bytes, bool isPriv
   if (const FileFault fault = replaceable(path, links); fault != FileFault::None)
     return fault;
   QSaveFile file(path);
-  const auto failed = [&file] {
+  const auto failed = [&] {
     const QFileDevice::FileError error = file.error();
     file.cancelWriting();
+    if (error == QFileDevice::OpenError && !QFileInfo(QFileInfo(path).absolutePath()).isDir())
+      return FileFault::NoFolder;
     return error == QFileDevice::PermissionsError || error == QFileDevice::OpenError ? FileFault::NoPermission
            : error == QFileDevice::ResourceError                                     ? FileFault::NoSpace
                                                                                      : FileFault::Failed;

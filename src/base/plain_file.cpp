@@ -154,6 +154,8 @@ QString faultText(FileFault fault, qint64 limit) {
     return u"ファイルが大きすぎます(上限 "_s + bound(limit) + u')';
   case FileFault::NoPermission:
     return u"読み書きする権限がありません"_s;
+  case FileFault::NoFolder:
+    return u"フォルダーがありません"_s;
   case FileFault::NoSpace:
     return u"ディスクの空き容量がありません"_s;
   case FileFault::Failed:
@@ -174,6 +176,8 @@ QString faultLine(FileFault fault, qint64 limit) {
     return u"larger than "_s + bound(limit);
   case FileFault::NoPermission:
     return u"permission denied"_s;
+  case FileFault::NoFolder:
+    return u"no such folder"_s;
   case FileFault::NoSpace:
     return u"no space left"_s;
   case FileFault::Failed:

@@ -14,6 +14,7 @@ enum class FileFault {
   NotPlain, ///< a folder, a device, a pipe, or a link where none is followed
   TooLarge,
   NoPermission,
+  NoFolder, ///< the folder of a file that is to be written is not there
   NoSpace,
   Failed, ///< for another reason
 };

@@ -75,7 +75,8 @@ void storeGroups(Tables& tables, const std::vector<EditedRow>& rows) {
 void storeDictionary(Tables& tables, QStringView table, const std::vector<EditedRow>& rows) {
   std::vector<QVariantList> stored;
   for (const auto& [word, meaning] : rows) {
-    if (!trimmedText(word).isEmpty())
+    // A meaning whose key was emptied waits for another one.
+    if (!trimmedText(word).isEmpty() || !trimmedText(meaning).isEmpty())
       stored.push_back({int(stored.size()) + 1, upperText(word), trimmedText(meaning)});
   }
   tables.rewrite(table, stored);

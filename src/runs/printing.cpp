@@ -123,7 +123,8 @@ void Printing::saveScreen() {
   program_.services.shutdown.check();
   if (!path || path->isEmpty())
     return cancelSave();
-  if (QFileInfo(*path).suffix().isEmpty())
+  // The name of a folder stays what it is, and is refused.
+  if (!QFileInfo(*path).fileName().isEmpty() && QFileInfo(*path).suffix().isEmpty())
     *path += u".txt";
   const QString file = QDir(program_.services.directory).absoluteFilePath(*path);
   if (fileExists(file)) {

@@ -96,6 +96,8 @@ Outcome reset(Command& c) {
 }
 
 Outcome searchWord(Command& c, const RowSet& rows) {
+  if (c.text.isEmpty())
+    return Outcome::Passed;
   for (int i = 0; i < rows.recordCount(); ++i) {
     if (rows.valueAt(i, u"略語").toString() != c.text)
       continue;

@@ -26,6 +26,12 @@ void clickCell(QAbstractItemView& grid, int row, int column = 0) {
   QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place.center());
 }
 
+void clickBelowRows(QAbstractItemView& grid) {
+  const QPoint place(grid.viewport()->width() / 2, grid.viewport()->height() - 3);
+  ASSERT_FALSE(grid.indexAt(place).isValid());
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place);
+}
+
 TEST_F(EditorsTest, AnAirportIsAddedAndWritten) {
   start();
   const QList<Airport> before = tables().airportRows();
@@ -122,6 +128,8 @@ TEST_F(EditorsTest, LimitsOfAnAirportAreTypedIntoTheirCells) {
         clickCell(grid, 0, int(LimitColumn::Crosswind));
         click(form, u"tool_edit");
         enter(form, u"25"_s, Qt::Key_Tab);
+        clickBelowRows(grid);
+        EXPECT_TRUE(grid.selectionModel()->isRowSelected(0));
         clickCell(grid, 0, int(LimitColumn::Weather));
         click(form, u"tool_edit");
         enter(form, u"ts fzra"_s);
@@ -149,6 +157,11 @@ TEST_F(EditorsTest, AirportsArePickedForTheAutomaticDecode) {
     EXPECT_FALSE(form.findChild<QWidget*>(u"cmd1"_s)->isEnabled());
     QTest::keyClick(&source, Qt::Key_Home);
     EXPECT_TRUE(source.selectionModel()->hasSelection());
+    // What the buttons act on stays marked.
+    clickCell(target, 1);
+    clickBelowRows(target);
+    EXPECT_EQ(target.selectionModel()->selectedIndexes().value(0).row(), 1);
+    EXPECT_TRUE(form.findChild<QWidget*>(u"cmd1"_s)->isEnabled());
     QTest::keyClick(&form, Qt::Key_Escape);
   }});
   type(u"DE"_s);

@@ -44,6 +44,11 @@ void DecodeListForm::connectList(QListView& list, void (DecodeListEditor::*selec
                       (metrics.height() + 2 * spacing) * shownRows);
   connect(&list, &QListView::pressed, this,
           [this, select](const QModelIndex& row) { (editor_.*select)(row.row()); });
+  // A click beside the rows would take the mark away from the row that stays chosen.
+  connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, &list] {
+    if (!mirroring_ && !list.selectionModel()->hasSelection())
+      mirror();
+  });
   connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, select](const QModelIndex& row) {
             if (!mirroring_ && row.isValid())

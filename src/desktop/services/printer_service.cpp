@@ -70,6 +70,9 @@ std::vector<QStringList> printedPages(const QString& text, const QFont& font, co
 
 QStringList PrinterService::installed() const {
   QStringList names = QPrinterInfo::availablePrinterNames();
+  const auto standard = std::ranges::find(names, QPrinterInfo::defaultPrinterName());
+  if (standard != names.end())
+    std::rotate(names.begin(), standard, standard + 1);
   if (names.isEmpty())
     names.append(pdfPrinter.toString());
   return names;

@@ -13,8 +13,8 @@ class QPaintDevice;
 
 namespace soran {
 
-/// The printers of the system. A system without any offers one named PDF, which writes a file into the
-/// user's documents.
+/// The printers of the system, its standard one first. A system without any offers one named PDF, which
+/// writes a file into the user's documents.
 class PrinterService final : public Printers {
  public:
   QStringList installed() const override;

@@ -7,8 +7,8 @@
 
 namespace soran {
 
-/// The field `txt` over an open cell of an editor. Only Enter commits, and Tab where it is told so; whatever else
-/// ends the edit throws the typed text away.
+/// The field `txt` over an open cell of an editor. Only Enter commits, and Tab where it is told so; whatever
+/// else ends the edit throws the typed text away.
 class CellDelegate : public QStyledItemDelegate {
   Q_OBJECT
  public:

@@ -107,6 +107,11 @@ void EditorGrid::openCell() {
     edit(currentIndex());
 }
 
+QItemSelectionModel::SelectionFlags EditorGrid::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
+  return index.isValid() ? QTableView::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
+}
+
 void EditorGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   if (!mirroring_ && current.isValid())

@@ -4,6 +4,7 @@
 
 #include "forms/edited_list.h"
 
+#include <QItemSelectionModel>
 #include <QTableView>
 #include <functional>
 
@@ -60,6 +61,9 @@ class EditorGrid : public QTableView {
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  /// A click beside the rows takes no mark away, as the chosen row stays chosen.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
 
  private:
   std::function<int()> selected_;

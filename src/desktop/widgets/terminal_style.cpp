@@ -26,6 +26,17 @@ void TerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   painter->restore();
 }
 
+void TerminalStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (element != CE_MenuItem || !item || item->menuItemType != QStyleOptionMenuItem::Separator)
+    return QProxyStyle::drawControl(element, option, painter, widget);
+  painter->fillRect(item->rect, item->palette.window());
+  const int y = item->rect.center().y();
+  painter->setPen(item->palette.color(QPalette::Disabled, QPalette::WindowText));
+  painter->drawLine(item->rect.left() + 4, y, item->rect.right() - 4, y);
+}
+
 QSize TerminalStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                       const QWidget* widget) const {
   constexpr QSize air(14, 2);

@@ -6,9 +6,9 @@
 
 namespace soran {
 
-/// Fusion with frames that stand out on a dark ground (3 to 1 or better for boxes that are ticked), with air
-/// around the captions of buttons, and without the second, lighter writing below grey ones, which blurs
-/// there.
+/// Fusion with frames that stand out on a dark ground (3 to 1 or better for boxes that are ticked), lines in
+/// menus that are seen there, air around the captions of buttons, and without the second, lighter writing
+/// below grey ones, which blurs there.
 class TerminalStyle : public QProxyStyle {
   Q_OBJECT
  public:
@@ -16,6 +16,8 @@ class TerminalStyle : public QProxyStyle {
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                          const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
