@@ -28,7 +28,8 @@ void typeInto(Terminal& terminal, const QString& line) {
   QString wanted;
   std::copy_if(line.begin(), line.end(), std::back_inserter(wanted),
                [](QChar c) { return c >= u' ' && c != u'\x7F'; });
-  while (!wanted.startsWith(console.inputlbl()))
+  // A null text begins with none, not even with an empty one.
+  while (!console.inputlbl().isEmpty() && !wanted.startsWith(console.inputlbl()))
     terminal.handleKey(u'\b');
   for (const QChar c : wanted.mid(console.inputlbl().size()))
     terminal.handleKey(c);

@@ -3,9 +3,11 @@
 #include "desktop/desktop.h"
 
 #include "desktop/forms/opening_form.h"
+#include "desktop/widgets/screen_view.h"
 #include "start/hand_over.h"
 #include "start/opening.h"
 #include "terminal/actions.h"
+#include "terminal/desk_commands.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -92,6 +94,7 @@ void Desktop::showWindow() {
   connect(window_.get(), &MainWindow::minimisedChanged, this, &Desktop::setMinimised);
   connect(window_.get(), &MainWindow::stretchSelected, this, &Desktop::explain);
   connect(window_.get(), &MainWindow::screenPressed, &forms_, &FormService::hideTip);
+  connect(&window_->screen(), &ScreenView::keyTyped, &forms_, &FormService::closeTip);
   connect(&forms_, &FormService::restoreRequested, window_.get(), &MainWindow::restore);
   window_->appear();
 }
@@ -125,7 +128,7 @@ int Desktop::run(bool showsBoard) {
     return 1;
   if (!view_.terminal().ended()) {
     if (showsBoard)
-      view_.terminal().guarded([this] { view_.terminal().forms().show(form::Board{}); });
+      view_.terminal().guarded([this] { showBoard(view_.terminal(), {}); });
     connect(&view_, &View::stopped, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QApplication::exec();
   }

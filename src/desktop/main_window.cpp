@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QProgressBar>
 #include <QScreen>
@@ -207,6 +208,17 @@ void MainWindow::showMenus() {
     return;
   menus_->showItems(terminal_.menus().items());
   ui_->Frame->showButtons(terminal_.menus().buttons());
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isTyped = event->key() == Qt::Key_Escape || event->key() == Qt::Key_Backspace ||
+                       (!event->text().isEmpty() && event->text().front().isPrint());
+  if (!isTyped || screen().hasFocus() || event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  screen().setFocus();
+  QCoreApplication::sendEvent(&screen(), event);
 }
 
 void MainWindow::applyDisplaySettings() {

@@ -61,6 +61,8 @@ class MainWindow : public QMainWindow {
   void screenPressed();
 
  protected:
+  /// What a button leaves goes to the screen, where it can be typed at any time.
+  void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

@@ -35,8 +35,11 @@ QDateTime fullHour(const QDateTime& time) {
 QStringList wordsOf(QStringView text, const ElementValues& values) {
   const auto in = [text](const Words* words) { return words ? words->in(text).toString() : QString(); };
   const auto of = [&in](const auto& element) { return in(element ? &element->words : nullptr); };
-  return {of(values.wind),           in(values.visibilityWords()), joinedWords(text, values.weather),
-          in(values.ceilingWords()), of(values.temperatures),      of(values.pressure)};
+  QString visibility = in(values.visibilityWords());
+  if (values.directional)
+    visibility += u' ' + in(&*values.directional);
+  return {of(values.wind),           visibility.trimmed(),    joinedWords(text, values.weather),
+          in(values.ceilingWords()), of(values.temperatures), of(values.pressure)};
 }
 
 } // namespace
@@ -91,6 +94,9 @@ Meteogram meteogramOf(const StationCode& code, const QStringList& metars, const 
   meteogram.tafNote = noteOf(taf, forecast, now);
   if (meteogram.tafNote.isEmpty()) {
     meteogram.tafText = taf;
+    const auto isUnread = [](const ForecastSlice& slice) { return !slice.values.unread.empty(); };
+    if (!forecast->unread.empty() || std::ranges::any_of(forecast->slices, isUnread))
+      meteogram.tafNote = u"TAF UNREAD"_s;
     meteogram.taf = forecast->slices;
     meteogram.to = std::min(forecast->to, now.addSecs(ahead));
     std::erase_if(meteogram.taf,
@@ -98,6 +104,7 @@ Meteogram meteogramOf(const StationCode& code, const QStringList& metars, const 
   }
   meteogram.from = fullHour(meteogram.observed.empty() ? now : meteogram.observed.front().time);
   meteogram.to = fullHour(meteogram.to.addSecs(hour - 1));
+  meteogram.knowsNights = findCoded(code.text()) != nullptr;
   meteogram.nights = nightsBetween(code.text(), meteogram.from, meteogram.to);
   return meteogram;
 }

@@ -37,9 +37,11 @@ struct Meteogram {
   QDateTime to = {};                   ///< a full hour
   std::vector<Observed> observed = {}; ///< by time, the last report of each
   QString tafText = {};                ///< empty where there is none in force
-  QString tafNote = {};                ///< why there is none: "NO TAF", "TAF NIL", "TAF CNL", "TAF EXPIRED"
+  QString tafNote = {}; ///< why there is none: "NO TAF", "TAF NIL" ...; "TAF UNREAD" for a part
   std::vector<ForecastSlice> taf = {}; ///< those from now on
-  std::vector<Night> nights = {};      ///< in that time; none where the position is not known
+  std::vector<Night> nights = {};      ///< in that time; none where the sun times are not known
+  bool knowsNights = false;            ///< those of Japanese fields are known
+  bool isSouthern = false;             ///< the station lies in the southern hemisphere
   Limits limits = {};
 
   bool isEmpty() const { return observed.empty() && taf.empty(); }

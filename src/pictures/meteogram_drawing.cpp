@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace soran {
 
@@ -19,6 +20,7 @@ namespace {
 constexpr double titleHeight = 22;
 constexpr double axisHeight = 18;
 constexpr double symbolHeight = 70;
+constexpr double symbolRoom = 26; // that a symbol takes
 constexpr double letters = 12;
 constexpr qint64 secondsAnHour = 3600;
 
@@ -69,6 +71,16 @@ struct Curve {
   Reading reading;
 };
 
+/// A report or a part of a forecast as the symbols above the panels have it: they stand at `x`, or where that
+/// is taken up to `last`.
+struct Placed {
+  double x;
+  double last;
+  QStringView text;
+  const ElementValues* values;
+  QDateTime time;
+};
+
 /// Draws a meteogram, panel by panel.
 class Picture {
  public:
@@ -89,8 +101,11 @@ class Picture {
   void drawForecast(const GraphPanel& panel, const Curve& curve);
   void drawLimits(const GraphPanel& panel, std::optional<int> ConditionLimits::*limit);
   void add(std::vector<Shape> shapes, const QString& element, const QDateTime& time, QStringView words);
-  void drawWeather(double x, QStringView text, const ElementValues& values, const QDateTime& time);
-  void drawArrow(double x, QStringView text, const ElementValues& values, const QDateTime& time);
+  std::vector<Placed> placesForSymbols() const;
+  void drawWhereThereIsRoom(std::vector<Placed> places, const std::function<double(const Placed&)>& rank,
+                            void (Picture::*drawOne)(const Placed&));
+  void drawWeather(const Placed& one);
+  void drawArrow(const Placed& one);
   std::pair<double, double> rangeOf(std::initializer_list<Curve> curves) const;
   void label(const QString& text, Point at, TextPlace place, Ink ink = Ink::Text) {
     drawing_.add(
@@ -163,7 +178,8 @@ void Picture::drawGround() {
                   .time = night.from});
   }
   label(meteogram_.code.text() + u"  " + meteogram_.name + u"  " + displayedTime(meteogram_.now, settings_) +
-            u"  " + (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote),
+            u"  " + (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote) +
+            (meteogram_.knowsNights ? u"" : u"  NO SUN TIMES"),
         {6, titleHeight / 2}, TextPlace::Left);
 }
 
@@ -195,46 +211,71 @@ void Picture::add(std::vector<Shape> shapes, const QString& element, const QDate
   }
 }
 
-void Picture::drawWeather(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
-  constexpr double symbolSize = 18;
-  const QStringView group = values.weather.front().in(text);
-  add(weatherSymbol(group, {x, titleHeight + 12}, symbolSize), u"WX"_s, time, group);
+/// The gravest of the groups of weather.
+QStringView worstOf(QStringView text, const std::vector<Words>& groups) {
+  const auto rank = [text](const Words& group) { return weatherRank(group.in(text)); };
+  return std::ranges::max_element(groups, {}, rank)->in(text);
 }
 
-void Picture::drawArrow(double x, QStringView text, const ElementValues& values, const QDateTime& time) {
+void Picture::drawWeather(const Placed& one) {
+  constexpr double symbolSize = 18;
+  const QStringView group = worstOf(one.text, one.values->weather);
+  add(weatherSymbol(group, {one.x, titleHeight + 12}, symbolSize), u"WX"_s, one.time, group);
+}
+
+void Picture::drawArrow(const Placed& one) {
   constexpr double barbLength = 20;
-  if (values.wind)
-    add(windBarb(*values.wind, {x, titleHeight + symbolHeight * 0.62}, barbLength), u"BARB"_s, time,
-        values.wind->words.in(text));
+  add(windBarb(*one.values->wind, {one.x, titleHeight + symbolHeight * 0.62}, barbLength,
+               meteogram_.isSouthern),
+      u"BARB"_s, one.time, one.values->wind->words.in(one.text));
+}
+
+std::vector<Placed> Picture::placesForSymbols() const {
+  std::vector<Placed> places;
+  // The newest first: it goes before one that is as grave.
+  for (auto next = meteogram_.observed.rbegin(); next != meteogram_.observed.rend(); ++next)
+    places.push_back({x(next->time), x(next->time), next->text, &next->values, next->time});
+  for (const ForecastSlice& slice : meteogram_.taf)
+    places.push_back({std::max(x(slice.from), x(meteogram_.now) + symbolRoom / 2),
+                      x(slice.to) - symbolRoom / 2, meteogram_.tafText, &slice.values, slice.from});
+  return places;
+}
+
+/// The gravest first, each where no other stands: a part of the forecast may move within its time.
+void Picture::drawWhereThereIsRoom(std::vector<Placed> places,
+                                   const std::function<double(const Placed&)>& rank,
+                                   void (Picture::*drawOne)(const Placed&)) {
+  std::erase_if(places, [&](const Placed& one) { return rank(one) < 0; });
+  std::ranges::stable_sort(places, std::ranges::greater(), rank);
+  std::vector<double> taken;
+  for (Placed one : places) {
+    const auto isFree = [&](double at) {
+      return std::ranges::none_of(taken, [at](double other) { return std::abs(other - at) < symbolRoom; });
+    };
+    while (!isFree(one.x) && one.x < one.last)
+      one.x = std::min(one.x + symbolRoom / 4, one.last);
+    if (!isFree(one.x) || one.x > one.last)
+      continue;
+    taken.push_back(one.x);
+    (this->*drawOne)(one);
+  }
 }
 
 void Picture::drawSymbols() {
-  constexpr double room = 26; // that a symbol takes
-  // The newest first: of those that stand too close it is the one that counts.
-  double freeWeather = times_.right();
-  double freeArrow = times_.right();
-  for (auto next = meteogram_.observed.rbegin(); next != meteogram_.observed.rend(); ++next) {
-    const Observed& report = *next;
-    const double place = x(report.time);
-    if (!report.values.weather.empty() && place + room / 2 <= freeWeather) {
-      drawWeather(place, report.text, report.values, report.time);
-      freeWeather = place - room / 2;
-    }
-    if (place + room / 2 <= freeArrow) {
-      drawArrow(place, report.text, report.values, report.time);
-      freeArrow = place - room / 2;
-    }
-  }
-  double free = x(meteogram_.now) + room / 2;
-  for (const ForecastSlice& slice : meteogram_.taf) {
-    const double place = std::max(x(slice.from), free);
-    if (place + room / 2 > x(slice.to))
-      continue;
-    if (!slice.values.weather.empty())
-      drawWeather(place, meteogram_.tafText, slice.values, slice.from);
-    drawArrow(place, meteogram_.tafText, slice.values, slice.from);
-    free = place + room;
-  }
+  const std::vector<Placed> places = placesForSymbols();
+  const auto weather = [](const Placed& one) {
+    const std::vector<Words>& groups = one.values->weather;
+    return groups.empty() ? -1.0 : double(weatherRank(worstOf(one.text, groups)));
+  };
+  const auto wind = [](const Placed& one) {
+    const std::optional<Wind>& told = one.values->wind;
+    if (!told || (!told->direction && told->speed && told->speed->value > 0))
+      return -1.0; // nothing to draw
+    const double gust = told->gust ? inKnots(*told->gust, told->unit) : 0;
+    return std::max(gust, told->speed ? inKnots(*told->speed, told->unit) : 0);
+  };
+  drawWhereThereIsRoom(places, weather, &Picture::drawWeather);
+  drawWhereThereIsRoom(places, wind, &Picture::drawArrow);
 }
 
 void Picture::drawPanel(const GraphPanel& panel, const QString& unit, std::initializer_list<Curve> curves) {

@@ -174,7 +174,7 @@ void Plot::pressure() {
   const std::optional<Pressure>& known = row_.values.pressure;
   if (!known)
     return;
-  const auto tenths = qlonglong(std::floor(known->hectopascals * 10 + 1e-6));
+  const auto tenths = std::llround(known->hectopascals * 10);
   text(place(besideCircle, -lineHeight), TextPlace::Left, Ink::Pressure,
        QString::number(tenths % 1000).rightJustified(3, u'0'), u"QNH", known->hectopascals,
        told(known->words));

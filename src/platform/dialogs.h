@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -29,5 +30,13 @@ class Dialogs {
   /// One of `printers`, `current` being chosen at first; nothing where the user cancelled.
   virtual std::optional<QString> choosePrinter(const QStringList& printers, const QString& current) = 0;
 };
+
+/// Whether a file of that name may be written: where there is one, the user is asked.
+inline bool mayWriteOver(Dialogs& dialogs, const QString& file) {
+  const QFileInfo info(file);
+  return !info.exists() ||
+         dialogs.question(QStringLiteral(" 確認"),
+                          info.fileName() + QStringLiteral(" はすでに存在します  \r\r上書きしますか？　　"));
+}
 
 } // namespace soran

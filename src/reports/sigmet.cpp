@@ -8,6 +8,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -91,24 +92,38 @@ QString cancelledBy(const Message& message) {
   return form.match(message.text).captured(1);
 }
 
+/// Whether the point at latitude 0 and that longitude is inside of the corners, or one of them.
+bool holds(const QList<EarthPosition>& corners, double longitude) {
+  bool inside = false;
+  for (qsizetype i = 0, j = corners.size() - 1; i < corners.size(); j = i++) {
+    const EarthPosition& one = corners[i];
+    const EarthPosition& other = corners[j];
+    if (one.latitude == 0 && one.longitude == longitude)
+      return true;
+    if ((one.latitude > 0) != (other.latitude > 0) &&
+        longitude < (other.longitude - one.longitude) * -one.latitude / (other.latitude - one.latitude) +
+                        one.longitude)
+      inside = !inside;
+  }
+  return inside;
+}
+
 } // namespace
 
 bool Sigmet::covers(const EarthPosition& position) const {
   if (isWholeRegion)
     return true;
-  bool inside = false;
-  for (qsizetype i = 0, j = area.size() - 1; i < area.size(); j = i++) {
-    const EarthPosition& one = area[i];
-    const EarthPosition& other = area[j];
-    if (one.latitude == position.latitude && one.longitude == position.longitude)
-      return true;
-    if ((one.latitude > position.latitude) != (other.latitude > position.latitude) &&
-        position.longitude < (other.longitude - one.longitude) * (position.latitude - one.latitude) /
-                                     (other.latitude - one.latitude) +
-                                 one.longitude)
-      inside = !inside;
+  // Each corner from the one before it, the short way round, and from the position: an area may lie across
+  // the date line.
+  QList<EarthPosition> unrolled;
+  double before = position.longitude;
+  double east = 0;
+  for (const EarthPosition& corner : area) {
+    east += std::remainder(corner.longitude - before, 360);
+    before = corner.longitude;
+    unrolled.append({corner.latitude - position.latitude, east});
   }
-  return inside;
+  return std::ranges::any_of(std::array{-360, 0, 360}, [&](int turn) { return holds(unrolled, turn); });
 }
 
 QList<Sigmet> readSigmets(QStringView body, QStringView region, const QDateTime& now) {

@@ -72,4 +72,16 @@ void refreshCycleFiles(Program& program) {
   download(program, hours.back());
 }
 
+void completeCycleFiles(Program& program) {
+  if (program.settings()[key::シーケンス表示] != true)
+    return;
+  const QTime now = program.services.clock.now().toUTC().time();
+  SettingsRecord inUtcHours = program.record();
+  inUtcHours.set(key::LOCAL使用, false);
+  for (const UtcHour hour : sequenceHours(now, inUtcHours, ZoneOffset{0})) {
+    if (!cycleFileIsThere(program, hour))
+      download(program, hour);
+  }
+}
+
 } // namespace soran

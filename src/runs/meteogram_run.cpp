@@ -6,6 +6,7 @@
 #include "runs/last_known.h"
 #include "runs/program.h"
 #include "runs/station_files.h"
+#include "runs/station_map.h"
 
 namespace soran {
 
@@ -33,6 +34,7 @@ Meteogram gatherMeteogram(Program& program, const StationCode& code) {
     files.take(0, ReportKind::Taf);
     keepLastReports(program);
     refreshCycleFiles(program);
+    completeCycleFiles(program);
   }
   return knownMeteogram(program, code);
 }
@@ -44,6 +46,8 @@ Meteogram knownMeteogram(Program& program, const StationCode& code) {
   const auto* taf = program.knownReports.find(code, ReportKind::Taf);
   Meteogram meteogram = meteogramOf(code, metars, taf ? taf->text : QString(),
                                     program.services.clock.now().toUTC(), program.limitsOf(code));
+  if (const std::optional<EarthPosition> position = positionOf(program, code.text()))
+    meteogram.isSouthern = position->latitude < 0;
   meteogram.name = program.dictionaries().stationName(code.text()).value_or(QString());
   return meteogram;
 }

@@ -127,13 +127,10 @@ void Printing::saveScreen() {
   if (!QFileInfo(*path).fileName().isEmpty() && QFileInfo(*path).suffix().isEmpty())
     *path += u".txt";
   const QString file = QDir(program_.services.directory).absoluteFilePath(*path);
-  if (fileExists(file)) {
-    const bool overwrite = program_.services.dialogs.question(
-        u" 確認"_s, QFileInfo(file).fileName() + u" はすでに存在します  \r\r上書きしますか？　　");
-    program_.services.shutdown.check();
-    if (!overwrite)
-      return cancelSave();
-  }
+  const bool isMeant = mayWriteOver(program_.services.dialogs, file);
+  program_.services.shutdown.check();
+  if (!isMeant)
+    return cancelSave();
   const Clock& clock = program_.services.clock;
   const QString text = console.screen().text() + crlf + dateText(clock) + u' ' + timeText(clock) + crlf;
   if (const FileFault fault = replaceWhole(file, text.toUtf8(), false, Links::Followed);

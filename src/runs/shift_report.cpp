@@ -57,6 +57,10 @@ QString save(Program& program, const std::vector<AlarmEvent>& events, const QStr
   program.services.shutdown.check();
   if (!path)
     return u"CANCELED"_s;
+  const bool isMeant = mayWriteOver(program.services.dialogs, *path);
+  program.services.shutdown.check();
+  if (!isMeant)
+    return u"CANCELED"_s;
   const FileFault fault = replaceWhole(*path, fileOf(events, form), true, Links::Followed);
   if (fault != FileFault::None)
     return u"NOT SAVED: "_s + faultLine(fault).toUpper();

@@ -32,15 +32,19 @@ QString lineOf(const MapStation& station) {
 
 } // namespace
 
-std::vector<MapStation> mapStations(Program& program, const QStringList& codes) {
+std::optional<EarthPosition> positionOf(Program& program, const QString& code) {
   std::optional<StationPositions>& positions = program.desk.positions;
   if (!positions)
     positions.emplace(program.services.positions());
+  return positions->find(code);
+}
+
+std::vector<MapStation> mapStations(Program& program, const QStringList& codes) {
   std::vector<BoardRow> rows = boardRows(program, codes);
   sortWorstFirst(rows);
   std::vector<MapStation> stations;
   for (BoardRow& row : rows) {
-    const std::optional<EarthPosition> position = positions->find(row.code.text());
+    const std::optional<EarthPosition> position = positionOf(program, row.code.text());
     stations.push_back({std::move(row), position});
   }
   return stations;

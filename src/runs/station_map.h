@@ -7,6 +7,9 @@
 
 namespace soran {
 
+/// Where the station of an upper-case code lies; nothing where that is not known.
+std::optional<EarthPosition> positionOf(Program& program, const QString& code);
+
 /// The airports of these codes as a map has them, the worst first.
 std::vector<MapStation> mapStations(Program& program, const QStringList& codes);
 

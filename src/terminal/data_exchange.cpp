@@ -44,8 +44,9 @@ void exportUserData(Terminal& terminal) {
   if (!choice || choice->isEmpty())
     return;
   const QString path = absolute(terminal, *choice);
-  if (fileExists(path) &&
-      !agreed(terminal, QFileInfo(path).fileName() + u" はすでに存在します  \r\r上書きしますか？　　"))
+  const bool isMeant = mayWriteOver(program.services.dialogs, path);
+  program.services.shutdown.check();
+  if (!isMeant)
     return;
   if (const FileFault fault = replaceWhole(path, exportedData(program.tables), true, Links::Followed);
       fault != FileFault::None) {

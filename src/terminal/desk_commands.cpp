@@ -63,6 +63,8 @@ bool show(Terminal& terminal, const DeskList& list, const QString& group) {
   } else {
     action::echoPrompt(terminal);
     terminal.forms().show(list.form(group));
+    // The areas come into the open form.
+    refreshSigmets(program);
   }
   return true;
 }
@@ -74,10 +76,7 @@ bool showBoard(Terminal& terminal, const QString& group) {
 }
 
 bool showMap(Terminal& terminal, const QString& group) {
-  if (!show(terminal, mapList, group))
-    return false;
-  refreshSigmets(terminal.program());
-  return true;
+  return show(terminal, mapList, group);
 }
 
 void showGraph(Terminal& terminal, const QString& code) {

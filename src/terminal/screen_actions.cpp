@@ -21,6 +21,8 @@ void toggle(Terminal& terminal, Key key, const QString& off, const QString& on) 
   program.settings().store(key, !wasOn);
   program.console.addLogEntry(wasOn ? off : on);
   program.console.applyDisplaySettings();
+  // In the colours that it had.
+  program.console.repaint();
   buttonPrompt(terminal);
 }
 

@@ -35,7 +35,7 @@ TEST(PlainFile, NothingElseIsReadWrittenOrWaitedFor) {
       {u"/dev/full"_s, NotPlain, NotPlain, NotPlain, NotPlain, NotPlain},
       {at(u"link"_s), NotPlain, None, NotPlain, NotPlain, None},
       {at(u"astray"_s), NotPlain, Missing, NotPlain, NotPlain, Missing},
-      {at(u"none/x"_s), Missing, Missing, Missing, NoPermission, NoPermission},
+      {at(u"none/x"_s), Missing, Missing, Missing, NoFolder, NoFolder},
       {at(u"plain"_s), None, None, None, None, None},
   };
   for (const auto& c : cases) {

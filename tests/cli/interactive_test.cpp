@@ -178,6 +178,11 @@ TEST(InteractiveTerminal, ShowsTheRestThatAClearingLeavesInTheTypedLine) {
   terminal.type("\x7F\x7F\x7FXX\r");
   EXPECT_FALSE(terminal.readTo("SYNTAX ERROR").contains("CLSXX"));
   terminal.readTo(prompt);
+  terminal.type("CLS\r");
+  terminal.readTo(prompt + "CLS");
+  // Nothing is left of it.
+  terminal.type("\x7F\x7F\x7F\r");
+  terminal.readTo(prompt);
   terminal.type("\x1B\x1B");
   EXPECT_EQ(terminal.exitStatus(), 0);
 }

@@ -253,7 +253,8 @@ TEST_F(CliTest, LinksNoLibraryThatAStartDoesNotNeed) {
                               u"libstdc++"_s,   u"libQt6Core"_s,           u"libsqlcipher"_s, u"libcrypto"_s,
                               u"libsodium"_s,   u"libicui18n"_s,           u"libicuuc"_s,     u"libicudata"_s,
                               u"libglib-2"_s,   u"libdouble-conversion"_s, u"libb2"_s,        u"libgomp"_s,
-                              u"libpcre2-16"_s, u"libpcre2-8"_s,           u"libzstd"_s,      u"libz"_s};
+                              u"libpcre2-16"_s, u"libpcre2-8"_s,           u"libzstd"_s,      u"libz"_s,
+                              u"libatomic"_s};
   QStringList others;
   const QStringList lines = QString::fromUtf8(ldd.readAll()).split(u'\n', Qt::SkipEmptyParts);
   for (const QString& line : lines) {

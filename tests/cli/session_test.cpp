@@ -207,7 +207,7 @@ TEST_F(CliTest, SessionExportsAndImportsByItsMenus) {
             (QStringList{again, u"DATA EXPORT COMMAND"_s}));
   EXPECT_EQ(choose("menu_export", "\"none/x\"", ""),
             (QStringList{u"ファイルに書き出すことができませんでした　　\r\n\r\n"_s + world.home() +
-                             u"/none/x\r\n読み書きする権限がありません",
+                             u"/none/x\r\nフォルダーがありません",
                          u"DATA EXPORT COMMAND"_s}));
   EXPECT_EQ(choose("menu_import", "null", ""), QStringList{u"DATA IMPORT COMMAND"_s});
   EXPECT_EQ(choose("menu_import", "\"none\"", ""),

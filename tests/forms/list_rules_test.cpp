@@ -32,7 +32,7 @@ TEST(ListRules, ClosingAnEditorTrimsRaisesCaseAndDropsEmptyRows) {
   EXPECT_EQ(tables.groupRows(), (QList<Group>{{u"A"_s, u"RJTT RJAA"_s}, {u"C"_s, u"RJBB"_s}}));
   EXPECT_EQ(tables.groups().valueAt(1, u"順位"), 3);
 
-  storeDictionary(tables, table::気象略語, {{u" ra "_s, u" 雨 "_s}, {u""_s, u"?"_s}});
-  EXPECT_EQ(tables.abbreviationRows(), (QList<DictionaryEntry>{{u"RA"_s, u"雨"_s}}));
+  storeDictionary(tables, table::気象略語, {{u" ra "_s, u" 雨 "_s}, {u""_s, u"?"_s}, {u" "_s, u""_s}});
+  EXPECT_EQ(tables.abbreviationRows(), (QList<DictionaryEntry>{{u"RA"_s, u"雨"_s}, {QString(), u"?"_s}}));
   EXPECT_FALSE(storeList(tables, table::設定, {}));
 }

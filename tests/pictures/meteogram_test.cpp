@@ -87,6 +87,19 @@ TEST(Meteogram, TheLowestCeilingOfAPartIsSeen) {
   EXPECT_EQ(hatched, 2);
 }
 
+TEST(Meteogram, TheGravestKeepsItsPlace) {
+  QStringList metars;
+  for (int i = 0; i < 48; ++i) {
+    const QString time = now.addSecs(-1800LL * (i + 1)).toString(u"ddHHmm"_s) + u'Z';
+    const bool isWorst = i == 17;
+    metars += u"RJTT "_s + time + (isWorst ? u" 09065G95KT 1000 VCTS +TSRAGR" : u" 16008KT 4000 BR") +
+              u" BKN010 30/20 Q1010";
+  }
+  const Drawing drawing = drawn(meteogramOf(StationCode(u"RJTT"_s), metars, taf, now, limits));
+  EXPECT_FALSE(shapesOf(drawing, u"WX"_s).filter(u"+TSRAGR"_s).isEmpty());
+  EXPECT_FALSE(shapesOf(drawing, u"BARB"_s).filter(u"09065G95KT"_s).isEmpty());
+}
+
 TEST(Meteogram, DrawsWhatIsForecast) {
   const Drawing drawing = drawn(meteogramOf(StationCode(u"RJTT"_s), {}, taf, now, limits));
   EXPECT_EQ(shapesOf(drawing, u"VIS"_s), (QStringList{u"line 9999 9999"_s, u"dashed 3000 3000"_s,

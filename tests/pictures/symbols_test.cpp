@@ -62,15 +62,25 @@ TEST(WindBarb, PointsToWhereTheWindComesFrom) {
   EXPECT_TRUE(windBarb({.isVariable = true, .speed = Speed{3}}, {0, 0}, 100).empty());
 }
 
+TEST(WeatherSymbol, TheGraverGoesFirst) {
+  const QStringView order[] = {u"+FC", u"TSGR", u"+TSRA", u"TSRA", u"FZRA", u"SN",
+                               u"FG",  u"SHRA", u"-RA",   u"BR",   u"VCTS"};
+  for (size_t i = 1; i < std::size(order); ++i)
+    EXPECT_GT(weatherRank(order[i - 1]), weatherRank(order[i])) << order[i].toString().toStdString();
+}
+
 TEST(WeatherSymbol, CountsTheMarks) {
   const auto count = [](QStringView group, ShapeKind kind) {
     const std::vector<Shape> shapes = weatherSymbol(group, {0, 0}, 20);
     return std::ranges::count(shapes, kind, &Shape::kind);
   };
   const std::tuple<QStringView, int, int> cases[] = {
-      {u"-RA", 2, 0},  {u"RA", 3, 0},    {u"+RA", 4, 0}, {u"-SHRA", 1, 1}, {u"+SHRA", 2, 1}, {u"-SN", 0, 6},
-      {u"TSRA", 1, 2}, {u"+TSGR", 0, 3}, {u"FG", 0, 3},  {u"BCFG", 0, 4},  {u"BR", 0, 2},    {u"FZRA", 3, 1},
-      {u"HZ", 0, 1},   {u"RASN", 3, 0},  {u"NSW", 0, 0}, {u"", 0, 0},      {u"VCTS", 0, 2},
+      {u"-RA", 2, 0},  {u"RA", 3, 0},    {u"+RA", 4, 0},    {u"-SHRA", 1, 1}, {u"+SHRA", 2, 1},
+      {u"-SN", 0, 6},  {u"TSRA", 1, 2},  {u"+TSGR", 0, 4},  {u"FG", 0, 3},    {u"BCFG", 0, 4},
+      {u"BR", 0, 2},   {u"FZRA", 3, 1},  {u"HZ", 0, 1},     {u"RASN", 1, 6},  {u"NSW", 0, 0},
+      {u"", 0, 0},     {u"VCTS", 0, 4},  {u"VCFG", 0, 5},   {u"TSSN", 0, 5},  {u"TSGS", 0, 3},
+      {u"BLSN", 0, 4}, {u"-SNRA", 1, 3}, {u"SHRASN", 1, 4}, {u"PO", 0, 1},    {u"SA", 0, 1},
+      {u"BLSA", 0, 2}, {u"+SS", 0, 4},   {u"TSRAGR", 0, 4}, // no rain where hail falls
   };
   for (const auto& [group, dots, lines] : cases) {
     EXPECT_EQ(count(group, ShapeKind::Dot), dots) << group.toString().toStdString();

@@ -5,6 +5,7 @@
 #include "desktop/forms/board_model.h"
 #include "desktop/forms/report_pane.h"
 #include "desktop/services/board_print.h"
+#include "desktop/widgets/coloured_rows.h"
 #include "desktop/widgets/drawing_painter.h"
 #include "desktop/widgets/look.h"
 #include "pictures/meteogram_drawing.h"
@@ -63,6 +64,7 @@ void BoardForm::lay() {
   const QFont font = terminalFont(settings[key::表示文字のフォント].value_or(QString()),
                                   settings[key::表示文字のサイズ].value_or(11));
   table_->setModel(model_);
+  table_->setItemDelegate(new ColouredRows(table_));
   table_->setAccessibleName(u"監視ボード"_s);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -198,6 +200,8 @@ void BoardForm::refresh() {
     model_->show(rowsToShow(), program.record(), program.services.clock.now().toUTC());
     if (code)
       choose(*code);
+    if (!chosen() && model_->rowCount() > 0)
+      table_->selectRow(0);
     if (std::exchange(changed_, false))
       fitColumns();
     showReport();
@@ -219,8 +223,13 @@ void BoardForm::fitColumns() {
   for (int column = 0; column < boardColumnCount; ++column)
     table_->setColumnHidden(column, model_->isEmpty(column));
   table_->resizeColumnsToContents();
+  const int character = table_->fontMetrics().averageCharWidth();
   for (int column = 0; column < boardColumnCount; ++column)
-    table_->setColumnWidth(column, table_->columnWidth(column) + table_->fontMetrics().averageCharWidth());
+    table_->setColumnWidth(column, table_->columnWidth(column) + character);
+  // A long name must not push the weather out of sight.
+  constexpr int mostOfName = 24;
+  const int name = int(BoardColumn::Name);
+  table_->setColumnWidth(name, std::min(table_->columnWidth(name), mostOfName * character));
 }
 
 std::optional<StationCode> BoardForm::chosen() const {

@@ -40,6 +40,7 @@ constexpr CommandRow rows[] = {
     {u"[ESC]キー", u"SORAN を終了"},
     {u"BOARD", u"監視ボードを表示"},
     {u"MAP", u"地図を表示"},
+    {u"GRAPH R___", u"気象グラフを表示"},
     {u"ETA R___ 1430", u"その時刻の予報を表示"},
     {u"LAST R___", u"最後に分かっている通報を表示"},
     {u"SIGMET", u"シグメットを一覧表示"},

@@ -54,6 +54,7 @@ GraphForm::GraphForm(QWidget* parent, Terminal& terminal)
   connect(view_, &DrawingView::resized, this, &GraphForm::draw);
   connect(code_, &QLineEdit::returnPressed, this, [this] {
     const QString code = asciiUpper(code_->text().trimmed());
+    code_->selectAll();
     if (code.size() == 4 && isCodeList(code))
       setStation(StationCode(code));
   });
@@ -113,7 +114,6 @@ QWidget* GraphForm::makeBar() {
 void GraphForm::setStation(const StationCode& code) {
   meteogram_ = {.code = code};
   code_->setText(code.text());
-  setWindowTitle(u" 気象グラフ "_s + code.text());
   load();
 }
 
@@ -122,6 +122,8 @@ void GraphForm::load() {
     return;
   loading_ = true;
   const QPointer<GraphForm> self(this);
+  const QString title = u" 気象グラフ "_s + meteogram_.code.text();
+  setWindowTitle(title + u" - 取得中"_s);
   terminal_.guarded([&] {
     Meteogram meteogram = gatherMeteogram(terminal_.program(), meteogram_.code);
     if (!self || meteogram.code != meteogram_.code)
@@ -131,8 +133,10 @@ void GraphForm::load() {
     fillTable();
     table_->setFocus();
   });
-  if (self)
-    loading_ = false;
+  if (!self)
+    return;
+  loading_ = false;
+  setWindowTitle(title);
 }
 
 Drawing GraphForm::drawn(QSizeF size) const {
@@ -203,6 +207,8 @@ void GraphForm::save() {
       return;
     if (!path->endsWith(u".svg", Qt::CaseInsensitive) && !path->endsWith(u".png", Qt::CaseInsensitive))
       *path += u".png";
+    if (!mayWriteOver(dialogs, *path) || !self)
+      return;
     if (!writeTo(*path))
       dialogs.message(u" 確認"_s, u"保存できませんでした　　"_s);
   });

@@ -4,6 +4,7 @@
 
 #include "desktop/forms/map_list_model.h"
 #include "desktop/forms/report_pane.h"
+#include "desktop/widgets/coloured_rows.h"
 #include "desktop/widgets/look.h"
 #include "desktop/widgets/map_view.h"
 #include "runs/night_desk.h"
@@ -58,6 +59,7 @@ void MapForm::lay() {
   view_->setAccessibleDescription(
       u"矢印キーで移動、プラスとマイナスで拡大と縮小、Homeで全体、Enterで中央に近い飛行場の通報"_s);
   list_->setModel(model_);
+  list_->setItemDelegate(new ColouredRows(list_));
   list_->setUniformItemSizes(true);
   list_->setAccessibleName(u"飛行場の一覧"_s);
   for (QWidget* pane : std::initializer_list<QWidget*>{list_, report_}) {
@@ -151,7 +153,7 @@ void MapForm::showSummary(qsizetype count, qsizetype placed) {
   const std::optional<QList<Sigmet>>& sigmets = terminal_.program().desk.sigmets.sigmets;
   const QString name = group_.isEmpty() ? u"自動デコードリスト"_s : group_;
   const QString unplaced = placed < count ? u"   位置不明 "_s + QString::number(count - placed) : QString();
-  summary_->setText(name + u"  " + QString::number(count) + u" 空港" + unplaced + u"   SIGMET " +
+  summary_->setText(name + u"  " + QString::number(count) + u" 空港" + unplaced + u"   福岡FIR SIGMET " +
                     (sigmets ? QString::number(sigmets->size()) : u"不明"_s));
 }
 

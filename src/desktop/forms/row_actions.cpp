@@ -28,6 +28,8 @@ void RowActions::showOn(QToolButton& addition, QToolButton& edit, QToolButton& r
 void RowActions::make(QAction& action, const QString& name, const QString& text, const QKeySequence& key) {
   action.setObjectName(name);
   action.setText(text);
+  // A button shows this, and answers to its letter.
+  action.setIconText(text);
   action.setShortcut(key);
   // The field over an open cell has these keys for itself.
   action.setShortcutContext(Qt::WidgetShortcut);

@@ -28,8 +28,11 @@ QString labelText(QString text) {
 QWidget* DialogService::owner() {
   if (!window_ && makeWindow_)
     makeWindow_();
-  QWidget* form = QApplication::activeModalWidget();
-  return form ? form : window_.get();
+  if (QWidget* form = QApplication::activeModalWidget())
+    return form;
+  // The one that the user works in, which gets the keys back behind the box.
+  QWidget* active = QApplication::activeWindow();
+  return active && active->isVisible() && active->windowType() != Qt::Popup ? active : window_.get();
 }
 
 bool DialogService::question(const QString& title, const QString& text) {
@@ -54,7 +57,17 @@ void DialogService::message(const QString& title, const QString& text) {
 }
 
 std::optional<QString> DialogService::saveFile(const QString& title, const QString& suggestion) {
-  QFileDialog dialog(owner(), title, QString(), u"テキスト (*.txt);;すべてのファイル (*)"_s);
+  const std::pair<QStringView, QString> kinds[] = {{u".txt", u"テキスト (*.txt)"_s},
+                                                   {u".json", u"JSON (*.json)"_s},
+                                                   {u".jsonl", u"JSON Lines (*.jsonl)"_s},
+                                                   {u".csv", u"CSV (*.csv)"_s},
+                                                   {u".png", u"画像 (*.png *.svg)"_s}};
+  QString filter = u"すべてのファイル (*)"_s;
+  for (const auto& [ending, kind] : kinds) {
+    if (suggestion.endsWith(ending))
+      filter.prepend(kind + u";;");
+  }
+  QFileDialog dialog(owner(), title, QString(), filter);
   dialog.setObjectName(u"saveFile"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   // Whether an existing file may go is asked by the one who asked for the name.

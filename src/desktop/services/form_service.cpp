@@ -29,7 +29,7 @@
 #include "desktop/services/run_dialog.h"
 #include "terminal/picture_lookup.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace soran {
 
@@ -88,6 +88,12 @@ void FormService::hide(const Form& form) {
     taskIcon_.reset();
   else if (QDialog* shown = widget(form))
     shown->hide();
+}
+
+/// The form that the user works in, which gets the keys back behind a modal one; else the main window.
+QWidget* FormService::owner() const {
+  QWidget* active = QApplication::activeWindow();
+  return active && active->isVisible() && active->windowType() == Qt::Dialog ? active : window_.get();
 }
 
 void FormService::hideTip() {
@@ -192,25 +198,25 @@ ModalOutcome FormService::run(const form::NoConnection&) {
 }
 
 ModalOutcome FormService::run(const form::EditAirports&) {
-  AirportForm form(window_, *terminal_);
+  AirportForm form(owner(), *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditAutoList&) {
-  DecodeListForm form(window_, *terminal_);
+  DecodeListForm form(owner(), *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditGroups&) {
-  GroupForm form(window_, *terminal_);
+  GroupForm form(owner(), *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }
 
 ModalOutcome FormService::run(const form::EditLimits&) {
-  LimitsForm form(window_, *terminal_);
+  LimitsForm form(owner(), *terminal_);
   runDialog(form, program_->services.shutdown);
   return {};
 }

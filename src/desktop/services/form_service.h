@@ -37,6 +37,8 @@ class FormService final : public QObject, public Forms {
   void setMouse(QPoint mouse) { mouse_ = mouse; }
   /// Takes the explanation and its picture away.
   void hideTip();
+  /// Takes the explanation of a group alone away, which would stand over what comes next.
+  void closeTip() { tip_.reset(); }
 
   /// Takes all forms off the screen.
   void hideAll();
@@ -80,6 +82,8 @@ class FormService final : public QObject, public Forms {
 
   Terminal* terminal_ = nullptr;
   Program* program_ = nullptr;
+  QWidget* owner() const;
+
   QPointer<QWidget> window_;
   std::map<size_t, Widget> widgets_; // by the kind of the form
   std::unique_ptr<TipForm> tip_;

@@ -228,7 +228,9 @@ void ScreenView::insertFromMimeData(const QMimeData* source) {
     return;
   const QString text = source->text();
   const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\r' || c == u'\n'; });
-  typeCharacters(QStringView(text.begin(), end));
+  // Longer than any list of codes that a line is for.
+  constexpr qsizetype longestLine = 4000;
+  typeCharacters(QStringView(text.begin(), end).first(std::min<qsizetype>(longestLine, end - text.begin())));
 }
 
 void ScreenView::contextMenuEvent(QContextMenuEvent* event) {

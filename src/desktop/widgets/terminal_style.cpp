@@ -46,6 +46,9 @@ QSize TerminalStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
 
 int TerminalStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* more) const {
+  // A long menu scrolls; columns beside one another would leave the screen.
+  if (hint == SH_Menu_Scrollable)
+    return 1;
   return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
 }
 
