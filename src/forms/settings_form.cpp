@@ -269,7 +269,11 @@ void SettingsForm::restoreStandard() {
   if (!services_.dialogs.question(u" 確認"_s, u"標準設定に変更しますか？　　"_s) ||
       services_.shutdown.requested())
     return;
+  const QString offset = settings_[key::時差].value_or(QString());
   settings_.restoreStandardSettings(hooks_.zoneOffset);
+  offsetChanged_ = offsetChanged_ || settings_[key::時差] != offset;
+  // No printer is chosen then.
+  loadPrinter();
   refresh();
   hooks_.repaint();
 }

@@ -10,7 +10,6 @@ ChartModel::ChartModel(TwipSize mainWindow, QString timeOffset)
     : mainWindow_(mainWindow), timeOffset_(std::move(timeOffset)), view_(mainWindow) {}
 
 ChartShow ChartModel::open(const QDateTime& now) {
-  seconds_ = 0;
   return choose(u"menu_chart_today", firstChartIndex(now), now).value_or(ChartShow{});
 }
 
@@ -19,6 +18,7 @@ std::optional<ChartShow> ChartModel::choose(QStringView menu, std::optional<int>
   const std::optional<ChartItem> item = findChartItem(menu, index);
   if (!item)
     return std::nullopt;
+  seconds_ = 0;
   const ChartView view = chartView(*item, now, timeOffset_);
   ChartShow show;
   show.item = *item;

@@ -263,7 +263,11 @@ TEST_F(SettingsFormTest, ListsRefuseWhatTheyDoNotHold) {
 }
 
 TEST_F(SettingsFormTest, StandardSettingsComeBehindAYes) {
+  settings.store(key::プリンター, u"TOWER"_s);
   SettingsForm opton = form();
+  opton.choose(4, u"-12"_s);
+  opton.close();
+  EXPECT_EQ(said(), u"時差の変更を有効にするため、SORAN を再起動してください　　"_s);
   logged();
   settings.store(key::雲高1, 5);
   opton.restoreStandard();
@@ -274,6 +278,10 @@ TEST_F(SettingsFormTest, StandardSettingsComeBehindAYes) {
   EXPECT_EQ(opton.text(0), u"1000"_s);
   EXPECT_EQ(settings[key::時差], u"+9"_s);
   EXPECT_EQ(logged(), u"repaint"_s);
+  // No printer is chosen any more, and the zone is another one.
+  EXPECT_EQ(opton.printerLabel(), u"出力先プリンターを設定してください"_s);
+  opton.close();
+  EXPECT_EQ(said(), u"時差の変更を有効にするため、SORAN を再起動してください　　"_s);
 }
 
 TEST_F(SettingsFormTest, SampleShowsItsTimesInTheChosenZone) {

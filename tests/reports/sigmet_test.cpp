@@ -85,8 +85,9 @@ TEST(Sigmet, ListsThoseInForceOrToComeOnce) {
 }
 
 TEST(Sigmet, AnAreaAcrossTheDateLineHoldsWhatLiesThere) {
-  const QString text = u"RJJJ SIGMET D01 VALID 240500/240900 RJTD-\nRJJJ FUKUOKA FIR SEV TURB FCST WI N4200 E16000 - "
-                       "N4200 W17500 - N3000 W17500 - N3000 E16000 - N4200 E16000 FL280/380=\n"_s;
+  const QString text =
+      u"RJJJ SIGMET D01 VALID 240500/240900 RJTD-\nRJJJ FUKUOKA FIR SEV TURB FCST WI N4200 E16000 - "
+      "N4200 W17500 - N3000 W17500 - N3000 E16000 - N4200 E16000 FL280/380=\n"_s;
   const QList<Sigmet> sigmets = readSigmets(text, u"RJJJ", inUtc({2026, 11, 24}, {6, 0}));
   ASSERT_EQ(sigmets.size(), 1);
   EXPECT_TRUE(sigmets[0].covers({35, 170}));
