@@ -175,18 +175,24 @@ void runStation(benchmark::State& state) {
 }
 BENCHMARK(runStation)->Name("call/run")->UseManualTime()->Iterations(20)->Repetitions(9);
 
-/// A session that has shown a list of sixty stations.
-void listSession(benchmark::State& state) {
-  bench::Loopback endpoint(true);
+/// Reports of sixty stations with this weather; their codes.
+QStringList serveSixty(bench::Loopback& endpoint, const QByteArray& weather) {
   QStringList codes;
   for (int i = 0; i < 60; ++i) {
     codes += u"RX"_s + QChar(u'A' + i / 26) + QChar(u'A' + i % 26);
     const QByteArray code = codes.last().toLatin1();
     endpoint.server.setFile(bench::metarFolder + codes.last() + u".TXT",
-                            "2026/11/24 05:00\n" + code + " 240500Z 34012KT 9999 FEW030 12/03 Q1018\n");
+                            "2026/11/24 05:00\n" + code + " 240500Z " + weather + '\n');
     endpoint.server.setFile(bench::tafFolder + codes.last() + u".TXT",
                             "2026/11/24 05:05\nTAF " + code + " 240505Z 2406/2512 33010KT 9999 FEW030\n");
   }
+  return codes;
+}
+
+/// A session that has shown a list of sixty stations.
+void listSession(benchmark::State& state) {
+  bench::Loopback endpoint(true);
+  const QStringList codes = serveSixty(endpoint, "34012KT 9999 FEW030 12/03 Q1018");
   double most = 0;
   for (auto _ : state) {
     bench::CliSession session(endpoint, u"2026-11-24T14:05:00+09:00"_s);
@@ -209,15 +215,7 @@ void watchCli(benchmark::State& state) {
   OwnFolder folder;
   const QString ini = folder.filePath(u"endpoints.ini"_s);
   endpoint.writeEndpoints(ini);
-  QStringList codes;
-  for (int i = 0; i < 60; ++i) {
-    codes += u"RX"_s + QChar(u'A' + i / 26) + QChar(u'A' + i % 26);
-    const QByteArray code = codes.last().toLatin1();
-    endpoint.server.setFile(bench::metarFolder + codes.last() + u".TXT",
-                            "2026/11/24 05:00\n" + code + " 240500Z 00000KT 0300 FG VV001 02/02 Q1018\n");
-    endpoint.server.setFile(bench::tafFolder + codes.last() + u".TXT",
-                            "2026/11/24 05:05\nTAF " + code + " 240505Z 2406/2512 33010KT 9999 FEW030\n");
-  }
+  const QStringList codes = serveSixty(endpoint, "00000KT 0300 FG VV001 02/02 Q1018");
   double most = 0;
   for (auto _ : state) {
     OnTerminal cli({u"--home"_s, folder.filePath(u"home"_s), u"--endpoints"_s, ini, u"watch"_s, u"--list"_s,
