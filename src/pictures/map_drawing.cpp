@@ -177,6 +177,40 @@ void drawSigmet(Drawing& drawing, const Sigmet& sigmet, const Projection& projec
                .words = sigmet.text});
 }
 
+/// The lines of whole degrees, or of halves, that a view shows, and where they lie.
+struct Graticule {
+  std::vector<std::pair<double, double>> meridians = {}; ///< longitude, x
+  std::vector<std::pair<double, double>> parallels = {}; ///< latitude, y
+};
+
+Graticule graticuleOf(const Projection& projection) {
+  constexpr std::pair<double, double> steps[] = {{12, 10}, {80, 2}, {INFINITY, 0.5}}; // below that scale
+  const double scale = projection.unitsPerDegree();
+  const double step = std::ranges::find_if(steps, [&](const auto& row) { return scale < row.first; })->second;
+  Graticule graticule;
+  const double west = projection.centre().longitude - projection.middle().x / scale;
+  const double east = west + projection.width() / scale;
+  for (int i = int(std::ceil(west / step)); i * step <= east; ++i)
+    graticule.meridians.emplace_back(i * step, (i * step - west) * scale);
+  const double north = projection.toEarth({0, 0}).latitude;
+  const double south = projection.toEarth({0, projection.height()}).latitude;
+  for (int i = int(std::ceil(south / step)); i * step <= north; ++i)
+    graticule.parallels.emplace_back(i * step,
+                                     projection.toPlane({i * step, projection.centre().longitude}).y);
+  return graticule;
+}
+
+/// As ICAO writes positions: the hemisphere, degrees of so many digits, and minutes where there are any.
+QString degreesOf(double degrees, char positive, char negative, int digits) {
+  constexpr int minutesADegree = 60;
+  const int minutes = int(std::round(std::abs(degrees) * minutesADegree));
+  QString text = QChar::fromLatin1(degrees < 0 ? negative : positive) +
+                 QString::number(minutes / minutesADegree).rightJustified(digits, u'0');
+  if (minutes % minutesADegree > 0)
+    text += QString::number(minutes % minutesADegree).rightJustified(2, u'0');
+  return text;
+}
+
 } // namespace
 
 MapPicture drawStations(std::span<const MapStation> stations, const Projection& projection, double size,
@@ -214,22 +248,38 @@ Drawing drawSigmets(const QList<Sigmet>& sigmets, const Projection& projection, 
 }
 
 Drawing drawGraticule(const Projection& projection) {
-  constexpr std::pair<double, double> steps[] = {{12, 10}, {80, 2}, {INFINITY, 0.5}}; // below that scale
-  const double scale = projection.unitsPerDegree();
-  const double step = std::ranges::find_if(steps, [&](const auto& row) { return scale < row.first; })->second;
   Drawing drawing{.width = projection.width(), .height = projection.height()};
   const auto line = [&](Point from, Point to) {
     drawing.add({.ink = Ink::Night, .points = {from, to}, .size = 1});
   };
-  const double west = projection.centre().longitude - projection.middle().x / scale;
-  const double east = west + projection.width() / scale;
-  for (int i = int(std::ceil(west / step)); i * step <= east; ++i)
-    line({(i * step - west) * scale, 0}, {(i * step - west) * scale, projection.height()});
-  const double north = projection.toEarth({0, 0}).latitude;
-  const double south = projection.toEarth({0, projection.height()}).latitude;
-  for (int i = int(std::ceil(south / step)); i * step <= north; ++i) {
-    const double y = projection.toPlane({i * step, projection.centre().longitude}).y;
+  const Graticule graticule = graticuleOf(projection);
+  for (const auto& [longitude, x] : graticule.meridians)
+    line({x, 0}, {x, projection.height()});
+  for (const auto& [latitude, y] : graticule.parallels)
     line({0, y}, {projection.width(), y});
+  return drawing;
+}
+
+Drawing drawDegrees(const Projection& projection, double size) {
+  Drawing drawing{.width = projection.width(), .height = projection.height()};
+  const auto text = [&](Point at, const QString& words, TextPlace place) {
+    drawing.add({.kind = ShapeKind::Text,
+                 .ink = Ink::Faint,
+                 .points = {at},
+                 .size = size,
+                 .text = words,
+                 .place = place});
+  };
+  const double bottom = projection.height() - size;
+  const double corner = size * 4; // neither row reaches into it
+  const Graticule graticule = graticuleOf(projection);
+  for (const auto& [longitude, x] : graticule.meridians) {
+    if (x >= corner && x <= projection.width() - size * 2)
+      text({x, bottom}, degreesOf(longitudeNear(longitude, 0), 'E', 'W', 3), TextPlace::Centre);
+  }
+  for (const auto& [latitude, y] : graticule.parallels) {
+    if (y >= corner && y <= bottom - size)
+      text({size / 3, y}, degreesOf(latitude, 'N', 'S', 2), TextPlace::Left);
   }
   return drawing;
 }

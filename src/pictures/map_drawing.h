@@ -45,6 +45,10 @@ Drawing drawSigmets(const QList<Sigmet>& sigmets, const Projection& projection, 
 /// The lines of the degrees, each ten, two or half a degree by the scale, in Ink::Night.
 Drawing drawGraticule(const Projection& projection);
 
+/// What these lines are, in letters of that height: longitudes along the lower edge ("E140", "W17230"),
+/// latitudes along the left one ("N35", "N3530").
+Drawing drawDegrees(const Projection& projection, double size);
+
 /// The station nearest to the point, at most `reach` away; nothing where there is none.
 std::optional<StationCode> stationAt(const MapPicture& picture, Point point, double reach);
 

@@ -115,6 +115,12 @@ TEST_F(MapWindowTest, ChoosesByKeysAlone) {
     EXPECT_NEAR(place->x, middle().x, 1e-6);
     EXPECT_NEAR(place->y, middle().y, 1e-6);
   }
+  // The list leaves + and - to the map.
+  const double scale = view_->projection().unitsPerDegree();
+  QTest::keyClick(list_, Qt::Key_Plus);
+  EXPECT_GT(view_->projection().unitsPerDegree(), scale);
+  QTest::keyClick(list_, Qt::Key_Minus);
+  EXPECT_DOUBLE_EQ(view_->projection().unitsPerDegree(), scale);
   // On the map, Enter takes what is nearest to the middle, and the map stays.
   const QString last = chosen();
   list_->setCurrentIndex(list_->model()->index(0, 0));

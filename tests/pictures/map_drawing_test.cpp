@@ -122,6 +122,39 @@ TEST(MapDrawing, FindsTheStationUnderAPoint) {
   EXPECT_EQ(stationAt(east, {576, 300}, 10), StationCode(u"PADK"_s));
 }
 
+TEST(MapDrawing, TellsTheDegreesOfItsLines) {
+  struct {
+    EarthPosition centre;
+    double scale;
+    QStringList meridians, parallels;
+  } const cases[] = {
+      {{36, 138}, 10, {u"E110"_s, u"E120"_s, u"E130"_s, u"E140"_s, u"E150"_s, u"E160"_s, u"E170"_s},
+       {u"N20"_s, u"N30"_s, u"N40"_s, u"N50"_s}},
+      {{0, 180}, 160, {u"E178"_s, u"E17830"_s, u"E179"_s, u"E17930"_s, u"W180"_s, u"W17930"_s, u"W179"_s,
+                       u"W17830"_s, u"W178"_s},
+       {u"S0130"_s, u"S01"_s, u"S0030"_s, u"N00"_s, u"N0030"_s, u"N01"_s, u"N0130"_s}},
+  };
+  for (const auto& c : cases) {
+    const Projection projection(c.centre, c.scale, 800, 600);
+    QStringList meridians, parallels;
+    for (const Shape& shape : drawDegrees(projection, 10).shapes) {
+      const bool isMeridian = shape.text.startsWith(u'E') || shape.text.startsWith(u'W');
+      (isMeridian ? meridians : parallels).append(shape.text);
+      // Each stands on its own line.
+      const double degrees = shape.text.mid(1, isMeridian ? 3 : 2).toDouble() +
+                             shape.text.mid(isMeridian ? 4 : 3).toDouble() / 60;
+      const double side = QStringView(u"SW").contains(shape.text.front()) ? -degrees : degrees;
+      const Point at = shape.points.front();
+      if (isMeridian)
+        EXPECT_NEAR(at.x, projection.toPlane({c.centre.latitude, side}).x, 1e-6) << shape.text.toStdString();
+      else
+        EXPECT_NEAR(at.y, projection.toPlane({side, c.centre.longitude}).y, 1e-6) << shape.text.toStdString();
+    }
+    EXPECT_EQ(meridians, c.meridians);
+    EXPECT_EQ(parallels, c.parallels);
+  }
+}
+
 TEST(MapDrawing, OutlinesTheAreasOfSigmets) {
   const QList<EarthPosition> area = {{35, 137}, {37, 137}, {37, 139}, {35, 139}};
   const QList<EarthPosition> overDateLine = {{35, 179}, {37, 179}, {37, -179}, {35, -179}};

@@ -101,6 +101,7 @@ void MapForm::connectControls() {
             if (current.isValid() && model_->codeAt(current.row()) != chosen_)
               chooseInList(current.row());
           });
+  list_->installEventFilter(this);
   const auto choose = [this](const QModelIndex& index) { chooseInList(index.row()); };
   connect(list_, &QListView::clicked, this, choose);
   connect(list_, &QListView::activated, this, choose);
@@ -174,6 +175,13 @@ void MapForm::chooseInList(int row) {
   view_->choose(chosen_);
   view_->centreOnChosen();
   showReport();
+}
+
+/// The map is larger and smaller by the same keys while the list has them.
+bool MapForm::eventFilter(QObject* watched, QEvent* event) {
+  return (watched == list_ && event->type() == QEvent::KeyPress &&
+          view_->zoomByKey(static_cast<QKeyEvent*>(event)->key())) ||
+         QDialog::eventFilter(watched, event);
 }
 
 void MapForm::keyPressEvent(QKeyEvent* event) {

@@ -29,6 +29,7 @@ class MapForm : public QDialog {
   void setGroup(const QString& group);
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 

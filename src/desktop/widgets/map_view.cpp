@@ -12,6 +12,7 @@ namespace soran {
 namespace {
 
 constexpr double letterSize = 13;
+constexpr double degreesScale = 0.85; // of a letter
 constexpr double layerMargin = 0.25; // of the view, on each side of it
 constexpr double zoomStep = 1.5;
 constexpr double clickReach = 16;
@@ -175,6 +176,7 @@ void MapView::paintEvent(QPaintEvent*) {
   painter.drawPixmap(layerCorner(), shores_);
   paintDrawing(painter, drawSigmets(content_.sigmets, projection_, content_.now, letterSize), ground_);
   painter.drawPixmap(layerCorner(), stations_);
+  paintDrawing(painter, drawDegrees(projection_, letterSize * degreesScale), ground_);
   paintMarks(painter);
 }
 
@@ -198,7 +200,24 @@ void MapView::chooseAt(QPointF point, double reach) {
     emit chosen(code->text());
 }
 
+bool MapView::zoomByKey(int key) {
+  switch (key) {
+  case Qt::Key_Plus:
+  case Qt::Key_Equal:
+  case Qt::Key_Semicolon: // the key of + on a Japanese keyboard
+    zoom(zoomStep);
+    return true;
+  case Qt::Key_Minus:
+    zoom(1 / zoomStep);
+    return true;
+  default:
+    return false;
+  }
+}
+
 void MapView::keyPressEvent(QKeyEvent* event) {
+  if (zoomByKey(event->key()))
+    return;
   const double step = std::min(width(), height()) / 5.0;
   switch (event->key()) {
   case Qt::Key_Left:
@@ -209,12 +228,6 @@ void MapView::keyPressEvent(QKeyEvent* event) {
     return pan(0, step);
   case Qt::Key_Down:
     return pan(0, -step);
-  case Qt::Key_Plus:
-  case Qt::Key_Equal:
-  case Qt::Key_Semicolon: // the key of + on a Japanese keyboard
-    return zoom(zoomStep);
-  case Qt::Key_Minus:
-    return zoom(1 / zoomStep);
   case Qt::Key_Home:
     return showAll();
   case Qt::Key_Return:

@@ -37,6 +37,8 @@ class MapView : public QWidget {
   void pan(double right, double down);
   /// Makes what is seen larger about the middle of the view.
   void zoom(double factor);
+  /// As a key asks for it; false where it is none of these (Qt::Key).
+  bool zoomByKey(int key);
 
   const Projection& projection() const { return projection_; }
   /// The stations as they are drawn, in the units of the view.
