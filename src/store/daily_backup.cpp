@@ -24,6 +24,15 @@ QString dailyCopy(const QString& database) {
   return database + u".day";
 }
 
+/// Writes a copy under the time of the program's clock: by another one it would be due again at once.
+void writeCopy(const QString& copy, const QByteArray& bytes, const Clock& clock) {
+  if (!writeWhole(copy, bytes, true))
+    return;
+  QFile file(copy);
+  if (file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+    file.setFileTime(clock.now(), QFileDevice::FileModificationTime);
+}
+
 } // namespace
 
 bool isDailyCopyDue(const QString& database, const Clock& clock) {
@@ -39,7 +48,7 @@ void backUpDaily(const QString& database, const Clock& clock) {
   const QString copy = dailyCopy(database);
   const FileBytes whole = isWholeDatabase(database) ? readPlainFile(database, largestDatabase) : FileBytes();
   if (!whole.bytes.isEmpty() && makeRoomForCopy(copy, clock))
-    writeWhole(copy, whole.bytes, true);
+    writeCopy(copy, whole.bytes, clock);
 }
 
 bool makeRoomForCopy(const QString& copy, const Clock& clock) {

@@ -54,18 +54,29 @@ TEST(Stop, KeepsACopyOfTheDay) {
     int hours; ///< the age of the copy
     QString kept;
   } cases[] = {{u"TWO"_s, 23, u"ONE"_s}, {u"THREE"_s, 25, u"THREE"_s}, {u"FOUR"_s, -25, u"FOUR"_s}};
-  for (const auto& c : cases) {
-    QFile file(copy);
+  const auto age = [&](const QString& path, int hours) {
+    QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     ASSERT_TRUE(
-        file.setFileTime(world.clock.now().addSecs(-3600 * c.hours), QFileDevice::FileModificationTime));
-    file.close();
+        file.setFileTime(world.clock.now().addSecs(-3600 * hours), QFileDevice::FileModificationTime));
+  };
+  for (const auto& c : cases) {
+    age(copy, c.hours);
     group(c.id);
     exitOnce();
     EXPECT_EQ(copied(), c.kept) << c.hours;
   }
+  // Under a clock that is years back, the later one is put aside once, not at each exit.
+  const QStringList copies = {u"soran.mdb.day*"_s};
+  const qsizetype kept = QDir(world.home()).entryList(copies).size();
+  world.clock.advance(-2 * 365 * 24 * 3600);
+  for (int i = 0; i < 3; ++i)
+    exitOnce();
+  EXPECT_EQ(QDir(world.home()).entryList(copies).size(), kept + 1);
   // It is newer than what a renewal left.
   writeWhole(database + u".bak", contents(copy));
+  age(database + u".bak", 1);
+  age(copy, 25);
   group(u"FIVE"_s);
   exitOnce();
   writeWhole(database, "damaged");
