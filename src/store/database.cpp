@@ -7,6 +7,7 @@
 #include "store/cipher.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QUrl>
 #include <sqlite3.h>
 
@@ -206,6 +207,9 @@ void Database::open(const QString& path, Mode mode) {
     if (replaceable(path + journal) == FileFault::NotPlain)
       throw StoreError("no plain file", StoreError::Kind::NotPlain);
   }
+  // What the library makes would be everybody's to read.
+  if (mode == Mode::Create && !QFileInfo::exists(path))
+    QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner);
   sqlite3* raw = nullptr;
   static const bool isSmall = (keepLibrarySmall(), true);
   Q_UNUSED(isSmall);

@@ -210,6 +210,8 @@ TEST_F(TwoSources, TheLastKnownReportOutlivesTheProgramAndTellsItsAge) {
     EXPECT_EQ(watchNote(run.program), u"OLDEST METAR RJTT 240500Z / 20 min OLD / NONE OVERDUE");
   }
   EXPECT_FALSE(contents(world.path(u"last.mdb"_s)).contains("RJTT"));
+  EXPECT_EQ(QFile::permissions(world.path(u"last.mdb"_s)) & (QFile::ReadGroup | QFile::ReadOther),
+            QFile::Permissions());
   world.clock.advance(3 * 3600);
   for (const bool damaged : {false, true}) {
     SCOPED_TRACE(damaged);
