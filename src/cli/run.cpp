@@ -71,8 +71,11 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   Terminal terminal(program);
   typist.terminal = &terminal;
   terminal.guarded([&] { terminal.start(opening.notice()); });
-  while (typist.hasMore() && !terminal.ended())
+  while (typist.hasMore() && !terminal.ended()) {
     typist.typeNext(terminal);
+    // Nobody is there to wait for the watch, which brings the files of the hours.
+    terminal.guarded([&] { terminal.cycle().completeSequence(); });
+  }
   QString text = program.console.screen().text();
   text.replace(u"\r\n"_s, u"\n"_s);
   if (!text.endsWith(u'\n'))

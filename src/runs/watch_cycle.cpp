@@ -295,11 +295,22 @@ void WatchCycle::onSequenceRetry() {
   if (!timer4_->enabled()) {
     retries_ = 0;
   } else if (++retries_ == retriesBeforeRefresh) {
-    // With the cycle stopped nobody else brings the files.
     retries_ = 0;
-    program_.cycleDecade = 25;
-    refreshCycleFiles(program_);
+    fetchCycleFiles();
   }
+}
+
+/// With the cycle stopped nobody else brings the files.
+void WatchCycle::fetchCycleFiles() {
+  program_.cycleDecade = 25;
+  refreshCycleFiles(program_);
+}
+
+void WatchCycle::completeSequence() {
+  if (!timer4_->enabled())
+    return;
+  fetchCycleFiles();
+  onSequenceRetry();
 }
 
 } // namespace soran

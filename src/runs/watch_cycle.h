@@ -45,6 +45,9 @@ class WatchCycle {
   /// Runs once more what was run last.
   void runAgain(RunOrigin origin);
 
+  /// Where a sequence waits for its files: fetches them and runs it again, once, without its pause.
+  void completeSequence();
+
   void onWatchTick();
   void onOverlayTick();
   void onSequenceRetry();
@@ -62,6 +65,7 @@ class WatchCycle {
   /// The icon in the tray shows the state of the network anew.
   void renewTaskIcon();
   void cycle();
+  void fetchCycleFiles();
   bool cycleIsDue() const;
   void runChanged(int acts);
   QString announceChanges(int acts);

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcUpdate, "soran.store")
+Q_LOGGING_CATEGORY(lcUpdate, "soran.store", QtInfoMsg)
 
 constexpr QStringView modulePath = u"update.exe";
 constexpr QStringView acceptedModule = u"module.version";

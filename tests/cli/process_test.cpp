@@ -31,6 +31,17 @@ TEST_F(CliTest, RunTypesItsLinesWhateverVersionIsOut) {
   }
 }
 
+TEST_F(CliTest, RunWaitsForTheHoursOfASequence) {
+  for (const QString& hour : {u"02"_s, u"03"_s, u"04"_s})
+    world.server.setFile(cyclesPath + hour + u"Z.TXT", QString(u"RJTT 24" + hour + u"00Z 00000KT\n").toUtf8());
+  Cli run(with({u"run"_s, u"SQ RJTT"_s}));
+  EXPECT_EQ(run.end(), 0);
+  const QString screen = QString::fromUtf8(run.readAllStandardOutput());
+  for (const QString& report : {u"240200Z"_s, u"240300Z"_s, u"240400Z"_s, u"240500Z"_s})
+    EXPECT_EQ(screen.count(report), 1) << report.toStdString();
+  EXPECT_FALSE(screen.contains(u"LOADING")) << screen.toStdString();
+}
+
 TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
   const QString elsewhere = world.folder.filePath(u"file"_s);
   writeWhole(elsewhere, "not a directory");
