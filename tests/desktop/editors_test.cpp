@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/widgets/editor_grid.h"
 #include "desktop/widgets/picture_drop.h"
+#include "forms/list_rules.h"
 #include "modal_steps.h"
 #include "reports/airport_limits.h"
 #include "window_fixture.h"
@@ -10,6 +11,7 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 
 namespace soran {
 namespace {
@@ -141,6 +143,50 @@ TEST_F(EditorsTest, LimitsOfAnAirportAreTypedIntoTheirCells) {
   EXPECT_TRUE(steps.done());
   EXPECT_EQ(tables().limitRows(),
             QList{(AirportLimits{.code = u"RJTT"_s, .crosswind = 25, .weather = u"TS FZRA"_s})});
+}
+
+TEST_F(EditorsTest, LimitsAreKeptHoweverTheirCellIsLeft) {
+  start();
+  storeLimits(tables(), {{.code = u"RJTT"_s}, {.code = u"RJAA"_s}});
+  const auto write = [](QWidget& form, int row, LimitColumn column, const QString& typed) {
+    auto& grid = *form.findChild<EditorGrid*>(u"grid"_s);
+    grid.setCurrentIndex(grid.model()->index(row, int(column)));
+    QTest::keyClick(&grid, Qt::Key_F2);
+    auto* field = form.findChild<QLineEdit*>(u"txt"_s);
+    ASSERT_NE(field, nullptr);
+    QTest::keyClicks(field, typed);
+  };
+  ModalSteps steps({
+      [&](QWidget& form) {
+        auto& grid = *form.findChild<EditorGrid*>(u"grid"_s);
+        write(form, 0, LimitColumn::Crosswind, u"25"_s);
+        clickCell(grid, 1, int(LimitColumn::Wind));
+        EXPECT_EQ(grid.model()->index(0, int(LimitColumn::Crosswind)).data(), u"25"_s);
+        EXPECT_EQ(grid.currentIndex(), grid.model()->index(1, int(LimitColumn::Wind)));
+        QTest::qWait(0);
+        write(form, 0, LimitColumn::Gust, u"40"_s);
+        form.findChild<QPushButton*>(u"cmd2"_s)->click(); // by its letter, which leaves the focus
+        EXPECT_EQ(grid.model()->index(1, int(LimitColumn::Gust)).data(), u"40"_s);
+        QTest::qWait(0);
+        write(form, 0, LimitColumn::Visibility, u"fog"_s);
+        form.close();
+      },
+      [](QWidget& message) {
+        EXPECT_NE(textOfBox(message), QString());
+        QTest::keyClick(&message, Qt::Key_Return);
+      },
+      [](QWidget& form) {
+        EXPECT_TRUE(form.isVisible());
+        auto* field = form.findChild<QLineEdit*>(u"txt"_s);
+        ASSERT_NE(field, nullptr);
+        QTest::keyClicks(field, u"800"_s);
+        form.close();
+      },
+  });
+  type(u"LIMITS"_s);
+  EXPECT_TRUE(steps.done());
+  EXPECT_EQ(tables().limitRows(), QList({AirportLimits{.code = u"RJAA"_s, .visibility = 800},
+                                         AirportLimits{.code = u"RJTT"_s, .gust = 40, .crosswind = 25}}));
 }
 
 TEST_F(EditorsTest, AirportsArePickedForTheAutomaticDecode) {

@@ -18,14 +18,19 @@ namespace soran {
 /// fields over its cells, for what differs between editors. Editor and view outlive the grid.
 template <class Editor>
 CellDelegate& connectGrid(EditorGrid& grid, RowActions& actions, Editor& editor, Terminal& terminal) {
-  QObject::connect(&actions.addition(), &QAction::triggered, &grid, [&editor] { editor.addRow(); });
-  QObject::connect(&actions.edit(), &QAction::triggered, &grid, [&editor] { editor.edit(); });
-  QObject::connect(&actions.removal(), &QAction::triggered, &grid,
-                   [&editor, &terminal] { terminal.guarded([&] { editor.remove(); }); });
+  auto* cells = new CellDelegate(&grid);
+  const auto onAction = [&grid, cells](QAction& action, auto act) {
+    QObject::connect(&action, &QAction::triggered, &grid, [cells, act] {
+      if (cells->leave())
+        act();
+    });
+  };
+  onAction(actions.addition(), [&editor] { editor.addRow(); });
+  onAction(actions.edit(), [&editor] { editor.edit(); });
+  onAction(actions.removal(), [&editor, &terminal] { terminal.guarded([&] { editor.remove(); }); });
   QObject::connect(&grid, &EditorGrid::cellChosen, &grid,
                    [&editor](int row, int column) { editor.select(row, column); });
   QObject::connect(&grid, &QTableView::activated, &grid, [&editor] { editor.edit(); });
-  auto* cells = new CellDelegate(&grid);
   cells->commit = [&editor, &terminal](const QString& text) {
     bool done = false;
     terminal.guarded([&] { done = editor.commit(text); });
@@ -58,8 +63,14 @@ std::unique_ptr<RowActions> connectListForm(Ui& ui, QDialog& form, Editor& edito
   cells.tip = Editor::editTip.toString();
   cells.held = [](const QString& typed) { return asciiUpper(typed); };
   QObject::connect(ui.cmd0, &QPushButton::clicked, &form, &QDialog::reject);
-  QObject::connect(ui.cmd1, &QPushButton::clicked, &form, [&editor] { editor.moveUp(); });
-  QObject::connect(ui.cmd2, &QPushButton::clicked, &form, [&editor] { editor.moveDown(); });
+  const auto move = [&](QPushButton* button, void (Editor::*way)()) {
+    QObject::connect(button, &QPushButton::clicked, &form, [&editor, &cells, way] {
+      if (cells.leave())
+        (editor.*way)();
+    });
+  };
+  move(ui.cmd1, &Editor::moveUp);
+  move(ui.cmd2, &Editor::moveDown);
   editor.changed = [&ui, &editor, rows = actions.get()] { mirrorListForm(ui, *rows, editor); };
   mirrorListForm(ui, *actions, editor);
   ui.grid->setFocus();

@@ -15,7 +15,7 @@ LimitsForm::LimitsForm(QWidget* parent, Terminal& terminal)
   setWindowTitle(LimitsEditor::title.toString());
   showRows();
   actions_ = connectListForm(*ui_, *this, editor_, terminal);
-  qobject_cast<CellDelegate*>(ui_->grid->itemDelegate())->commitsTab = true;
+  cells().keepsTyped = true;
 }
 
 LimitsForm::~LimitsForm() = default;
@@ -35,7 +35,13 @@ void LimitsForm::showRows() {
   ui_->grid->setMinimumWidth(digit * allWidth);
 }
 
+CellDelegate& LimitsForm::cells() {
+  return *qobject_cast<CellDelegate*>(ui_->grid->itemDelegate());
+}
+
 void LimitsForm::reject() {
+  if (!cells().leave())
+    return;
   editor_.close();
   QDialog::reject();
 }

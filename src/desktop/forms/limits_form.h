@@ -14,6 +14,8 @@ class LimitsForm;
 
 namespace soran {
 
+class CellDelegate;
+
 /// The form `limits`: the limits of single airports.
 class LimitsForm : public QDialog {
   Q_OBJECT
@@ -26,6 +28,7 @@ class LimitsForm : public QDialog {
 
  private:
   void showRows();
+  CellDelegate& cells();
 
   std::unique_ptr<Ui::LimitsForm> ui_;
   LimitsEditor editor_;
