@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QPainter>
 
 namespace soran {
 
@@ -25,6 +26,22 @@ std::map<int, QString> buttonPictures() {
   return pictures;
 }
 
+/// A button that shows who has the keys: the style's own sign of it is too dark to be seen at night.
+class StripButton final : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QToolButton::paintEvent(event);
+    if (!hasFocus())
+      return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::HighlightedText));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
 } // namespace
 
 ToolbarFrame::ToolbarFrame(QWidget* parent)
@@ -35,7 +52,7 @@ ToolbarFrame::ToolbarFrame(QWidget* parent)
 }
 
 QToolButton* ToolbarFrame::addButton(int index) {
-  auto* button = new QToolButton(this);
+  auto* button = new StripButton(this);
   button->setObjectName(u"img%1"_s.arg(index));
   button->setAutoRaise(true);
   button->setIconSize({iconSize, iconSize});
