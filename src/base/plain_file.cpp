@@ -87,6 +87,16 @@ QString bound(qint64 limit) {
                                       : QString::number(limit / kilobyte) + u" kB";
 }
 
+FileFault writeAll(const Descriptor& file, const QByteArray& bytes) {
+  for (qsizetype done = 0; done < bytes.size();) {
+    const ssize_t written = ::write(file.number(), bytes.constData() + done, size_t(bytes.size() - done));
+    if (written < 0 && errno != EINTR)
+      return faultOf(errno);
+    done += std::max<ssize_t>(written, 0);
+  }
+  return FileFault::None;
+}
+
 } // namespace
 
 FileBytes readPlainFile(const QString& path, qint64 limit, Links links) {
@@ -115,15 +125,17 @@ FileBytes readPlainFile(const QString& path, qint64 limit, Links links) {
 
 FileFault appendToPlainFile(const QString& path, const QByteArray& bytes) {
   const Descriptor file(path, O_WRONLY | O_APPEND | O_CREAT, Links::Refused);
+  return file.fault() == FileFault::None ? writeAll(file, bytes) : file.fault();
+}
+
+FileFault appendLines(const QString& path, const QByteArray& lines) {
+  const Descriptor file(path, O_RDWR | O_APPEND | O_CREAT, Links::Refused);
   if (file.fault() != FileFault::None)
     return file.fault();
-  for (qsizetype done = 0; done < bytes.size();) {
-    const ssize_t written = ::write(file.number(), bytes.constData() + done, size_t(bytes.size() - done));
-    if (written < 0 && errno != EINTR)
-      return faultOf(errno);
-    done += std::max<ssize_t>(written, 0);
-  }
-  return FileFault::None;
+  char last = 0;
+  const bool isEnded =
+      file.size() == 0 || (::pread(file.number(), &last, 1, file.size() - 1) == 1 && last == '\n');
+  return writeAll(file, isEnded ? lines : '\n' + lines);
 }
 
 FileFault replaceable(const QString& path, Links links) {

@@ -38,6 +38,9 @@ FileBytes readPlainFile(const QString& path, qint64 limit, Links links = Links::
 
 /// Adds the bytes at the end of a plain file, which is made where there is none.
 FileFault appendToPlainFile(const QString& path, const QByteArray& bytes);
+/// The same for whole lines: a last line that was cut by a fault is ended first, so that it takes none of
+/// them with it.
+FileFault appendLines(const QString& path, const QByteArray& lines);
 
 /// What stands under that name now can be replaced by a plain file: one, or nothing. None where it can.
 FileFault replaceable(const QString& path, Links links = Links::Refused);

@@ -193,7 +193,7 @@ QString temperatures(const BoardRow& row, const QDateTime&) {
 }
 
 QString qnh(const BoardRow& row, const QDateTime&) {
-  return row.values.pressure ? QString::number(shownPressure(*row.values.pressure)) : QString();
+  return row.values.pressure ? u'Q' + QString::number(shownPressure(*row.values.pressure)) : QString();
 }
 
 QString outlook(const BoardRow& row, int place) {

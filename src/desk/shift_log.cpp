@@ -106,11 +106,10 @@ ShiftLog::Content ShiftLog::read() const {
 }
 
 FileFault ShiftLog::add(std::span<const AlarmEvent> events) {
-  // A line that was cut by a fault must not take the next one with it: an empty line is passed over.
-  QByteArray lines = "\n";
+  QByteArray lines;
   for (const AlarmEvent& event : events)
     lines += jsonLine(event) + '\n';
-  return events.empty() ? FileFault::None : appendToPlainFile(path_, lines);
+  return events.empty() ? FileFault::None : appendLines(path_, lines);
 }
 
 FileFault ShiftLog::dropBefore(const QDateTime& time) {

@@ -63,7 +63,7 @@ TEST(Board, ShowsTheGroupsOfTheReport) {
       {BoardColumn::Weather, u"+TSRA BR"_s},
       {BoardColumn::Ceiling, u"BKN002"_s},
       {BoardColumn::Temperatures, u"12/11"_s},
-      {BoardColumn::Qnh, u"1013"_s},
+      {BoardColumn::Qnh, u"Q1013"_s},
       {BoardColumn::Changes, u"WIND↑ VIS↓ CIG↓ QNH↓"_s},
   };
   for (const auto& [column, text] : cells)
@@ -129,8 +129,8 @@ TEST(Board, FitsTheWidthOfTheTerminal) {
   }
   EXPECT_EQ(boardText(rows, 80, at(5, 12)).toStdString(),
             "ST AP   REPORT      AGE WIND    RWY        VIS/RVR WX CIG    QNH\r\n"
-            "L3 RJTT METAR 0500Z 12m 33015KT 34L H15 X0 0700    BR BKN002 1013\r\n"
-            "OK RJAA METAR 0500Z 12m 36010KT 34L H9 R5  9999              1018");
+            "L3 RJTT METAR 0500Z 12m 33015KT 34L H15 X0 0700    BR BKN002 Q1013\r\n"
+            "OK RJAA METAR 0500Z 12m 36010KT 34L H9 R5  9999              Q1018");
 }
 
 namespace {

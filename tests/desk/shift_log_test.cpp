@@ -53,6 +53,8 @@ TEST_F(ShiftLogTest, HoldsWhatWasAdded) {
   EXPECT_EQ(log.read().events, events);
   EXPECT_TRUE(bytes().contains(
       R"({"airport":"RJTT","element":"VIS","event":"CROSSED","group":"0800","level":2,"limit":1600,"report":"TAF")"));
+  // Each line is an object, for whatever else reads the file.
+  EXPECT_EQ(bytes().count('\n'), qsizetype(events.size()));
 }
 
 TEST_F(ShiftLogTest, ALineThatIsCutTakesNoOtherWithIt) {
