@@ -90,6 +90,20 @@ TEST_F(WindowTest, PictureShowsItsFileOnce) {
   EXPECT_EQ(desktop_->forms().widget(form::Picture{}), nullptr);
 }
 
+TEST_F(WindowTest, WhatWasMinimisedWithTheWindowComesBackWhole) {
+  start();
+  desktop_->forms().show(form::Cameras{});
+  QDialog* cameras = desktop_->forms().widget(form::Cameras{});
+  ASSERT_NE(cameras, nullptr);
+  // As a window manager does with all windows of one that is minimised.
+  desktop_->forms().hide(form::Cameras{});
+  cameras->setWindowState(Qt::WindowMinimized);
+  desktop_->forms().show(form::Cameras{});
+  EXPECT_EQ(desktop_->forms().widget(form::Cameras{}), cameras);
+  EXPECT_TRUE(cameras->isVisible());
+  EXPECT_FALSE(cameras->isMinimized());
+}
+
 TEST_F(WindowTest, NotesGoByThemselves) {
   start();
   desktop_->forms().show(form::NewReports{});

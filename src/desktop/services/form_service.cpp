@@ -72,6 +72,8 @@ void FormService::show(const Form& form) {
   if (const auto* map = std::get_if<form::Map>(&form))
     static_cast<MapForm&>(*widget).setGroup(map->group);
   const auto* graph = std::get_if<form::Graph>(&form);
+  // A window manager minimises it with the main window, and would minimise that again with it.
+  widget->setWindowState(widget->windowState() & ~Qt::WindowMinimized);
   widget->show();
   widget->raise();
   // What it shows is asked for behind this, so nothing may follow.
