@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/run.h"
 
+#include "base/text.h"
 #include "cli/headless.h"
+#include "runs/night_desk.h"
 #include "start/opening.h"
 #include "terminal/picture_lookup.h"
 #include "terminal/terminal.h"
@@ -18,8 +20,9 @@ class Typist final : public Waiting {
  public:
   Typist(const QStringList& lines, Shutdown& shutdown) : lines_(lines), shutdown_(shutdown) {}
 
+  QString next() const { return next_ < lines_.size() ? lines_[next_] : QString(); }
   void typeNext(Terminal& target) {
-    const QString line = next_ < lines_.size() ? lines_[next_] : QString();
+    const QString line = next();
     ++next_;
     for (const QChar c : line)
       target.handleKey(c);
@@ -41,6 +44,16 @@ class Typist final : public Waiting {
   Shutdown& shutdown_;
   qsizetype next_ = 0;
 };
+
+/// What a line needs that the watch brings elsewhere: the reports of a board or a map.
+void bringReports(Terminal& terminal, const QString& line) {
+  const QString typed = asciiUpper(line.simplified());
+  const QString word = typed.section(u' ', 0, 0);
+  if (word != u"BOARD" && word != u"MAP")
+    return;
+  if (const auto codes = boardCodes(terminal.program(), typed.section(u' ', 1)))
+    terminal.cycle().askForUnknown(*codes);
+}
 
 } // namespace
 
@@ -72,8 +85,9 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   typist.terminal = &terminal;
   terminal.guarded([&] { terminal.start(opening.notice()); });
   while (typist.hasMore() && !terminal.ended()) {
+    // Nobody is there to wait for the watch.
+    terminal.guarded([&] { bringReports(terminal, typist.next()); });
     typist.typeNext(terminal);
-    // Nobody is there to wait for the watch, which brings the files of the hours.
     terminal.guarded([&] { terminal.cycle().completeSequence(); });
   }
   QString text = program.console.screen().text();

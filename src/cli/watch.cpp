@@ -92,7 +92,9 @@ void Watch::takeNotices(const QStringList& notices) {
     WatchEvent event = eventOfNotice(notice, now());
     const ReportKind kind = notice.mid(4).startsWith(u" TAF") ? ReportKind::Taf : ReportKind::Metar;
     event.report = onOneLine(program_.knownReports.find(StationCode(event.code), kind));
-    tell(event);
+    // A page in the place of a forecast that there is not counts as another stamp, and is no report.
+    if (!event.report.isEmpty())
+      tell(event);
   }
 }
 

@@ -306,6 +306,19 @@ void WatchCycle::fetchCycleFiles() {
   refreshCycleFiles(program_);
 }
 
+void WatchCycle::askForUnknown(const QStringList& codes) {
+  QStringList unknown;
+  for (const QString& code : codes) {
+    const StationCode station(code);
+    if (!program_.knownReports.find(station, ReportKind::Metar) &&
+        !program_.knownReports.find(station, ReportKind::Taf))
+      unknown.append(code);
+  }
+  if (!unknown.isEmpty())
+    decode_.gather(
+        {.kind = RunKind::List, .codes = unknown.join(u' '), .origin = RunOrigin::Typed, .fullLoad = true});
+}
+
 void WatchCycle::completeSequence() {
   if (!timer4_->enabled())
     return;

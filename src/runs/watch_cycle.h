@@ -45,6 +45,10 @@ class WatchCycle {
   /// Runs once more what was run last.
   void runAgain(RunOrigin origin);
 
+  /// Asks for the reports of those of the stations of which none is known, and shows nothing. Waits in the
+  /// event loop.
+  void askForUnknown(const QStringList& codes);
+
   /// Where a sequence waits for its files: fetches them and runs it again, once, without its pause.
   void completeSequence();
 

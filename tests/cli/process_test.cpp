@@ -42,6 +42,18 @@ TEST_F(CliTest, RunWaitsForTheHoursOfASequence) {
   EXPECT_FALSE(screen.contains(u"LOADING")) << screen.toStdString();
 }
 
+TEST_F(CliTest, RunBringsTheReportsOfABoard) {
+  world.report(u"RJTT"_s, u"05:00"_s, u"240500Z 33010KT 9999 FEW030 12/03 Q1018"_s);
+  for (const QString& line : {u"board"_s, u"MAP"_s}) {
+    Cli run(with({u"run"_s, line}));
+    EXPECT_EQ(run.end(), 0);
+    const QString screen = QString::fromUtf8(run.readAllStandardOutput());
+    EXPECT_TRUE(screen.contains(u" RJTT "));
+    EXPECT_TRUE(screen.contains(u"NO DATA"_s) && screen.count(u"NO DATA") == 1) << screen.toStdString(); // RJAA
+    EXPECT_FALSE(screen.contains(u"WEATHER OBSERVATION"));
+  }
+}
+
 TEST_F(CliTest, TellsByItsStatusWhatWentWrong) {
   const QString elsewhere = world.folder.filePath(u"file"_s);
   writeWhole(elsewhere, "not a directory");
@@ -172,6 +184,8 @@ TEST_F(CliTest, ExportAndImportCarryTheUsersDataOver) {
   EXPECT_EQ(status(u"export"_s, file, "soran.mdb: 形式が異なります"), 1);
   writeWhole(world.path(u"soran.mdb"_s), "no database");
   EXPECT_EQ(status(u"import"_s, file, "soran.mdb: データベースではありません"), 1);
+  QFile::remove(world.path(u"soran.mdb"_s));
+  EXPECT_EQ(status(u"import"_s, file, "一度起動すると"), 1);
 }
 
 TEST_F(CliTest, OneInstanceForEachHome) {

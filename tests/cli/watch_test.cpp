@@ -72,6 +72,23 @@ TEST_F(WatchTest, TellsWhatIsBelowItsLimitAndEndsWithASignal) {
   EXPECT_EQ(endBySignal(watch), 0);
 }
 
+TEST_F(WatchTest, TellsNoReportWhereThereIsNone) {
+  world.server.setFile(forecastsPath + u"RJAA.TXT", "<html>no such file here</html>");
+  Cli watch(with({u"watch"_s, u"--json"_s, u"--list"_s, u"RJAA RJTT"_s}));
+  QStringList reports;
+  QElapsedTimer time;
+  for (time.start(); time.elapsed() < 3000 && watch.state() != QProcess::NotRunning;) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    while (watch.canReadLine()) {
+      const QJsonObject event = QJsonDocument::fromJson(watch.readLine()).object();
+      if (event[u"event"] == u"REPORT"_s)
+        reports.append(event[u"text"].toString() + event[u"raw"].toString());
+    }
+  }
+  EXPECT_EQ(endBySignal(watch), 0);
+  EXPECT_EQ(reports, QStringList());
+}
+
 TEST_F(WatchTest, RefusesWhatItCannotWatch) {
   const std::pair<QStringList, int> cases[] = {
       {{u"watch"_s, u"--list"_s, u"RJT"_s}, 1},
