@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SORAN developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text.h"
+#include "cli/batch_desk.h"
 #include "cli/batch_forecast.h"
 #include "cli/batch_job.h"
 #include "imagery/cameras.h"
@@ -173,6 +174,16 @@ QJsonValue camera(BatchJob& job) {
   return QJsonObject{{u"address"_s, view->address}, {u"title"_s, view->title}, {u"refresh"_s, view->refresh}};
 }
 
+/// A TAF alone, or what METAR and TAF of a station say.
+QJsonValue tafAtOf(BatchJob& job) {
+  return job.fields.has(u"text"_s) ? plainTafAt(job) : tafAt(job);
+}
+
+/// The rows of many airports, or the cells of one.
+QJsonValue board(BatchJob& job) {
+  return job.fields.has(u"reports"_s) ? plainBoard(job) : boardOf(job);
+}
+
 } // namespace
 
 BatchOperation batchOperation(const QString& name) {
@@ -180,8 +191,8 @@ BatchOperation batchOperation(const QString& name) {
       {u"translate"_s, translate}, {u"explain"_s, explain},     {u"colour"_s, colour},
       {u"layout"_s, layout},       {u"sequence"_s, sequence},   {u"sun"_s, sun},
       {u"suntimes"_s, sunTimes},   {u"suntable"_s, sunTableOf}, {u"sungraph"_s, sunGraphOf},
-      {u"chart"_s, chart},         {u"camera"_s, camera},       {u"taf_at"_s, tafAt},
-      {u"board"_s, boardOf},
+      {u"chart"_s, chart},         {u"camera"_s, camera},       {u"taf_at"_s, tafAtOf},
+      {u"board"_s, board},         {u"elements"_s, elementsOf},
   };
   return operations.value(name, nullptr);
 }

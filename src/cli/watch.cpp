@@ -3,6 +3,7 @@
 #include "cli/watch.h"
 
 #include "base/text.h"
+#include "cli/plain_values.h"
 #include "runs/desk_record.h"
 #include "runs/night_desk.h"
 #include "start/opening.h"
@@ -91,7 +92,7 @@ void Watch::takeNotices(const QStringList& notices) {
   for (const QString& notice : notices) {
     WatchEvent event = eventOfNotice(notice, now());
     const ReportKind kind = notice.mid(4).startsWith(u" TAF") ? ReportKind::Taf : ReportKind::Metar;
-    event.report = onOneLine(program_.knownReports.find(StationCode(event.code), kind));
+    addReport(event, kind);
     // A page in the place of a forecast that there is not counts as another stamp, and is no report.
     if (!event.report.isEmpty())
       tell(event);
@@ -100,41 +101,55 @@ void Watch::takeNotices(const QStringList& notices) {
 
 void Watch::takeAlarms() {
   for (const AlarmEvent& alarm : std::exchange(program_.desk.untold, {})) {
-    const auto* known = program_.knownReports.find(StationCode(alarm.code), alarm.report);
-    const bool ofReport = alarm.kind <= AlarmEventKind::Back;
-    tell({.time = alarm.time,
-          .event = nameOf(alarm.kind).toString(),
-          .code = alarm.code,
-          .text = eventText(alarm),
-          .report = ofReport ? onOneLine(known) : QString(),
-          .alarm = alarm});
+    WatchEvent event{.time = alarm.time,
+                     .event = nameOf(alarm.kind).toString(),
+                     .code = alarm.code,
+                     .text = eventText(alarm),
+                     .alarm = alarm};
+    if (alarm.kind <= AlarmEventKind::Back)
+      addReport(event, alarm.report);
+    tell(event);
   }
+}
+
+/// What is known of the airport's newest report of a kind.
+void Watch::addReport(WatchEvent& event, ReportKind kind) {
+  const auto* known = program_.knownReports.find(StationCode(event.code), kind);
+  if (!known)
+    return;
+  event.report = onOneLine(known);
+  event.source = known->source;
+  event.kind = u"TAF"_s;
+  if (kind == ReportKind::Metar)
+    event.kind = kindOf({.observed = known->time, .isSpecial = known->isSpecial});
 }
 
 void Watch::lookAtAges() {
   for (const BoardRow& row : boardRows(program_, program_.desk.watched)) {
     const QString& code = row.code.text();
     const Freshness before = std::exchange(ages_[code], row.freshness);
-    const auto tellState = [&](const QString& name) {
-      tell({.time = now(),
-            .event = name,
-            .code = code,
-            .text = code + u' ' + name + u' ' + cellOf(row, BoardColumn::Report, now())});
+    const auto tellState = [&](const QString& name, ReportKind kind) {
+      WatchEvent event{.time = now(),
+                       .event = name,
+                       .code = code,
+                       .text = code + u' ' + name + u' ' + cellOf(row, BoardColumn::Report, now())};
+      addReport(event, kind);
+      tell(event);
     };
     if (row.freshness == Freshness::Overdue && before != Freshness::Overdue)
-      tellState(u"OVERDUE"_s);
+      tellState(u"OVERDUE"_s, ReportKind::Metar);
     if (row.freshness == Freshness::Current && before == Freshness::Overdue)
-      tellState(u"CURRENT"_s);
+      tellState(u"CURRENT"_s, ReportKind::Metar);
     const bool isExpired = row.taf == TafState::Expired;
     if (isExpired && !std::exchange(expired_[code], isExpired))
-      tellState(u"EXPIRED"_s);
+      tellState(u"EXPIRED"_s, ReportKind::Taf);
     expired_[code] = isExpired;
   }
 }
 
 void Watch::lookAtNetwork() {
-  const auto tellChange = [this](const QString& name, const QString& text) {
-    tell({.time = now(), .event = name, .text = text});
+  const auto tellChange = [this](const QString& name, const QString& text, const QString& source = {}) {
+    tell({.time = now(), .event = name, .text = text, .source = source});
   };
   const bool connected = program_.networkAvailable;
   if (connected_ && *connected_ != connected)
@@ -143,7 +158,8 @@ void Watch::lookAtNetwork() {
   // Behind the words for a network stands the source that is away.
   const QString panel = connected ? program_.connectedText() : panel1_;
   if (panel != panel1_ && !panel1_.isEmpty())
-    tellChange(panel == panelConnected ? u"SOURCE BACK"_s : u"SOURCE AWAY"_s, panel);
+    tellChange(panel == panelConnected ? u"SOURCE BACK"_s : u"SOURCE AWAY"_s, panel,
+               program_.services.endpoints.reportSources().front().name);
   panel1_ = panel;
 }
 

@@ -4,14 +4,36 @@
 
 #include "base/report_rules.h"
 #include "base/utc.h"
+#include "cli/plain_values.h"
 #include "desk/shift_log.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace soran {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// "source_away"; a report that came is new.
+QString plainEvent(const QString& event) {
+  return event == u"REPORT" ? u"new"_s : event.toLower().replace(u' ', u'_');
+}
+
+QJsonValue textOrNull(const QString& text) {
+  return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+/// The limit that a crossing is about.
+QJsonArray hitsOf(const std::optional<AlarmEvent>& alarm) {
+  if (!alarm || alarm->kind > AlarmEventKind::Worse)
+    return {};
+  return {plainNameOf(alarm->element)};
+}
+
+} // namespace
 
 QString lineOf(const WatchEvent& event) {
   QStringList parts = {utcText(event.time), event.event};
@@ -30,12 +52,18 @@ QByteArray jsonOf(const WatchEvent& event) {
   // An alarm is told as the shift log tells it.
   QJsonObject object = event.alarm ? QJsonDocument::fromJson(jsonLine(*event.alarm)).object() : QJsonObject();
   object[u"time"_s] = utcText(event.time);
-  object[u"event"_s] = event.event;
   if (!event.code.isEmpty())
     object[u"airport"_s] = event.code;
   object[u"text"_s] = event.text;
   if (!event.report.isEmpty())
     object[u"raw"_s] = event.report;
+  object[u"event"_s] = plainEvent(event.event);
+  object[u"at"_s] = minuteJson(event.time);
+  object[u"code"_s] = textOrNull(event.code);
+  object[u"kind"_s] = textOrNull(event.kind);
+  object[u"report"_s] = textOrNull(event.report);
+  object[u"hits"_s] = hitsOf(event.alarm);
+  object[u"source"_s] = textOrNull(event.source);
   return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 

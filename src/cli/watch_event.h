@@ -21,10 +21,13 @@ struct WatchEvent {
   QString code = {};   ///< of the airport, empty for what concerns none
   QString text = {};   ///< what a person reads
   QString report = {}; ///< the report on one line, empty where there is none
+  QString kind = {};   ///< METAR, SPECI or TAF; empty where it is about no report
+  QString source = {}; ///< who served the report, or who is away; empty where nobody is known
   std::optional<AlarmEvent> alarm = {};
 };
 
-/// One line a person reads, and one JSON object, both without a line end.
+/// One line a person reads, and one JSON object, both without a line end. The object has the event in small
+/// letters ("new", "source_away").
 QString lineOf(const WatchEvent& event);
 QByteArray jsonOf(const WatchEvent& event);
 

@@ -33,7 +33,8 @@ TEST_F(CliTest, RunTypesItsLinesWhateverVersionIsOut) {
 
 TEST_F(CliTest, RunWaitsForTheHoursOfASequence) {
   for (const QString& hour : {u"02"_s, u"03"_s, u"04"_s})
-    world.server.setFile(cyclesPath + hour + u"Z.TXT", QString(u"RJTT 24" + hour + u"00Z 00000KT\n").toUtf8());
+    world.server.setFile(cyclesPath + hour + u"Z.TXT",
+                         QString(u"RJTT 24" + hour + u"00Z 00000KT\n").toUtf8());
   Cli run(with({u"run"_s, u"SQ RJTT"_s}));
   EXPECT_EQ(run.end(), 0);
   const QString screen = QString::fromUtf8(run.readAllStandardOutput());
@@ -49,7 +50,8 @@ TEST_F(CliTest, RunBringsTheReportsOfABoard) {
     EXPECT_EQ(run.end(), 0);
     const QString screen = QString::fromUtf8(run.readAllStandardOutput());
     EXPECT_TRUE(screen.contains(u" RJTT "));
-    EXPECT_TRUE(screen.contains(u"NO DATA"_s) && screen.count(u"NO DATA") == 1) << screen.toStdString(); // RJAA
+    EXPECT_TRUE(screen.contains(u"NO DATA"_s) && screen.count(u"NO DATA") == 1)
+        << screen.toStdString(); // RJAA
     EXPECT_FALSE(screen.contains(u"WEATHER OBSERVATION"));
   }
 }

@@ -50,17 +50,21 @@ TEST_F(WatchTest, TellsWhatIsBelowItsLimitAndEndsWithASignal) {
   QJsonObject visibility;
   for (int i = 0; i < 3; ++i) {
     const QJsonObject event = watch.receive();
-    events.append(event[u"event"].toString() + u' ' + event[u"airport"].toString() + u' ' +
+    events.append(event[u"event"].toString() + u' ' + event[u"code"].toString() + u' ' +
                   event[u"element"].toString());
     if (event[u"element"] == u"VIS"_s)
       visibility = event;
   }
   events.sort();
-  EXPECT_EQ(events, (QStringList{u"CROSSED RJTT CIG"_s, u"CROSSED RJTT VIS"_s, u"RANG RJTT "_s}))
+  EXPECT_EQ(events, (QStringList{u"crossed RJTT CIG"_s, u"crossed RJTT VIS"_s, u"rang RJTT "_s}))
       << events.join(u", ").toStdString();
   EXPECT_EQ(visibility[u"value"], 300);
   EXPECT_EQ(visibility[u"limit"], 800);
-  EXPECT_EQ(visibility[u"raw"], u"RJTT 240500Z 36003KT 0300 FG VV001 12/12 Q1018"_s);
+  for (const QString& field : {u"raw"_s, u"report"_s})
+    EXPECT_EQ(visibility[field], u"RJTT 240500Z 36003KT 0300 FG VV001 12/12 Q1018"_s);
+  EXPECT_EQ(visibility[u"kind"], u"METAR"_s);
+  EXPECT_EQ(visibility[u"hits"], QJsonArray{u"vis_m"_s});
+  EXPECT_EQ(visibility[u"at"], u"2026-11-24T05:20Z"_s);
   // The hook runs behind the output, once for each event.
   const QDeadlineTimer limit(10'000);
   const auto isHandedOn = [&] {
@@ -81,7 +85,7 @@ TEST_F(WatchTest, TellsNoReportWhereThereIsNone) {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     while (watch.canReadLine()) {
       const QJsonObject event = QJsonDocument::fromJson(watch.readLine()).object();
-      if (event[u"event"] == u"REPORT"_s)
+      if (event[u"event"] == u"new"_s)
         reports.append(event[u"text"].toString() + event[u"raw"].toString());
     }
   }
@@ -117,9 +121,17 @@ TEST(WatchEvents, AreLinesAndObjects) {
   // An airport whose code holds such a word.
   EXPECT_EQ(eventOfNotice(u"CORA METAR CHANGED"_s, now).event, u"REPORT");
   const QJsonObject object = QJsonDocument::fromJson(jsonOf(amended)).object();
+  EXPECT_EQ(object[u"event"], u"amended"_s);
   EXPECT_EQ(object[u"airport"], u"RJTT"_s);
   EXPECT_EQ(object[u"raw"], u"TAF AMD RJTT 240510Z"_s);
   EXPECT_FALSE(object.contains(u"element"));
+  const QJsonObject away =
+      QJsonDocument::fromJson(jsonOf({.time = now, .event = u"SOURCE AWAY"_s, .source = u"noaa"_s})).object();
+  EXPECT_EQ(away[u"event"], u"source_away"_s);
+  EXPECT_EQ(away[u"source"], u"noaa"_s);
+  for (const QString& name : {u"code"_s, u"kind"_s, u"report"_s})
+    EXPECT_EQ(away.value(name), QJsonValue(QJsonValue::Null)) << name.toStdString();
+  EXPECT_EQ(away[u"hits"], QJsonArray());
 }
 
 TEST_F(WatchTest, HooksTellWhatFailedAndGoOn) {
