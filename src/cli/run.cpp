@@ -75,8 +75,11 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
     return notStarted;
   }
   desk.onDialog = [&errors](const QString& text) {
-    errors.tell(QString(text).replace(u'\r', u'\n').trimmed().append(u'\n'));
+    errors.tell(QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').trimmed().append(u'\n'));
   };
+  // What the start had to say beside the reason of one that failed.
+  for (const QJsonValue& dialog : desk.takeSeen().dialogs)
+    desk.onDialog(dialog[u"text"_s].toString());
   desk.onForm = [&program](const Form& shown) {
     if (std::holds_alternative<form::Picture>(shown))
       takePicture(program.services);

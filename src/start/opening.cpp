@@ -199,8 +199,15 @@ bool Opening::restoreDatabase() {
     // The directory cannot be written: the weather can be read all the same, from a database that goes at
     // exit.
     spare_ = std::make_unique<QTemporaryDir>();
+    if (restorationSource(databasePath()).name.isEmpty())
+      return false;
     notice_ = u"DATABASE CANNOT BE WRITTEN / NOTHING WILL BE STORED"_s;
-    return !restorationSource(databasePath()).name.isEmpty();
+    // The screen is soon another one.
+    program_.services.dialogs.message(
+        u" 確認"_s, u"データベースを作成できません。入力した内容は、終了すると失われます　　\r\n\r\n" +
+                        QDir::toNativeSeparators(database));
+    program_.services.shutdown.check();
+    return true;
   }
   const bool isThere = fileExists(database);
   const QString stamp = program_.services.clock.now().toString(u"yyyyMMdd-HHmmss");
