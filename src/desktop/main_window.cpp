@@ -249,6 +249,11 @@ void MainWindow::applyDisplaySettings() {
 void MainWindow::showPanels() {
   panel1_->setText(console_.status().panel1());
   panel2_->setText(console_.status().panel2());
+  // The window's icon tells it in the list of windows as well.
+  if (const bool connected = terminal_.program().networkAvailable; connected != iconTellsConnected_) {
+    iconTellsConnected_ = connected;
+    setWindowIcon(programIcon(connected));
+  }
 }
 
 void MainWindow::showInput() {

@@ -103,6 +103,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<MenuMirror> menus_;
   bool menusChanged_ = false;
   QLabel* panel1_ = nullptr;
+  bool iconTellsConnected_ = true;
   NotedLabel* panel2_ = nullptr;
   QProgressBar* progress_ = nullptr;
   ReportAlert* alert_;

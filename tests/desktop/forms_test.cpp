@@ -5,10 +5,15 @@
 #include "desktop/services/printer_service.h"
 #include "desktop/services/sound_service.h"
 #include "desktop/web/web_page.h"
+#include "desktop/widgets/fit_to_screen.h"
 #include "support/printing.h"
 #include "window_fixture.h"
 
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTableView>
+#include <QVBoxLayout>
 
 namespace soran {
 namespace {
@@ -88,6 +93,54 @@ TEST_F(WindowTest, PictureShowsItsFileOnce) {
   broken.close();
   desktop_->forms().show(form::Picture{});
   EXPECT_EQ(desktop_->forms().widget(form::Picture{}), nullptr);
+}
+
+TEST(FitToScreen, LetsWhatIsLargerThanTheScreenScroll) {
+  const QSize room = QGuiApplication::primaryScreen()->availableSize();
+  const struct {
+    QSize content;
+    bool scrolls;
+  } cases[] = {{{200, 100}, false}, {{room.width() + 500, 100}, true}, {{200, room.height() + 500}, true}};
+  for (const auto& c : cases) {
+    QDialog dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    auto* content = new QLabel(u"content"_s);
+    content->setMinimumSize(c.content);
+    auto* close = new QPushButton(u"close"_s);
+    close->setObjectName(u"cmd0"_s);
+    layout->addWidget(content);
+    layout->addWidget(close);
+    fitToScreen(dialog);
+    dialog.show();
+    EXPECT_EQ(dialog.findChild<QScrollArea*>() != nullptr, c.scrolls);
+    EXPECT_LE(dialog.width(), room.width());
+    EXPECT_LE(dialog.height(), room.height());
+    EXPECT_GE(content->width(), c.content.width());
+    // The keys bring into sight what lies outside.
+    auto* found = dialog.findChild<QPushButton*>(u"cmd0"_s);
+    ASSERT_EQ(found, close);
+    if (auto* area = dialog.findChild<QScrollArea*>(); area && c.content.height() > room.height()) {
+      dialog.activateWindow();
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+      content->setFocusPolicy(Qt::TabFocus);
+      content->setFocus();
+      QTest::keyClick(content, Qt::Key_Tab);
+      EXPECT_TRUE(close->hasFocus());
+      EXPECT_TRUE(close->visibleRegion().contains(close->rect().center()));
+    }
+  }
+}
+
+TEST_F(WindowTest, ItsIconTellsWhetherThereIsANetwork) {
+  start();
+  const auto icon = [this] { return desktop_->window().windowIcon().pixmap(32, 32).toImage(); };
+  Program& program = desktop_->terminal().program();
+  const QImage connected = icon();
+  for (const bool isThere : {false, true}) {
+    program.networkAvailable = isThere;
+    program.console.setPanel(1, isThere ? u"ネットワーク接続確立"_s : u"ネットワーク未接続"_s);
+    EXPECT_EQ(icon() == connected, isThere);
+  }
 }
 
 TEST_F(WindowTest, WhatWasMinimisedWithTheWindowComesBackWhole) {

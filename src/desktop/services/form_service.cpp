@@ -27,6 +27,7 @@
 #include "desktop/forms/version_form.h"
 #include "desktop/services/font_names.h"
 #include "desktop/services/run_dialog.h"
+#include "desktop/widgets/fit_to_screen.h"
 #include "terminal/picture_lookup.h"
 
 #include <QApplication>
@@ -65,6 +66,7 @@ void FormService::show(const Form& form) {
     widget = std::visit([this](const auto& kind) { return make(kind); }, form);
     if (!widget)
       return;
+    fitToScreen(*widget);
     connect(widget.get(), &QDialog::finished, this, [this, form] { terminal_->forms().closed(form); });
   }
   if (const auto* board = std::get_if<form::Board>(&form))

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScreen>
+#include <QStyleOption>
 
 namespace soran {
 
@@ -16,7 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int colouredFaces = 18;
-constexpr int iconSize = 24;
+constexpr int usualIcon = 24;
+constexpr int smallIcon = 16;
+constexpr int narrowScreen = 800; // units, as they are with a great scale
 
 /// The pictures of the buttons by their index: 7 is "img07-scroll-bar".
 std::map<int, QString> buttonPictures() {
@@ -26,12 +30,20 @@ std::map<int, QString> buttonPictures() {
   return pictures;
 }
 
-/// A button that shows who has the keys: the style's own sign of it is too dark to be seen at night.
+/// A button that shows who has the keys: the style's own sign of it is too dark to be seen at night. A grey one
+/// is not raised under the mouse.
 class StripButton final : public QToolButton {
  public:
   using QToolButton::QToolButton;
 
+  bool isRaisedByMouse = false;
+
  protected:
+  void initStyleOption(QStyleOptionToolButton* option) const override {
+    QToolButton::initStyleOption(option);
+    if (!isRaisedByMouse)
+      option->state &= ~QStyle::State_MouseOver;
+  }
   void paintEvent(QPaintEvent* event) override {
     QToolButton::paintEvent(event);
     if (!hasFocus())
@@ -45,17 +57,18 @@ class StripButton final : public QToolButton {
 } // namespace
 
 ToolbarFrame::ToolbarFrame(QWidget* parent)
-    : QFrame(parent), strip_(new QHBoxLayout(this)), pictures_(buttonPictures()) {
+    : QFrame(parent), strip_(new QHBoxLayout(this)), pictures_(buttonPictures()),
+      iconSize_(screen()->availableSize().width() < narrowScreen ? smallIcon : usualIcon) {
   strip_->setContentsMargins(0, 0, 0, 0);
   strip_->setSpacing(1);
-  setMinimumHeight(iconSize + 10);
+  setMinimumHeight(usualIcon + 10);
 }
 
 QToolButton* ToolbarFrame::addButton(int index) {
   auto* button = new StripButton(this);
   button->setObjectName(u"img%1"_s.arg(index));
   button->setAutoRaise(true);
-  button->setIconSize({iconSize, iconSize});
+  button->setIconSize({iconSize_, iconSize_});
   // A click leaves the keys with the screen; the strip is reached by Tab.
   button->setFocusPolicy(Qt::TabFocus);
   connect(button, &QToolButton::clicked, this, [this, index] { emit buttonPressed(index); });
@@ -80,6 +93,7 @@ void ToolbarFrame::showButtons(const QList<ToolButton>& buttons) {
       place.button = addButton(told.index);
     if (place.coloured != told.coloured) {
       place.coloured = told.coloured;
+      static_cast<StripButton*>(place.button)->isRaisedByMouse = told.coloured;
       place.button->setIcon(drawnIcon(pictures_[told.index + (told.coloured ? colouredFaces : 0)]));
     }
     showTip(*place.button, told.hover);

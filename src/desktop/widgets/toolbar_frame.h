@@ -40,6 +40,7 @@ class ToolbarFrame : public QFrame {
   QBoxLayout* strip_;
   std::map<int, QString> pictures_; // by index, without ending
   std::map<int, Place> places_;
+  int iconSize_;
 };
 
 } // namespace soran
