@@ -77,8 +77,10 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   desk.onDialog = [&errors](const QString& text) {
     errors.tell(QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').trimmed().append(u'\n'));
   };
-  // What the start had to say beside the reason of one that failed.
-  for (const QJsonValue& dialog : desk.takeSeen().dialogs)
+  // A database that was restored, or cannot be made: the screen that tells it is soon another one.
+  for (const QString& line : opening.notice().split(crlf.toString(), Qt::SkipEmptyParts))
+    errors.tell(QString(line).append(u'\n'));
+  for (const QJsonValue& dialog : opening.notice().isEmpty() ? QJsonArray() : desk.takeSeen().dialogs)
     desk.onDialog(dialog[u"text"_s].toString());
   desk.onForm = [&program](const Form& shown) {
     if (std::holds_alternative<form::Picture>(shown))

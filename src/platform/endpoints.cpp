@@ -38,15 +38,29 @@ int countIn(const QSettings& ini, const QString& name, int standard, int least, 
   return isNumber ? std::clamp(number, least, most) : standard;
 }
 
+/// That of a section [source.1], [source.2], ...; nothing of any other.
+std::optional<int> sourceNumber(const QString& section) {
+  bool isNumber = false;
+  const int number = section.mid(7).toInt(&isNumber);
+  return section.startsWith(u"source.") && isNumber && number > 0 ? std::optional(number) : std::nullopt;
+}
+
+/// There is more in it than comments.
+bool saysAnything(const QByteArray& bytes) {
+  const QList<QByteArray> lines = bytes.split('\n');
+  return std::ranges::any_of(lines, [](const QByteArray& line) {
+    const QByteArray text = line.trimmed();
+    return !text.isEmpty() && !text.startsWith(';') && !text.startsWith('#');
+  });
+}
+
 /// The sections [source.1], [source.2], ... in the order of their numbers. One without an address for either
 /// kind is left out.
 std::vector<ReportSource> sourcesIn(QSettings& ini, const QString& iniFile) {
   QMap<int, QString> sections;
   for (const QString& section : ini.childGroups()) {
-    bool isNumber = false;
-    const int number = section.mid(7).toInt(&isNumber);
-    if (section.startsWith(u"source.") && isNumber && number > 0)
-      sections.insert(number, section);
+    if (const std::optional<int> number = sourceNumber(section))
+      sections.insert(*number, section);
   }
   std::vector<ReportSource> sources;
   for (const QString& section : std::as_const(sections)) {
@@ -81,6 +95,62 @@ bool lacksKeysOf(const QSettings& ini, const QByteArray& bytes) {
   const QStringList known = ini.allKeys();
   const auto isLast = [&](const QString& key) { return key.section(u'/', -1) == last; };
   return !last.isEmpty() && std::none_of(known.begin(), known.end(), isLast);
+}
+
+bool isAddress(const QString& value) {
+  const QUrl url(value);
+  return url.isLocalFile() ||
+         ((url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty());
+}
+
+/// What a section of a source says that is not taken.
+QStringList remarksOnSource(const QSettings& ini) {
+  QStringList remarks;
+  for (const QString& name : {u"metar"_s, u"taf"_s}) {
+    const QString value = ini.value(name).toStringList().join(u',');
+    if (value.isEmpty())
+      remarks.append(u"HAS NO ADDRESS FOR " + name.toUpper());
+    else if (!value.startsWith(u"./") && !isAddress(value))
+      remarks.append(name + u" IS NO ADDRESS");
+  }
+  if (const QString form = ini.value(u"form"_s).toString();
+      !form.isEmpty() && form != u"noaa-station" && form != u"raw-lines")
+    remarks.append(u"form IS NEITHER noaa-station NOR raw-lines"_s);
+  for (const QString& name : {u"list"_s, u"pause"_s}) {
+    bool isNumber = false;
+    const int number = ini.value(name, 1).toInt(&isNumber);
+    if (!isNumber || number < (name == u"list" ? 1 : 0))
+      remarks.append(name + u" IS NO SUCH NUMBER");
+  }
+  return remarks;
+}
+
+/// What a file says that is not taken. One that only comments says nothing.
+QStringList remarksOn(QSettings& ini, const QByteArray& bytes) {
+  QStringList remarks;
+  bool isOurs = false;
+  for (const QString& section : ini.childGroups()) {
+    ini.beginGroup(section);
+    if (sourceNumber(section)) {
+      for (const QString& remark : remarksOnSource(ini))
+        remarks.append(u'[' + section + u"] " + remark);
+      isOurs = true;
+    } else if (section != u"endpoints") {
+      remarks.append(u'[' + section + u"] IS NO SECTION OF IT");
+    } else {
+      isOurs = true;
+      for (const QString& name :
+           {u"update"_s, u"metar"_s, u"taf"_s, u"cycles"_s, u"home"_s, u"probe"_s, u"sigmet"_s}) {
+        const QString value = ini.value(name).toStringList().join(u',');
+        if (!value.isEmpty() && !value.startsWith(u"./") && !isAddress(value))
+          remarks.append(name + u" IS NO ADDRESS");
+      }
+    }
+    ini.endGroup();
+  }
+  if (!isOurs && saysAnything(bytes))
+    remarks.append(u"NO SECTION [endpoints] OR [source.1] IN IT"_s);
+  return remarks;
 }
 
 int aheadOf(const QString& value) {
@@ -119,6 +189,8 @@ Endpoints Endpoints::overriddenBy(const QString& iniFile, FileFault* why) const 
   QSettings ini(iniFile, QSettings::IniFormat);
   if (why && (ini.status() == QSettings::AccessError || lacksKeysOf(ini, read.bytes)))
     *why = FileFault::Failed;
+  for (const QString& remark : remarksOn(ini, read.bytes))
+    e.remarks.append(QFileInfo(iniFile).fileName() + u": " + remark);
   const std::vector<ReportSource> listed = sourcesIn(ini, iniFile);
   ini.beginGroup(u"endpoints"_s);
   const QHash<QString, QString*> known = {

@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 #include <vector>
 
@@ -31,6 +32,8 @@ struct Endpoints {
   bool signedUpdates = false;     ///< asks for a signature even from a folder or from loopback
   QHash<QString, QString> others; ///< hosts of charts and cameras that go before `images`, by key
   LateImageTable images = {};     ///< where each chart and camera is had
+  /// What the files say that is not taken, in words for the screen: "[source.2] HAS NO ADDRESS FOR TAF".
+  QStringList remarks = {};
 
   /// At least one source.
   std::vector<ReportSource> reportSources() const;

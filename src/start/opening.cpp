@@ -96,6 +96,8 @@ Opening::Result Opening::start() {
   recordVersion();
   renewFiles();
   takeServerAddress();
+  for (const QString& remark : program_.services.endpoints.remarks)
+    notice_ += (notice_.isEmpty() ? QString() : crlf.toString()) + remark;
   return Result::Started;
 }
 

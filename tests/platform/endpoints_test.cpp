@@ -45,6 +45,35 @@ TEST(Endpoints, AheadIsANumberWithinItsBounds) {
   }
 }
 
+TEST(Endpoints, TellWhatOfAFileIsNotTaken) {
+  const OwnFolder folder;
+  const std::pair<QByteArray, QStringList> cases[] = {
+      {"", {}},
+      {"; a comment\n\n  # and another\n", {}},
+      {"hello world\n", {u"NO SECTION [endpoints] OR [source.1] IN IT"_s}},
+      {"[endpoint]\nmetar=http://a/\n",
+       {u"[endpoint] IS NO SECTION OF IT"_s, u"NO SECTION [endpoints] OR [source.1] IN IT"_s}},
+      {"[endpoints]\nmetar=hello world\nprobe=\nhome=./home\nupdate=http://127.0.0.1:1\n",
+       {u"metar IS NO ADDRESS"_s}},
+      {"[source.1]\nmetar=http://a/{code}\nform=zzz\nlist=-4\npause=0\n",
+       {u"[source.1] HAS NO ADDRESS FOR TAF"_s, u"[source.1] form IS NEITHER noaa-station NOR raw-lines"_s,
+        u"[source.1] list IS NO SUCH NUMBER"_s}},
+      {"[source.x]\nmetar=http://a/\ntaf=http://a/\n[endpoints]\nahead=2\n",
+       {u"[source.x] IS NO SECTION OF IT"_s}},
+  };
+  int files = 0;
+  for (const auto& [text, remarks] : cases) {
+    const QString name = u"e"_s + QString::number(++files);
+    ASSERT_TRUE(writeWhole(folder.filePath(name), text));
+    QStringList told = Endpoints::builtIn(QString()).overriddenBy(folder.filePath(name)).remarks;
+    for (QString& line : told)
+      line.remove(name + u": ");
+    EXPECT_EQ(told, remarks) << text.toStdString();
+  }
+  for (const QString& shipped : {u"/packaging/endpoints.ini"_s, u"/packaging/relay/endpoints.ini"_s})
+    EXPECT_EQ(Endpoints().overriddenBy(QStringView(SORAN_SOURCE_DIR) + shipped).remarks, QStringList());
+}
+
 TEST(Endpoints, NameTheSourcesOfReportsInTheirOrder) {
   const OwnFolder folder;
   auto read = [&, files = 0](const QByteArray& text) mutable {
