@@ -26,6 +26,9 @@ struct CodeWalk {
   void take(size_t count = 1) { at += count; }
 };
 
+/// Recent weather, wind shear and whatever else stands ahead of the trend.
+void tellSupplementByCode(CodeWalk& code);
+
 /// NOSIG and the landing forecasts, up to the remarks.
 void tellTrendByCode(CodeWalk& code);
 

@@ -97,6 +97,9 @@ void tellClosing(ReportWalk& walk);
 /// All of the report behind the header, as the code form means it.
 void tellBodyByCode(ReportWalk& walk);
 
+/// A weather group told by its signs and pairs of letters (WMO No. 306, code table 4678).
+void tellPairs(ReportWalk& walk, QStringView group);
+
 /// A weather group, or a cloud layer of a known amount; nothing for any other group.
 void tellWeatherGroup(ReportWalk& walk, QStringView group);
 

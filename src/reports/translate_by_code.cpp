@@ -66,13 +66,14 @@ QString visibilityText(QStringView whole, QStringView group) {
   QString text;
   if (group.startsWith(u"////"))
     return notReported(u"視程");
-  if (group == u"9999")
-    return QStringLiteral("10キロメートル以上");
   if (group.endsWith(u"SM")) {
     writeMiles(text, whole, group);
     return text;
   }
-  writeAll(text, Plain{leadingNumber(group)}, group.endsWith(u"KM") ? u"キロメートル" : u"メートル");
+  if (group.startsWith(u"9999"))
+    write(text, u"10キロメートル以上");
+  else
+    writeAll(text, Plain{leadingNumber(group)}, group.endsWith(u"KM") ? u"キロメートル" : u"メートル");
   if (group.size() > metres)
     writeAll(text, u" (", group.sliced(metres), u")");
   return text;
@@ -185,6 +186,7 @@ void tellBodyByCode(ReportWalk& walk) {
   tellSky(code);
   tellTemperatures(code);
   tellAltimeter(code);
+  tellSupplementByCode(code);
   tellTrendByCode(code);
   tellRemarksByCode(code);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/code_phrases.h"
 #include "reports/code_walk.h"
+#include "reports/weather_words.h"
 
 namespace soran {
 
@@ -60,10 +61,12 @@ void tellTrendLayer(ReportWalk& walk, QStringView group) {
   for (const TrendCloud& cloud : trendClouds) {
     if (!group.startsWith(cloud.word))
       continue;
+    const QStringView amount = cloud.phrase.chopped(QStringView(u"雲 ").size());
     if (mid1(group, 4, 3) == u"///")
-      walk.tell(u"雲低高度不明な", cloud.phrase.sliced(QStringView(u"フィートに").size()));
+      walk.tell(u"雲低高度不明な", amount.sliced(QStringView(u"フィートに").size()));
     else
-      walk.tell(Plain{heightAt(group, 4)}, cloud.phrase);
+      walk.tell(Plain{heightAt(group, 4)}, amount);
+    walk.tell(cloudWord(group), u" ");
   }
 }
 
@@ -87,9 +90,56 @@ void tellTrendGroupByCode(ReportWalk& walk, QStringView group) {
     walk.tell(u"地上視程 10キロメートル以上 ");
   else if (hasShape(group, {u"####"}))
     walk.tell(u"地上視程 ", Plain{leadingNumber(group)}, u"メートル ");
+  else if (hasShape(group, {u"VV###"}))
+    walk.tell(u"鉛直視程 ", Plain{heightAt(group, 3)}, u"フィート ");
+  else if (const auto phrase = walk.dictionaries.phrase(group))
+    walk.tell(*phrase, u" ");
+  else if (isWeatherGroup(group)) {
+    walk.tell(group, u" / ");
+    tellPairs(walk, group);
+    walk.tell(u" ");
+  }
+}
+
+/// The runways of a wind shear, WS R34L, WS RWY34L or WS ALL RWY (ICAO Annex 3, appendix 3, 4.8.1.4), and how
+/// many groups tell it; nothing where it is none.
+std::optional<std::pair<QString, size_t>> windShear(const CodeWalk& code) {
+  if (code.peek() != u"WS")
+    return std::nullopt;
+  if (code.peek(1) == u"ALL" && code.peek(2) == u"RWY")
+    return std::pair(QStringLiteral("すべての滑走路"), size_t(3));
+  const QStringView runway = code.peek(1);
+  if (!runway.startsWith(u'R'))
+    return std::nullopt;
+  return std::pair(QStringLiteral("滑走路") + runway.sliced(runway.startsWith(u"RWY") ? 3 : 1), size_t(2));
 }
 
 } // namespace
+
+void tellSupplementByCode(CodeWalk& code) {
+  constexpr QStringView recent = u"RE";
+  ReportWalk& walk = code.walk;
+  bool isFirst = true;
+  const auto begin = [&] {
+    walk.field(isFirst ? u"補足記事　　 ： " : u"　　　　　　　　");
+    isFirst = false;
+  };
+  for (; !code.atEnd() && !endsObservation(code.peek()); code.take()) {
+    const QStringView group = code.peek();
+    if (const auto shear = windShear(code)) {
+      begin();
+      walk.tell(shear->first, u"にウィンドシァー警報");
+      code.take(shear->second - 1);
+    } else if (group.startsWith(recent) && walk.dictionaries.phrase(group)) {
+      begin();
+      walk.tell(*walk.dictionaries.phrase(group));
+    } else if (group.startsWith(recent) && isWeatherGroup(group.sliced(recent.size()))) {
+      begin();
+      walk.tell(group, u" / 直近に");
+      tellPairs(walk, group.sliced(recent.size()));
+    }
+  }
+}
 
 void tellTrendByCode(CodeWalk& code) {
   constexpr QStringView first = u"着陸予報　　 ： ";

@@ -35,7 +35,8 @@ bool holdsCloudAmount(QStringView group) {
 
 namespace {
 
-/// A weather group told by its signs and pairs of letters (WMO No. 306, code table 4678).
+} // namespace
+
 void tellPairs(ReportWalk& walk, QStringView group) {
   if (group.isEmpty()) {
     walk.tell(u"解析不能");
@@ -59,6 +60,8 @@ void tellPairs(ReportWalk& walk, QStringView group) {
       walk.tell(u" 記号該当なし(", pair, u")");
   }
 }
+
+namespace {
 
 void tellWeather(ReportWalk& walk, QStringView group) {
   if (const auto phrase = walk.dictionaries.phrase(group)) {
