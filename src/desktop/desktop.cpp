@@ -88,6 +88,8 @@ bool Desktop::start() {
 
 void Desktop::showWindow() {
   window_ = std::make_unique<MainWindow>(view_, launch_.demo());
+  if (launch_.demo())
+    printers_.mark = u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***"_s;
   dialogs_.setWindow(window_.get());
   forms_.setWindow(window_.get());
   pages_.setPane(&window_->browser());

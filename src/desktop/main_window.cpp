@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTimer>
@@ -184,6 +185,11 @@ void MainWindow::connectPane() {
       ui_->WebBrowser->open(ui_->inputURL->text());
   };
   connect(ui_->inputURL, &QLineEdit::returnPressed, this, go);
+  // A line has no use for them, and the way to the page by Tab is long.
+  for (const int key : {Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Up, Qt::Key_Down}) {
+    auto* scrolling = new QShortcut(QKeySequence(key), ui_->inputURL, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(scrolling, &QShortcut::activated, &browser, [&browser, key] { browser.takeKeys(key); });
+  }
   connect(ui_->imgGo, &QToolButton::clicked, this, go);
 }
 

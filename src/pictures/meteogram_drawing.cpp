@@ -177,9 +177,12 @@ void Picture::drawGround() {
                   .element = u"NIGHT"_s,
                   .time = night.from});
   }
-  label(meteogram_.code.text() + u"  " + meteogram_.name + u"  " + displayedTime(meteogram_.now, settings_) +
-            u"  " + (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote) +
-            (meteogram_.knowsNights ? u"" : u"  NO SUN TIMES"),
+  constexpr int longestName = 24;
+  label(meteogram_.code.text() + u"  " + meteogram_.name.left(longestName) + u"  " +
+            displayedTime(meteogram_.now, settings_) + u"  " +
+            (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote) +
+            (meteogram_.knowsNights ? u"" : u"  NO SUN TIMES") +
+            (meteogram_.isDemonstration ? u"  DEMONSTRATION DATA" : u""),
         {6, titleHeight / 2}, TextPlace::Left);
 }
 

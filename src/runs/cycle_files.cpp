@@ -72,13 +72,16 @@ void refreshCycleFiles(Program& program) {
   download(program, hours.back());
 }
 
+std::vector<UtcHour> latestHours(Program& program) {
+  SettingsRecord inUtcHours = program.record();
+  inUtcHours.set(key::LOCAL使用, false);
+  return sequenceHours(program.services.clock.now().toUTC().time(), inUtcHours, ZoneOffset{0});
+}
+
 void completeCycleFiles(Program& program) {
   if (program.settings()[key::シーケンス表示] != true)
     return;
-  const QTime now = program.services.clock.now().toUTC().time();
-  SettingsRecord inUtcHours = program.record();
-  inUtcHours.set(key::LOCAL使用, false);
-  for (const UtcHour hour : sequenceHours(now, inUtcHours, ZoneOffset{0})) {
+  for (const UtcHour hour : latestHours(program)) {
     if (!cycleFileIsThere(program, hour))
       download(program, hour);
   }

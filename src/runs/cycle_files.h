@@ -13,8 +13,10 @@ namespace soran {
 /// event loop.
 void refreshCycleFiles(Program& program);
 
-/// The same for the hours of the window by the world's clock, where those of the zone of the settings are
-/// others.
+/// The hours of the window by the world's clock, the present one the last.
+std::vector<UtcHour> latestHours(Program& program);
+
+/// Brings the files of these, where those of the zone of the settings are others.
 void completeCycleFiles(Program& program);
 
 /// Whether an hour's file has come. One of the day before is none.

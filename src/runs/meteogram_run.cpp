@@ -12,11 +12,11 @@ namespace soran {
 
 namespace {
 
-/// The lines of the station in the files of the last day.
-QStringList cycleLines(const Program& program, const StationCode& code) {
+/// The lines of the station in the files of the sequence's hours.
+QStringList cycleLines(Program& program, const StationCode& code) {
   QStringList lines;
-  for (int hour = 0; hour < 24; ++hour) {
-    const std::optional<CycleFile> file = readCycleFile(program, UtcHour{hour}, {code});
+  for (const UtcHour hour : latestHours(program)) {
+    const std::optional<CycleFile> file = readCycleFile(program, hour, {code});
     if (!file)
       continue;
     for (const QString& line : file->lines(0))
@@ -48,6 +48,7 @@ Meteogram knownMeteogram(Program& program, const StationCode& code) {
                                     program.services.clock.now().toUTC(), program.limitsOf(code));
   if (const std::optional<EarthPosition> position = positionOf(program, code.text()))
     meteogram.isSouthern = position->latitude < 0;
+  meteogram.isDemonstration = program.services.demonstration;
   meteogram.name = program.dictionaries().stationName(code.text()).value_or(QString());
   return meteogram;
 }

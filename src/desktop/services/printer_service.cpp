@@ -91,14 +91,16 @@ bool PrinterService::print(const PrintJob& job) {
   const QFont font = terminalFont(job.font, job.size, job.bold);
   painter.setFont(font);
   const QFontMetricsF metrics(font, &printer);
-  const QSizeF area = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+  QSizeF area = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+  const QStringList head = mark.isEmpty() ? QStringList() : QStringList{mark, QString()};
+  area.rheight() -= metrics.lineSpacing() * double(head.size());
   bool first = true;
   for (const QStringList& page : printedPages(job.text, font, area, &printer)) {
     if (!first && !printer.newPage())
       return false;
     first = false;
     double y = metrics.ascent();
-    for (const QString& line : page) {
+    for (const QString& line : head + page) {
       painter.drawText(QPointF(0, y), line);
       y += metrics.lineSpacing();
     }

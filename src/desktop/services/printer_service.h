@@ -17,6 +17,8 @@ namespace soran {
 /// writes a file into the user's documents.
 class PrinterService final : public Printers {
  public:
+  QString mark = {}; ///< ahead of each page of text; nothing where it is empty
+
   QStringList installed() const override;
   bool print(const PrintJob& job) override;
 };

@@ -4,6 +4,8 @@
 
 #include "platform/program_module.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QVBoxLayout>
 #include <unistd.h>
@@ -60,6 +62,18 @@ void BrowserFrame::open(const QString& address) {
 void BrowserFrame::stopPage() {
   if (page_)
     page_->stop();
+}
+
+void BrowserFrame::takeKeys(int key) {
+  if (!page_)
+    return;
+  QWidget* widget = page_->widget();
+  widget->setFocus();
+  QWidget* target = widget->focusProxy() ? widget->focusProxy() : widget;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &event);
+  }
 }
 
 void BrowserFrame::back() {

@@ -20,6 +20,8 @@ class BrowserFrame : public QFrame {
   void open(const QString& address);
   void stopPage();
   void back();
+  /// The page gets the keys, beginning with this one (Qt::Key); nothing where there is no page.
+  void takeKeys(int key);
 
  signals:
   void pageState(soran::WebPage::State state);
