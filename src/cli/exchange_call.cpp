@@ -19,7 +19,8 @@ int withTables(const LaunchOptions& options, StandardStream& errors,
   const QString directory = programDirectory(options);
   const QString database = directory + u"/soran.mdb";
   if (!fileExists(database)) {
-    errors.tell(u"soran-cli: "_s + database + u": データベースがありません。SORAN を一度起動すると作られます\n");
+    errors.tell(u"soran-cli: "_s + database +
+                u": データベースがありません。SORAN を一度起動すると作られます\n");
     return 1;
   }
   FileLock lock(directory + u"/soran.lock");

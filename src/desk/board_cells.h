@@ -21,7 +21,8 @@ QString visibility(const BoardRow& row, const QDateTime& now);
 QString weather(const BoardRow& row, const QDateTime& now);
 QString ceiling(const BoardRow& row, const QDateTime& now); ///< with its amount, as reported
 QString temperatures(const BoardRow& row, const QDateTime& now);
-QString qnh(const BoardRow& row, const QDateTime& now); ///< hectopascals behind a Q, which the colouring needs
+QString qnh(const BoardRow& row,
+            const QDateTime& now); ///< hectopascals behind a Q, which the colouring needs
 /// "VIS0800 18Z"; `place` from 0 in outlookHours.
 QString outlook(const BoardRow& row, int place);
 QString sigmet(const BoardRow& row, const QDateTime& now);

@@ -23,9 +23,9 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QScreen>
-#include <QShortcut>
 #include <QScrollBar>
 #include <QSettings>
+#include <QShortcut>
 #include <QTimer>
 #include <QWindow>
 

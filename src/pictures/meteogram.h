@@ -37,7 +37,7 @@ struct Meteogram {
   QDateTime to = {};                   ///< a full hour
   std::vector<Observed> observed = {}; ///< by time, the last report of each
   QString tafText = {};                ///< empty where there is none in force
-  bool isDemonstration = false; ///< nothing of it is weather
+  bool isDemonstration = false;        ///< nothing of it is weather
   QString tafNote = {}; ///< why there is none: "NO TAF", "TAF NIL" ...; "TAF UNREAD" for a part
   std::vector<ForecastSlice> taf = {}; ///< those from now on
   std::vector<Night> nights = {};      ///< in that time; none where the sun times are not known

@@ -33,9 +33,7 @@ bool holdsCloudAmount(QStringView group) {
   return std::ranges::any_of(cloudAmounts, [group](const CloudAmount& c) { return group.contains(c.word); });
 }
 
-namespace {
-
-} // namespace
+namespace {} // namespace
 
 void tellPairs(ReportWalk& walk, QStringView group) {
   if (group.isEmpty()) {

@@ -128,10 +128,14 @@ TEST(MapDrawing, TellsTheDegreesOfItsLines) {
     double scale;
     QStringList meridians, parallels;
   } const cases[] = {
-      {{36, 138}, 10, {u"E110"_s, u"E120"_s, u"E130"_s, u"E140"_s, u"E150"_s, u"E160"_s, u"E170"_s},
+      {{36, 138},
+       10,
+       {u"E110"_s, u"E120"_s, u"E130"_s, u"E140"_s, u"E150"_s, u"E160"_s, u"E170"_s},
        {u"N20"_s, u"N30"_s, u"N40"_s, u"N50"_s}},
-      {{0, 180}, 160, {u"E178"_s, u"E17830"_s, u"E179"_s, u"E17930"_s, u"W180"_s, u"W17930"_s, u"W179"_s,
-                       u"W17830"_s, u"W178"_s},
+      {{0, 180},
+       160,
+       {u"E178"_s, u"E17830"_s, u"E179"_s, u"E17930"_s, u"W180"_s, u"W17930"_s, u"W179"_s, u"W17830"_s,
+        u"W178"_s},
        {u"S0130"_s, u"S01"_s, u"S0030"_s, u"N00"_s, u"N0030"_s, u"N01"_s, u"N0130"_s}},
   };
   for (const auto& c : cases) {

@@ -173,7 +173,8 @@ TEST(Start, ServesFromAFolderThatCannotBeWritten) {
     ProgramRun run(world);
     ASSERT_TRUE(run.start());
     EXPECT_EQ(run.screen().contains(u"DATABASE CANNOT BE WRITTEN / NOTHING WILL BE STORED"), !hasDatabase);
-    EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs).join(u' ').contains(u"終了すると失われます"), !hasDatabase);
+    EXPECT_EQ(textsOf(run.desk.takeSeen().dialogs).join(u' ').contains(u"終了すると失われます"),
+              !hasDatabase);
     run.type(u"RJTT"_s);
     EXPECT_TRUE(run.screen().contains(u"RJTT  METAR 1400I\r\n      240500Z 33010KT\n"));
     run.type(u"SQ RJTT"_s);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double letterSize = 13;
 constexpr double degreesScale = 0.85; // of a letter
-constexpr double layerMargin = 0.25; // of the view, on each side of it
+constexpr double layerMargin = 0.25;  // of the view, on each side of it
 constexpr double zoomStep = 1.5;
 constexpr double clickReach = 16;
 constexpr double smallestView = 10;

@@ -30,8 +30,8 @@ std::map<int, QString> buttonPictures() {
   return pictures;
 }
 
-/// A button that shows who has the keys: the style's own sign of it is too dark to be seen at night. A grey one
-/// is not raised under the mouse.
+/// A button that shows who has the keys: the style's own sign of it is too dark to be seen at night. A grey
+/// one is not raised under the mouse.
 class StripButton final : public QToolButton {
  public:
   using QToolButton::QToolButton;
