@@ -67,7 +67,7 @@ void takeWorse(QJsonObject& worst, const QJsonObject& other) {
       take(name);
   }
   QJsonArray weather = worst[u"weather"_s].toArray();
-  for (const QJsonValue& group : other[u"weather"_s].toArray()) {
+  for (const QJsonValue group : other[u"weather"_s].toArray()) {
     if (!weather.contains(group))
       weather.append(group);
   }
@@ -218,7 +218,7 @@ QJsonValue plainBoard(BatchJob& job) {
   const QJsonObject limits = job.fields.has(u"limits"_s) ? job.fields.object(u"limits"_s) : QJsonObject();
   job.fields.finish();
   std::vector<QJsonObject> rows;
-  for (const QJsonValue& report : reports) {
+  for (const QJsonValue report : reports) {
     if (!report.isObject())
       throw InputError(u"a row of \"reports\" is not an object"_s);
     rows.push_back(rowOf(report.toObject(), limits, now));

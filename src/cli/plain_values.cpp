@@ -137,7 +137,7 @@ QString plainNameOf(const QString& element) {
       {u"VIS", u"vis_m"},    {u"RVR", u"rvr_m"},  {u"CIG", u"ceiling_ft"},     {u"WIND", u"wind_kt"},
       {u"GUST", u"gust_kt"}, {u"WX", u"weather"}, {u"XWIND", u"crosswind_kt"},
   };
-  const QString plain = element.section(u' ', -1);
+  QString plain = element.section(u' ', -1);
   for (const auto& [logged, name] : names) {
     if (logged == plain)
       return name.toString();

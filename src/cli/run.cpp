@@ -80,7 +80,7 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   // A database that was restored, or cannot be made: the screen that tells it is soon another one.
   for (const QString& line : opening.notice().split(crlf.toString(), Qt::SkipEmptyParts))
     errors.tell(QString(line).append(u'\n'));
-  for (const QJsonValue& dialog : opening.notice().isEmpty() ? QJsonArray() : desk.takeSeen().dialogs)
+  for (const QJsonValue dialog : opening.notice().isEmpty() ? QJsonArray() : desk.takeSeen().dialogs)
     desk.onDialog(dialog[u"text"_s].toString());
   desk.onForm = [&program](const Form& shown) {
     if (std::holds_alternative<form::Picture>(shown))

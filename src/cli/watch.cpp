@@ -113,7 +113,7 @@ void Watch::takeAlarms() {
 }
 
 /// What is known of the airport's newest report of a kind.
-void Watch::addReport(WatchEvent& event, ReportKind kind) {
+void Watch::addReport(WatchEvent& event, ReportKind kind) const {
   const auto* known = program_.knownReports.find(StationCode(event.code), kind);
   if (!known)
     return;

@@ -29,7 +29,7 @@ class Watch final : public QObject {
   void second();
   void takeNotices(const QStringList& notices);
   void takeAlarms();
-  void addReport(WatchEvent& event, ReportKind kind);
+  void addReport(WatchEvent& event, ReportKind kind) const;
   void lookAtAges();
   void lookAtNetwork();
   void tell(const WatchEvent& event);

@@ -81,7 +81,7 @@ bool CellDelegate::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-bool CellDelegate::enter(QPointer<QLineEdit> field) {
+bool CellDelegate::enter(const QPointer<QLineEdit>& field) {
   asking_ = true;
   const bool done = commit(field->text());
   asking_ = false;

@@ -39,7 +39,7 @@ class CellDelegate : public QStyledItemDelegate {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool enter(QPointer<QLineEdit> field);
+  bool enter(const QPointer<QLineEdit>& field);
 
   mutable QPointer<QLineEdit> field_; ///< the open one
   bool asking_ = false;
