@@ -161,6 +161,24 @@ TEST_F(SettingsFormViewTest, AnsweringYesRestoresTheStandard) {
   });
 }
 
+TEST_F(SettingsFormViewTest, AnOffsetThatTheListLacksShowsNone) {
+  options_.now = readInstant(u"2026-11-24T05:20:00+00:00"_s);
+  start();
+  openSettings({
+      [](QWidget& form) {
+        EXPECT_EQ(form.findChild<QComboBox*>(u"cmb4"_s)->currentText(), u"+9");
+        click(form, u"cmd1");
+      },
+      [](QWidget& question) { click(question, u"yes"); },
+      [](QWidget& form) {
+        EXPECT_EQ(form.findChild<QComboBox*>(u"cmb4"_s)->currentText(), QString());
+        click(form, u"cmd0");
+      },
+      [](QWidget& message) { QTest::keyClick(&message, Qt::Key_Return); },
+  });
+  EXPECT_EQ(settings()[key::時差], u"±0"_s);
+}
+
 TEST_F(SettingsFormViewTest, ShowsEveryControlUnderItsName) {
   start();
   openSettings({[](QWidget& form) {

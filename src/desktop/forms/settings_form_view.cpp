@@ -185,9 +185,9 @@ void SettingsFormView::mirrorCombos() {
       combo.addItems(items);
     }
     const QString chosen = form_.chosen(spec.index);
-    combo.setCurrentIndex(int(items.indexOf(chosen)));
-    // A font that is not installed is named all the same.
+    // A font that is not installed is named all the same. An empty one chooses the first row, so it comes first.
     combo.setPlaceholderText(chosen);
+    combo.setCurrentIndex(int(items.indexOf(chosen)));
     combo.setEnabled(form_.comboEnabled(spec.index));
   }
 }
