@@ -95,8 +95,11 @@ void SettingsForm::refresh() {
 }
 
 void SettingsForm::store(SettingIndex key, const QVariant& value) {
-  settings_.storeValue(key, value);
+  const bool stored = settings_.storeValue(key, value);
   changed();
+  // The control is back at what was there before.
+  if (!stored && !services_.shutdown.requested())
+    services_.dialogs.message(u" 確認"_s, u"保存できませんでした　　"_s);
 }
 
 bool SettingsForm::checked(int box) const {

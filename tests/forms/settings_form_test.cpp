@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "fakes/bare_program.h"
+#include "store/database.h"
 
 using namespace soran;
 using namespace Qt::StringLiterals;
@@ -45,6 +46,21 @@ class SettingsFormTest : public ::testing::Test {
 };
 
 } // namespace
+
+TEST_F(SettingsFormTest, TellsWhatCannotBeStored) {
+  SettingsForm opton = form();
+  const bool was = opton.checked(2);
+  Database other;
+  other.open(world.path(u"soran.mdb"_s));
+  other.execute(u"BEGIN EXCLUSIVE"_s);
+  opton.check(2, !was);
+  EXPECT_EQ(said(), u"保存できませんでした　　");
+  EXPECT_EQ(opton.checked(2), was);
+  other.execute(u"ROLLBACK"_s);
+  opton.check(2, !was);
+  EXPECT_EQ(said(), QString());
+  EXPECT_EQ(opton.checked(2), !was);
+}
 
 TEST_F(SettingsFormTest, EveryControlWritesItsOwnKeyAtOnce) {
   SettingsForm opton = form();

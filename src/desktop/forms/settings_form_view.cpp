@@ -185,7 +185,8 @@ void SettingsFormView::mirrorCombos() {
       combo.addItems(items);
     }
     const QString chosen = form_.chosen(spec.index);
-    // A font that is not installed is named all the same. An empty one chooses the first row, so it comes first.
+    // A font that is not installed is named all the same. An empty one chooses the first row, so it comes
+    // first.
     combo.setPlaceholderText(chosen);
     combo.setCurrentIndex(int(items.indexOf(chosen)));
     combo.setEnabled(form_.comboEnabled(spec.index));
