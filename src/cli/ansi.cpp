@@ -142,9 +142,11 @@ qsizetype lineEndLength(QStringView text, qsizetype at) {
 }
 
 QByteArray ansiText(const QString& text, qsizetype from, const std::vector<AttributeRun>& runs, Colour base,
-                    TerminalStyle style) {
+                    TerminalStyle style, const std::vector<SoftBreak>& breaks) {
   QByteArray out;
   qsizetype i = from;
+  auto next = breaks.begin();
+  const auto isBreak = [&](qsizetype at) { return next != breaks.end() && at == next->at; };
   for (const AttributeRun& run : runs) {
     const qsizetype end = std::min(run.start + run.length, text.size());
     const QByteArray code = attributeCode(run.colour, run.bold, base, style);
@@ -154,8 +156,14 @@ QByteArray ansiText(const QString& text, qsizetype from, const std::vector<Attri
         i += lineEnd;
         continue;
       }
+      if (isBreak(i)) {
+        out += '\n' + QByteArray(next->indent, ' ');
+        i = next->behind;
+        ++next;
+        continue;
+      }
       qsizetype to = i;
-      while (to < end && lineEndLength(text, to) == 0)
+      while (to < end && lineEndLength(text, to) == 0 && !isBreak(to))
         ++to;
       out += attributed(code, printable(QStringView(text).sliced(i, to - i)).toUtf8());
       i = to;

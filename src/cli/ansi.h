@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/colour.h"
+#include "cli/soft_wrap.h"
 
 #include <QByteArray>
 #include <QString>
@@ -46,8 +47,9 @@ qsizetype lineEndLength(QStringView text, qsizetype at);
 QStringList linesOf(const QString& text);
 
 /// The text from `from` on with the attributes of `runs` (which cover the whole text), printable, with LF
-/// line ends. No attribute reaches over a line end.
+/// line ends. No attribute reaches over a line end. At the breaks, which are in their order, it goes on in a
+/// new line.
 QByteArray ansiText(const QString& text, qsizetype from, const std::vector<AttributeRun>& runs, Colour base,
-                    TerminalStyle style);
+                    TerminalStyle style, const std::vector<SoftBreak>& breaks = {});
 
 } // namespace soran

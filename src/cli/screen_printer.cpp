@@ -49,8 +49,9 @@ QByteArray ScreenPrinter::startOver(int columns) {
   return attributed(dimCode(style_), rule) + '\n';
 }
 
-/// What joins an append to the line before it; a line end that was printed already is passed.
-QByteArray ScreenPrinter::joint(int columns) {
+/// What joins an append to the line before it, and in which column that goes on; a line end that was printed
+/// already is passed.
+QByteArray ScreenPrinter::joint(int columns, int& column) {
   const QString& text = screen_.text();
   const Tail tail = std::exchange(tail_, Tail::Ended);
   if (tail == Tail::Ended)
@@ -61,16 +62,21 @@ QByteArray ScreenPrinter::joint(int columns) {
   }
   if (tail == Tail::FurtherUp || !style_.attributes || columns <= 0)
     return {};
-  const QString line = printable(linesOf(text.left(printed_)).constLast());
-  const int column = displayWidth(line) % columns;
   // A line that fills its row ends where the cursor stands already.
+  column = column_ % columns;
   return column == 0 ? QByteArray() : "\x1B[A\x1B[" + QByteArray::number(column + 1) + 'G';
 }
 
 QByteArray ScreenPrinter::takeNews(int columns) {
   QByteArray news = replaced_ ? startOver(columns) : QByteArray();
-  news += joint(columns);
-  const QByteArray lines = ansiText(screen_.text(), printed_, screen_.runs(), screen_.baseColour(), style_);
+  int column = 0;
+  news += joint(columns, column);
+  SoftWrap wrap;
+  const std::vector<SoftBreak> breaks =
+      columns > 0 ? wrap.breaksFrom(screen_.text(), printed_, columns, column) : std::vector<SoftBreak>();
+  column_ = wrap.column();
+  const QByteArray lines =
+      ansiText(screen_.text(), printed_, screen_.runs(), screen_.baseColour(), style_, breaks);
   printed_ = screen_.text().size();
   begun_ = begun_ || !lines.isEmpty();
   news += lines;

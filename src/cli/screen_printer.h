@@ -35,7 +35,7 @@ class ScreenPrinter {
   };
 
   QByteArray startOver(int columns);
-  QByteArray joint(int columns);
+  QByteArray joint(int columns, int& column);
 
   const Screen& screen_;
   TerminalStyle style_;
@@ -45,6 +45,7 @@ class ScreenPrinter {
   QString replacement_; // the text of the last replacement
   QString shown_;       // the one before it that was printed
   Tail tail_ = Tail::Ended;
+  int column_ = 0; // in which the last line ended
 };
 
 } // namespace soran

@@ -142,6 +142,42 @@ TEST_F(ScreenPrinting, AGrowingLineGrowsInItsPlace) {
   EXPECT_EQ(news(), " RJOO\n");
 }
 
+TEST(SoftWrapping, TearsNoWord) {
+  const struct {
+    QString text;
+    int columns;
+    std::string printed;
+  } cases[] = {
+      {u"RJTT  METAR\r\n      240500Z 33010KT 9999 FEW030 12/02 Q1018"_s, 30,
+       "RJTT  METAR\n      240500Z 33010KT 9999\n      FEW030 12/02 Q1018"},
+      {u"      BECMG   2812/2815 04006KT"_s, 31, "      BECMG   2812/2815 04006KT"},
+      {u"      BECMG   2812/2815 04006KT"_s, 30, "      BECMG   2812/2815\n      04006KT"},
+      // The indentation takes a third of a narrow terminal at most.
+      {u"      BECMG   2812/2815 04006KT"_s, 14, "      BECMG\n    2812/2815\n    04006KT"},
+      // What has no blank, or no room anywhere, is left to the terminal.
+      {u"ABCDEFGHIJKLMNOPQRSTUVWXYZ 12"_s, 20, "ABCDEFGHIJKLMNOPQRSTUVWXYZ 12"},
+      {u"AB ABCDEFGHIJKLMNOPQRSTUVWXYZ"_s, 20, "AB ABCDEFGHIJKLMNOPQRSTUVWXYZ"},
+      {u"視程　 ： 8000 メートル (NDV) 9999"_s, 27, "視程　 ： 8000 メートル\n         (NDV) 9999"},
+      {u"風向 風速 視程"_s, 10, "風向 風速\n視程"},
+      {u"ABC  \r\nD"_s, 4, "ABC  \nD"},
+  };
+  for (const auto& c : cases) {
+    SoftWrap wrap;
+    const std::vector<SoftBreak> breaks = wrap.breaksFrom(c.text, 0, c.columns, 0);
+    EXPECT_EQ(ansiText(c.text, 0, {{0, c.text.size(), white, false}}, white, plain, breaks).toStdString(),
+              c.printed);
+  }
+}
+
+TEST_F(ScreenPrinting, AWrappedLineGrowsInItsLastRow) {
+  screen_.append(u"  RJTT 240500Z 33010KT"_s);
+  EXPECT_EQ(news(), "  RJTT 240500Z\n  33010KT\n");
+  screen_.append(u" 9999 FEW030"_s);
+  EXPECT_EQ(news(), "\x1B[A\x1B[10G 9999\n  FEW030\n");
+  screen_.append(u"\r\nREADY"_s);
+  EXPECT_EQ(news(), "READY\n");
+}
+
 TEST_F(ScreenPrinting, AReplacedTextStandsBehindARule) {
   const std::string rule = "\x1B[2m-------------------\x1B[0m\n";
   screen_.setText(u"ONE\r\n"_s);
