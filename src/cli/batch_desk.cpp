@@ -41,8 +41,26 @@ struct TimeOfTaf {
         prevailing = slice.values;
     }
   }
-  ElementValues filled(const ForecastSlice& slice) const { return mergedOver(prevailing, slice.values); }
+  /// What the slice's own words tell over what prevails.
+  ElementValues filled(QStringView text, const ForecastSlice& slice) const {
+    return mergedOver(prevailing, readElements(text, slice.words));
+  }
 };
+
+/// The METAR of a text; a TAF is none, nor is that of another station than `code`, where one is named.
+std::optional<MetarReading> metarOf(const QString& text, const QString& code, const QDateTime& now) {
+  const std::optional<Taf> taf = readTaf(text, now);
+  std::optional<MetarReading> metar = readMetar(text, now);
+  const bool isForecast = taf && taf->from.isValid();
+  const bool isOfAnother = metar && metar->station && !code.isEmpty() && metar->station->in(text) != code;
+  return isForecast || isOfAnother ? std::nullopt : metar;
+}
+
+/// The same of a TAF.
+std::optional<Taf> tafOf(const QString& text, const QString& code, const QDateTime& now) {
+  std::optional<Taf> taf = readTaf(text, now);
+  return taf && taf->station && taf->station->in(text) != code ? std::nullopt : taf;
+}
 
 /// The greater of two fields takes the place of the first; a null is no value.
 bool isGreater(const QJsonValue& value, const QJsonValue& than) {
@@ -51,6 +69,14 @@ bool isGreater(const QJsonValue& value, const QJsonValue& than) {
 
 bool isLess(const QJsonValue& value, const QJsonValue& than) {
   return value.isDouble() && (!than.isDouble() || value.toDouble() < than.toDouble());
+}
+
+/// E of a part of a TAF; with `countsHidden` a ceiling without height counts as 0 feet.
+QJsonObject elementsOfPart(const ElementValues& values, QStringView text, bool countsHidden = false) {
+  QJsonObject object = plainElements(values, text);
+  if (countsHidden && values.ceiling() && values.ceiling()->isHeightMissing)
+    object[u"ceiling_ft"_s] = 0;
+  return object;
 }
 
 /// Takes of each element the worse: the stronger wind, the lower visibility and ceiling, all weather.
@@ -134,7 +160,8 @@ constexpr QStringView boardStates[] = {u"below", u"near", u"overdue", u"none", u
 
 QStringView stateOf(const std::optional<MetarReading>& metar, const QList<PlainLimit>& limits,
                     const QDateTime& now) {
-  const bool isKnown = metar && (metar->values.tellsVisibility() || metar->values.tellsCeiling());
+  const bool isKnown = metar && (metar->values.tellsVisibility() || metar->values.tellsCeiling()) &&
+                       knowsAll(metar->values, limits);
   if (metar && !hitsOf(metar->values, limits).isEmpty())
     return u"below";
   if (metar && freshnessOf(std::array{metar->observed}, {}, now) == Freshness::Overdue)
@@ -142,6 +169,15 @@ QStringView stateOf(const std::optional<MetarReading>& metar, const QList<PlainL
   if (!isKnown)
     return u"none";
   return isNear(metar->values, limits) ? u"near" : u"ok";
+}
+
+/// Why a TAF cannot be relied on; empty where it can.
+QString tafStateOf(const std::optional<Taf>& taf, const QDateTime& now) {
+  if (taf && taf->state != Taf::State::InForce)
+    return taf->state == Taf::State::Cancelled ? u"cancelled"_s : u"missing"_s;
+  if (taf && taf->to <= now)
+    return u"expired"_s;
+  return taf && taf->unread.empty() && !taf->slices.empty() ? QString() : u"unread"_s;
 }
 
 QJsonObject rowOf(const QJsonObject& reports, const QJsonObject& limitsByCode, const QDateTime& now) {
@@ -154,15 +190,19 @@ QJsonObject rowOf(const QJsonObject& reports, const QJsonObject& limitsByCode, c
     throw InputError(u"a report without \"code\""_s);
   const QList<PlainLimit> limits = limitsFor(limitsByCode, code);
   const QString text = textOrEmpty(reports, u"metar"_s);
-  const std::optional<MetarReading> metar = readMetar(text, now);
+  const std::optional<MetarReading> metar = metarOf(text, code, now);
   const QString tafText = textOrEmpty(reports, u"taf"_s);
-  const std::optional<Taf> taf = readTaf(tafText, now);
-  return {{u"code"_s, code},
-          {u"elements"_s, metar ? QJsonValue(plainReport(*metar, text)) : QJsonValue()},
-          {u"age_min"_s, metar ? QJsonValue(metar->observed.secsTo(now) / 60) : QJsonValue()},
-          {u"state"_s, stateOf(metar, limits, now).toString()},
-          {u"hits"_s, QJsonArray::fromStringList(metar ? hitsOf(metar->values, limits) : QStringList())},
-          {u"taf_first"_s, taf ? firstHits(*taf, limits, now) : QJsonValue()}};
+  const std::optional<Taf> taf = tafOf(tafText, code, now);
+  QJsonObject row{
+      {u"code"_s, code},
+      {u"elements"_s, metar ? QJsonValue(plainReport(*metar, text)) : QJsonValue()},
+      {u"age_min"_s, metar ? QJsonValue(metar->observed.secsTo(now) / 60) : QJsonValue()},
+      {u"state"_s, stateOf(metar, limits, now).toString()},
+      {u"hits"_s, QJsonArray::fromStringList(metar ? hitsOf(metar->values, limits) : QStringList())},
+      {u"taf_first"_s, taf ? firstHits(*taf, limits, now) : QJsonValue()}};
+  if (const QString state = tafText.isEmpty() ? QString() : tafStateOf(taf, now); !state.isEmpty())
+    row[u"taf_state"_s] = state;
+  return row;
 }
 
 } // namespace
@@ -171,7 +211,7 @@ QJsonValue elementsOf(BatchJob& job) {
   const QString text = job.fields.text(u"text"_s);
   const QDateTime now = timeField(job, u"now"_s);
   job.fields.finish();
-  const std::optional<MetarReading> metar = readMetar(text, now);
+  const std::optional<MetarReading> metar = metarOf(text, QString(), now);
   if (!metar)
     throw InputError(u"field \"text\" is no METAR or SPECI"_s);
   return plainReport(*metar, text);
@@ -191,25 +231,30 @@ QJsonValue plainTafAt(BatchJob& job) {
     throw InputError(u"\"at\" lies outside the validity of the TAF"_s);
   const TimeOfTaf time(*taf, at);
   const QJsonObject prevailing = plainElements(time.prevailing, text);
-  QJsonObject worst = prevailing;
+  QJsonObject worst = elementsOfPart(time.prevailing, text, true);
   QJsonArray becoming;
   for (const ForecastSlice* slice : time.becoming) {
-    becoming.append(plainElements(slice->values, text));
-    takeWorse(worst, becoming.last().toObject());
+    const ElementValues values = time.filled(text, *slice);
+    becoming.append(plainElements(values, text));
+    takeWorse(worst, elementsOfPart(values, text, true));
   }
   QJsonArray temporary;
   for (const ForecastSlice* slice : time.temporary) {
-    QJsonObject object = plainElements(time.filled(*slice), text);
-    takeWorse(worst, object);
+    const ElementValues values = time.filled(text, *slice);
+    QJsonObject object = plainElements(values, text);
+    takeWorse(worst, elementsOfPart(values, text, true));
     object[u"from"_s] = minuteJson(slice->from);
     object[u"to"_s] = minuteJson(slice->to);
     object[u"prob"_s] = slice->probability > 0 ? QJsonValue(slice->probability) : QJsonValue();
     temporary.append(object);
   }
-  return QJsonObject{{u"prevailing"_s, prevailing},
+  QJsonObject result{{u"prevailing"_s, prevailing},
                      {u"becoming"_s, becoming},
                      {u"temporary"_s, temporary},
                      {u"worst"_s, worst}};
+  if (!taf->unread.empty())
+    result[u"unread"_s] = unreadOf(taf->unread, text);
+  return result;
 }
 
 QJsonValue plainBoard(BatchJob& job) {

@@ -4,9 +4,10 @@
 
 #include "base/report_rules.h"
 #include "base/utc.h"
+#include "reports/group_shapes.h"
 #include "reports/runway_wind.h"
 
-#include <QJsonArray>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -39,11 +40,11 @@ QJsonArray wordsOf(const std::vector<Words>& groups, QStringView text) {
 }
 
 /// What stands behind the observation, up to the remarks.
-QJsonValue trendOf(const MetarReading& metar, QStringView text) {
-  if (!metar.hasTrend)
-    return {};
+QJsonValue trendOf(QStringView text) {
   const QString behind = text.sliced(observationIn(text).end()).toString().section(u'=', 0, 0).simplified();
-  const QString trend = behind.section(u" RMK"_s, 0, 0);
+  // Another report may follow in the same text.
+  const bool isNone = behind.startsWith(u"RMK") || hasShape(behind.section(u' ', 0, 0), {u"######Z"});
+  const QString trend = isNone ? QString() : behind.section(u" RMK"_s, 0, 0);
   return trend.isEmpty() ? QJsonValue() : QJsonValue(trend);
 }
 
@@ -60,7 +61,7 @@ std::optional<int> comparedValue(const ElementValues& values, const QString& nam
   if (!values.wind)
     return std::nullopt;
   const std::optional<Speed>& speed = name == u"gust_kt" ? values.wind->gust : values.wind->speed;
-  return speed ? std::optional(wholeKnots(comparedKnots(*speed, values.wind->unit))) : std::nullopt;
+  return speed ? std::optional(int(std::lround(comparedKnots(*speed, values.wind->unit)))) : std::nullopt;
 }
 
 bool isOfWind(const QString& name) {
@@ -108,7 +109,14 @@ QJsonObject plainReport(const MetarReading& metar, QStringView text) {
   report[u"temp_c"_s] = whole(temperatures.air);
   report[u"dew_c"_s] = whole(temperatures.dewPoint);
   report[u"qnh_hpa"_s] = pressureJson(values.pressure);
-  report[u"trend"_s] = trendOf(metar, text);
+  report[u"trend"_s] = trendOf(text);
+  std::vector<Words> unread = values.unread;
+  for (const Words& part : metar.unread) {
+    if (std::ranges::find(unread, part) == unread.end())
+      unread.push_back(part);
+  }
+  if (!unread.empty())
+    report[u"unread"_s] = unreadOf(unread, text);
   return report;
 }
 
@@ -120,6 +128,18 @@ QStringList hitsOf(const ElementValues& values, const QList<PlainLimit>& limits)
       hits.append(name);
   }
   return hits;
+}
+
+bool knowsAll(const ElementValues& values, const QList<PlainLimit>& limits) {
+  return std::ranges::all_of(limits, [&](const PlainLimit& limit) {
+    return limit.name == u"vis_m"        ? values.tellsVisibility()
+           : limit.name == u"ceiling_ft" ? values.tellsCeiling()
+                                         : values.wind && values.wind->speed;
+  });
+}
+
+QJsonArray unreadOf(const std::vector<Words>& parts, QStringView text) {
+  return wordsOf(parts, text);
 }
 
 bool isNear(const ElementValues& values, const QList<PlainLimit>& limits) {

@@ -6,6 +6,7 @@
 #include "store/json_fields.h"
 
 #include <QDateTime>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -25,9 +26,12 @@ QDateTime minuteOf(const QString& text, const QString& name);
 /// "wind_kt", "gust_kt", "vis_m", "weather" (the groups of the text), "ceiling_ft".
 QJsonObject plainElements(const ElementValues& values, QStringView text);
 
-/// The same of a whole METAR or SPECI, with "code", "kind", "time", "rvr_m", "temp_c", "dew_c", "qnh_hpa" and
-/// "trend".
+/// The same of a whole METAR or SPECI, with "code", "kind", "time", "rvr_m", "temp_c", "dew_c", "qnh_hpa",
+/// "trend", and "unread", groups that were meant for an element and are none, where there are any.
 QJsonObject plainReport(const MetarReading& metar, QStringView text);
+
+/// Stretches of a text that could not be read, as texts.
+QJsonArray unreadOf(const std::vector<Words>& parts, QStringView text);
 
 /// METAR or SPECI, by its word, else by its minute.
 QString kindOf(const MetarReading& metar);
@@ -41,6 +45,9 @@ struct PlainLimit {
 /// The names of the limits that the values lie beyond, in the order of the limits: a visibility or ceiling
 /// that is less, a wind that is more. VV/// counts as a ceiling of 0 feet.
 QStringList hitsOf(const ElementValues& values, const QList<PlainLimit>& limits);
+
+/// Whether the report tells of each limit's element, be it that there is no ceiling or no gust.
+bool knowsAll(const ElementValues& values, const QList<PlainLimit>& limits);
 
 /// Whether a value lies at most a quarter of its limit on the good side of it.
 bool isNear(const ElementValues& values, const QList<PlainLimit>& limits);

@@ -30,13 +30,23 @@ int numberOf(QStringView figures) {
   return leadingInteger(boundOf(figures) == Bound::Exact ? figures : figures.sliced(1));
 }
 
-/// What follows the elements of a forecast: extremes of temperature, and notes on amendments with times of
-/// their own.
+/// What follows the elements of a forecast: extremes of temperature, remarks, notes on amendments with times
+/// of their own, and another report.
 bool beginsNotes(QStringView group) {
-  constexpr QStringView words[] = {u"LAST", u"NEXT", u"AMD", u"AMDS", u"COR",
-                                   u"RTD",  u"FCST", u"NO",  u"LTD",  u"LIMITED"};
+  constexpr QStringView words[] = {u"LAST", u"NEXT", u"AMD", u"AMDS", u"COR",    u"RTD",
+                                   u"FCST", u"NO",   u"LTD", u"RMK",  u"LIMITED"};
+  if (hasShape(group, {u"######Z"}))
+    return true;
   return hasShape(group.first(std::min<qsizetype>(group.size(), 5)),
                   {u"TX##/", u"TN##/", u"TXM##", u"TNM##"}) ||
+         std::ranges::find(words, group) != std::end(words);
+}
+
+/// A forecast behind the observation in another form than BECMG and TEMPO, as some countries have it, or
+/// another report.
+bool beginsWhatIsToCome(QStringView group) {
+  constexpr QStringView words[] = {u"INTER", u"GRADU", u"RAPID", u"FCST"};
+  return hasShape(group, {u"FM####", u"FM######", u"PROB##", u"######Z"}) ||
          std::ranges::find(words, group) != std::end(words);
 }
 
@@ -321,7 +331,7 @@ Words observationIn(QStringView text) {
     if (!begun && hasShape(word, {u"######Z"})) {
       begun = true;
       stretch = {group->end(), text.size() - group->end()};
-    } else if (endsObservation(word)) {
+    } else if (endsObservation(word) || (begun && beginsWhatIsToCome(word))) {
       stretch.length = group->start - stretch.start;
       break;
     }

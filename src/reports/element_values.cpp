@@ -76,7 +76,16 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
     merged.hidesCeiling = later.hidesCeiling;
     merged.unknownCeiling = later.unknownCeiling;
   }
-  if (later.cavok || later.visibility || !later.weather.empty() || !later.clouds.empty())
+  const bool endsCavok = later.visibility || !later.weather.empty() || !later.clouds.empty();
+  if (earlier.cavok && !later.cavok && endsCavok) {
+    // What it said of the others still holds.
+    constexpr int tenKilometres = 9999;
+    if (!later.visibility)
+      merged.visibility = Visibility{tenKilometres, Bound::Above, *earlier.cavok};
+    if (later.clouds.empty())
+      merged.clouds = {*earlier.cavok};
+  }
+  if (later.cavok || endsCavok)
     merged.cavok = later.cavok;
   return merged;
 }

@@ -62,7 +62,7 @@ bool TafReader::takeTimes(QDateTime& from, QDateTime& to) {
 }
 
 bool TafReader::beginsPart() const {
-  return isNext(u"FM######") || is(u"BECMG") || is(u"TEMPO") || isNext(u"PROB##");
+  return isNext(u"FM######") || is(u"BECMG") || is(u"TEMPO") || is(u"INTER") || isNext(u"PROB##");
 }
 
 void TafReader::takeContent(ForecastPart& part) {
@@ -86,11 +86,14 @@ ForecastPart TafReader::takePart() {
     part.from = timeOf(group_->in(text_).sliced(2), near_);
     take();
   } else {
-    part.kind = is(u"BECMG") ? SliceKind::Becoming : is(u"TEMPO") ? SliceKind::Tempo : SliceKind::Prob;
+    // INTER is a TEMPO of half an hour at a time, of Australia's forecasts.
+    part.kind = is(u"BECMG")                   ? SliceKind::Becoming
+                : is(u"TEMPO") || is(u"INTER") ? SliceKind::Tempo
+                                               : SliceKind::Prob;
     if (part.kind == SliceKind::Prob)
       part.probability = leadingInteger(group_->in(text_).sliced(4));
     take();
-    if (part.kind == SliceKind::Prob && is(u"TEMPO")) {
+    if (part.kind == SliceKind::Prob && (is(u"TEMPO") || is(u"INTER"))) {
       part.kind = SliceKind::ProbTempo;
       take();
     }

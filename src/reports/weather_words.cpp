@@ -21,9 +21,11 @@ QStringView pairsOf(QStringView group) {
 }
 
 bool isPairOfWeather(QStringView pair) {
-  return std::ranges::any_of(colouring::weatherWords, [pair](const colouring::WeatherWord& word) {
-    return word.word == pair && word.emphasis == colouring::Emphasis::Own;
-  });
+  // Precipitation of an unknown kind, of automatic stations (WMO No. 306, code table 4678).
+  return pair == u"UP" ||
+         std::ranges::any_of(colouring::weatherWords, [pair](const colouring::WeatherWord& word) {
+           return word.word == pair && word.emphasis == colouring::Emphasis::Own;
+         });
 }
 
 bool hasPair(QStringView pairs, QStringView wanted) {

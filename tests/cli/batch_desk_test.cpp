@@ -60,6 +60,16 @@ TEST(Elements, AreNumbersAndNothingIsNoNumber) {
        "'rvr_m':null,'temp_c':null,'time':'2026-11-24T05:00Z','trend':'NOSIG','vis_m':10000,'weather':[],"
        "'wind_dir':0,'wind_kt':10}"_s},
       {u"hello"_s, u"error: field \"text\" is no METAR or SPECI"_s},
+      {u"TAF RJTT 240505Z 2406/2512 16008KT 9999"_s, u"error: field \"text\" is no METAR or SPECI"_s},
+      // What is to come, and another report, change nothing of the observation.
+      {u"YSSY 240530Z 33015KT 9999 -UP 25/12 Q1013 FM0600 18020G40KT 0500 FG BKN001 RMK X"_s,
+       u"{'ceiling_ft':null,'code':'YSSY','dew_c':12,'gust_kt':null,'kind':'METAR','qnh_hpa':1013,"
+       "'rvr_m':null,'temp_c':25,'time':'2026-11-24T05:30Z','trend':'FM0600 18020G40KT 0500 FG BKN001',"
+       "'vis_m':10000,'weather':['-UP'],'wind_dir':330,'wind_kt':15}"_s},
+      {u"RJTT 240530Z 33015KT 0O00 25/12 Q1013 RJAA 240530Z 18005G30KT 0300 FG VV001"_s,
+       u"{'ceiling_ft':null,'code':'RJTT','dew_c':12,'gust_kt':null,'kind':'METAR','qnh_hpa':1013,"
+       "'rvr_m':null,'temp_c':25,'time':'2026-11-24T05:30Z','trend':null,'unread':['0O00'],'vis_m':null,"
+       "'weather':[],'wind_dir':330,'wind_kt':15}"_s},
   };
   for (const auto& [text, expected] : cases)
     EXPECT_EQ(elements(text).toStdString(), expected.toStdString());
@@ -96,6 +106,47 @@ TEST(PlainTafAt, FillsWhatAGroupLeavesOut) {
   EXPECT_TRUE(tafAt(u"2026-11-25T11:59Z"_s).startsWith(u"{'becoming':[],'prevailing':{'ceiling_ft':1200"));
   for (const QString& time : {u"2026-11-24T05:59Z"_s, u"2026-11-25T12:00Z"_s})
     EXPECT_EQ(tafAt(time), u"error: \"at\" lies outside the validity of the TAF");
+}
+
+TEST(PlainTafAt, KeepsWhatNobodyChanged) {
+  const auto at = [](const QString& taf) -> QString {
+    return answerTo(u"{'op':'taf_at','text':'TAF RJTT 240505Z 2406/2512 34012KT " + taf +
+                    u"','at':'2026-11-24T09:30Z','now':'2026-11-24T05:40Z'}");
+  };
+  // A ceiling ends a CAVOK, and not its visibility; each BECMG changes what prevails.
+  const QString becoming = at(u"CAVOK BECMG 2408/2410 18010KT BKN010 BECMG 2409/2411 5000 BR"_s);
+  EXPECT_TRUE(becoming.startsWith(
+      u"{'becoming':[{'ceiling_ft':1000,'gust_kt':null,'vis_m':10000,'weather':[],'wind_dir':180,'wind_kt':"
+      u"10},"
+      "{'ceiling_ft':null,'gust_kt':null,'vis_m':5000,'weather':['BR'],'wind_dir':340,'wind_kt':12}]"))
+      << becoming.toStdString();
+  // INTER is temporary, remarks are no forecast, and a hidden sky is the worst ceiling.
+  const QString worst = at(u"9999 OVC010 INTER 2406/2412 0800 FG TEMPO 2409/2411 VV/// RMK 0100 TS"_s);
+  EXPECT_TRUE(
+      worst.endsWith(u"'worst':{'ceiling_ft':0,'gust_kt':null,'vis_m':800,'weather':['FG'],'wind_dir':"
+                     "340,'wind_kt':12}}"))
+      << worst.toStdString();
+  EXPECT_TRUE(at(u"9999 BECMG 0810 3000"_s).contains(u"'unread':['BECMG 0810 3000']"));
+}
+
+TEST(PlainBoard, TakesNoReportOfAnotherStationOrKind) {
+  const auto row = [](const QString& reports) -> QString {
+    return answerTo(
+        u"{'op':'board','now':'2026-11-24T05:40Z','limits':{'vis_m':1600,'wind_kt':19},'reports':[{"
+        "'code':'RJTT'," +
+        reports + u"}]}");
+  };
+  const std::pair<QString, QString> cases[] = {
+      {u"'metar':'RJAA 240530Z 33015KT 0300 FG','taf':'TAF RJAA 240505Z 2406/2512 34012KT 0100 FG'"_s,
+       u"'state':'none','taf_first':null,'taf_state':'unread'"_s},
+      {u"'metar':'TAF RJTT 240505Z 2406/2512 34012KT 0100 FG'"_s, u"'state':'none','taf_first':null}"_s},
+      // A limit whose element is not told is not kept.
+      {u"'metar':'RJTT 240530Z 33005KT //// FEW020','taf':'TAF RJTT 240505Z 2406/2512 CNL'"_s,
+       u"'state':'none','taf_first':null,'taf_state':'cancelled'"_s},
+      {u"'metar':'RJTT 240530Z 33010MPS 9999 FEW020'"_s, u"'wind_kt':19},'hits':[],'state':'near'"_s},
+  };
+  for (const auto& [reports, expected] : cases)
+    EXPECT_TRUE(row(reports).contains(expected)) << row(reports).toStdString();
 }
 
 TEST(PlainBoard, PutsTheWorstFirst) {

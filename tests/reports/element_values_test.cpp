@@ -73,6 +73,11 @@ TEST(ElementValues, ReadsEachElementOfAnObservation) {
       {u"RJTY 220656Z 16009KMH M1/4SM FZFG 1/0SM", u"160/9k, vis <402, FZFG"},
       {u"RJOI 220556Z 16009KT 10SM R20/5500VP6000FT RETS WS R20 +TSRAGR VCSH 33/24 A2989 Q1012",
        u"160/9, vis 16093, 20 1676, +TSRAGR, VCSH, 33|24, Q1012.0"},
+      // What is to come in another country's form, and another report, are no part of it.
+      {u"YSSY 220630Z 33015KT 9999 -UP 25/12 Q1013 FM0700 18020G40KT 0500 FG BKN001",
+       u"330/15, vis 9999, -UP, 25|12, Q1013.0"},
+      {u"YSSY 220630Z 33015KT 9999 INTER 0630/0730 0500 FG", u"330/15, vis 9999"},
+      {u"RJTT 220630Z 33015KT 9999\nRJAA 220630Z 18005KT 0300 FG", u"330/15, vis 9999"},
       {u"RJTT NIL", u""},
       {u"", u""},
   };
@@ -86,6 +91,8 @@ TEST(ElementValues, NotesBehindAForecastAreNoElements) {
                                u"TX30/2205 TN2/2204 1000",
                                u"TXM05/2205Z 1000",
                                u"RTD 0120",
+                               u"RMK 0300 FG",
+                               u"RJAA 220630Z 0300 FG",
                                u"= 0300"};
   for (const QStringView note : notes) {
     const QString text = u"16008KT 9999 BKN020 "_s + note;
@@ -103,6 +110,9 @@ TEST(ElementValues, AChangeReplacesWhatItTells) {
       {u"16008KT 3000 RA BKN005 QNH2992INS", u"CAVOK", u"160/8, cavok, Q1013.2"},
       {u"16008KT CAVOK", u"4000 BR", u"160/8, vis 4000, BR"},
       {u"CAVOK", u"20010KT NSW", u"200/10, cavok, nsw"},
+      // What else a CAVOK said still holds.
+      {u"16008KT CAVOK", u"BKN010", u"160/8, vis >9999, ceil 1000"},
+      {u"CAVOK", u"-RA", u"vis >9999, -RA"},
       {u"3000 RA VV001", u"NSC", u"vis 3000, RA"},
       {u"3000 NSW BKN005", u"-RA FEW010", u"vis 3000, -RA"},
   };
