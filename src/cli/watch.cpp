@@ -30,7 +30,6 @@ Watch::Watch(const LaunchOptions& options, DeliveredFile delivered, StandardStre
       hooks_(options.exec, QUrl(options.webhook), errors) {
   connect(&signals_, &SignalWatch::closing, this, [this] { view_.terminal().close(); });
   connect(&timer_, &QTimer::timeout, this, &Watch::second);
-  connect(&program_.console, &Console::newReports, this, &Watch::takeNotices);
   program_.services.handsOver = false;
   desk_.onDialog = [this](const QString& text) { errors_.tell(text.simplified() + u'\n'); };
 }
@@ -74,6 +73,8 @@ int Watch::run() {
     terminal.cycle().run(
         {.kind = RunKind::List, .codes = watched->join(u' '), .origin = RunOrigin::Typed, .fullLoad = true});
   });
+  // What is there at the start is no news.
+  newReports();
   timer_.start(1000);
   if (!terminal.ended())
     loop.exec();
@@ -83,20 +84,31 @@ int Watch::run() {
 void Watch::second() {
   if (const QString note = recordNote(program_); note != std::exchange(note_, note) && !note.isEmpty())
     errors_.tell(u"soran-cli: "_s + note + u'\n');
+  for (const WatchEvent& event : newReports())
+    tell(event);
   takeAlarms();
   lookAtNetwork();
   lookAtAges();
 }
 
-void Watch::takeNotices(const QStringList& notices) {
-  for (const QString& notice : notices) {
-    WatchEvent event = eventOfNotice(notice, now());
-    const ReportKind kind = notice.mid(4).startsWith(u" TAF") ? ReportKind::Taf : ReportKind::Metar;
-    addReport(event, kind);
-    // A page in the place of a forecast that there is not counts as another stamp, and is no report.
-    if (!event.report.isEmpty())
-      tell(event);
+/// The reports that are others than when they were looked for last. The log and the pad of the window have
+/// one line for the METAR and the TAF that come at the same time, and none for a correction of the same time.
+std::vector<WatchEvent> Watch::newReports() {
+  std::vector<WatchEvent> events;
+  for (const QString& code : program_.desk.watched) {
+    for (const ReportKind kind : {ReportKind::Metar, ReportKind::Taf}) {
+      const auto* known = program_.knownReports.find(StationCode(code), kind);
+      Told& told = told_[{code, kind}];
+      if (!known || known->number == told.number)
+        continue;
+      told.number = known->number;
+      WatchEvent event = eventOfReport(code, kind, onOneLine(known), now());
+      addReport(event, kind);
+      if (std::exchange(told.report, event.report) != event.report)
+        events.push_back(std::move(event));
+    }
   }
+  return events;
 }
 
 void Watch::takeAlarms() {
@@ -129,10 +141,9 @@ void Watch::lookAtAges() {
     const QString& code = row.code.text();
     const Freshness before = std::exchange(ages_[code], row.freshness);
     const auto tellState = [&](const QString& name, ReportKind kind) {
-      WatchEvent event{.time = now(),
-                       .event = name,
-                       .code = code,
-                       .text = code + u' ' + name + u' ' + cellOf(row, BoardColumn::Report, now())};
+      const QString report = kind == ReportKind::Taf ? u"TAF"_s : cellOf(row, BoardColumn::Report, now());
+      WatchEvent event{
+          .time = now(), .event = name, .code = code, .text = code + u' ' + name + u' ' + report};
       addReport(event, kind);
       tell(event);
     };

@@ -10,6 +10,7 @@
 #include "terminal/view.h"
 
 #include <QHash>
+#include <map>
 
 namespace soran {
 
@@ -27,7 +28,7 @@ class Watch final : public QObject {
  private:
   std::optional<QStringList> codes();
   void second();
-  void takeNotices(const QStringList& notices);
+  std::vector<WatchEvent> newReports();
   void takeAlarms();
   void addReport(WatchEvent& event, ReportKind kind) const;
   void lookAtAges();
@@ -47,6 +48,12 @@ class Watch final : public QObject {
   View view_;
   EventHooks hooks_;
   QTimer timer_;
+  /// A report as it was told last.
+  struct Told {
+    int number = 0; // of what is known
+    QString report = {};
+  };
+  std::map<std::pair<QString, ReportKind>, Told> told_;
   QHash<QString, Freshness> ages_;
   QHash<QString, bool> expired_;
   std::optional<bool> connected_;

@@ -67,12 +67,22 @@ QByteArray jsonOf(const WatchEvent& event) {
   return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-WatchEvent eventOfNotice(const QString& notice, const QDateTime& now) {
-  const bool isAmended = notice.section(u' ', 1).startsWith(u"TAF(") && !amendmentIn(notice).isEmpty();
+WatchEvent eventOfReport(const QString& code, ReportKind kind, const QString& report, const QDateTime& now) {
+  const auto metar = readMetar(report, now);
+  const QString name = kind == ReportKind::Taf ? u"TAF"_s : metar ? kindOf(*metar) : u"METAR"_s;
+  // Of a METAR only COR is such a word; the words of a TAF stand ahead of its validity.
+  const QStringList words = report.split(u' ').first(std::min<qsizetype>(6, report.count(u' ') + 1));
+  const auto marked = std::ranges::find_if(words, [&](const QString& word) {
+    return word == u"COR" || (kind == ReportKind::Taf && (word == u"AMD" || word == u"TRD"));
+  });
+  const bool isAmended = marked != words.end();
+  const QString mark = isAmended ? u'(' + *marked + u')' : QString();
+  const bool isReceived = isAmended || name == u"SPECI";
+  const QString padding = kind == ReportKind::Taf && !isReceived ? u"   "_s : u" "_s;
   return {.time = now,
           .event = isAmended ? u"AMENDED"_s : u"REPORT"_s,
-          .code = notice.section(u' ', 0, 0),
-          .text = notice};
+          .code = code,
+          .text = code + u' ' + name + mark + padding + (isReceived ? u"RECEIVED" : u"CHANGED")};
 }
 
 } // namespace soran

@@ -31,7 +31,8 @@ struct WatchEvent {
 QString lineOf(const WatchEvent& event);
 QByteArray jsonOf(const WatchEvent& event);
 
-/// The event that a notice of the running log is: "RJTT TAF(AMD) RECEIVED".
-WatchEvent eventOfNotice(const QString& notice, const QDateTime& now);
+/// The event that another report is, on one line; its text is as the running log tells it: "RJTT METAR
+/// CHANGED", "RJTT TAF(AMD) RECEIVED".
+WatchEvent eventOfReport(const QString& code, ReportKind kind, const QString& report, const QDateTime& now);
 
 } // namespace soran
