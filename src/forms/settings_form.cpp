@@ -56,19 +56,20 @@ bool isWindowCombo(int combo) {
 SettingsForm::SettingsForm(Settings& settings, Services& services, SettingsFormHooks hooks)
     : settings_(settings), services_(services), hooks_(std::move(hooks)),
       hoursAtLoad_(settings[key::シーケンス時間]) {
-  loadPrinter();
+  if (!findPrinter())
+    forbidPrinting();
   refresh();
   hooks_.takeBuffer();
 }
 
-void SettingsForm::loadPrinter() {
+bool SettingsForm::findPrinter() {
   const QStringList installed = services_.printers.installed();
   const QString stored = settings_[key::プリンター].value_or(QString());
   anyPrinter_ = !installed.isEmpty();
   printerUsable_ = installed.contains(stored);
   if (printerUsable_) {
     printerLabel_ = stored;
-    return;
+    return true;
   }
   if (!anyPrinter_)
     printerLabel_ = u"利用可能なプリンターがありません"_s;
@@ -76,7 +77,7 @@ void SettingsForm::loadPrinter() {
     printerLabel_ = u"出力先プリンターを設定してください"_s;
   else
     printerLabel_ = stored + u" が見つかりません";
-  forbidPrinting();
+  return false;
 }
 
 /// Without a usable printer the settings ask for none of its services.
@@ -275,8 +276,8 @@ void SettingsForm::restoreStandard() {
   const QString offset = settings_[key::時差].value_or(QString());
   settings_.restoreStandardSettings(hooks_.zoneOffset);
   offsetChanged_ = offsetChanged_ || settings_[key::時差] != offset;
-  // No printer is chosen then.
-  loadPrinter();
+  // No printer is chosen then; what is stored of printing is the standard all the same.
+  findPrinter();
   refresh();
   hooks_.repaint();
 }

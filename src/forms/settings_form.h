@@ -112,7 +112,8 @@ class SettingsForm {
   std::function<void()> changed = [] {};
 
  private:
-  void loadPrinter();
+  /// Names the chosen printer, or what is wrong with it; false where it cannot be used.
+  bool findPrinter();
   void forbidPrinting();
   void refresh();
   void store(SettingIndex key, const QVariant& value);

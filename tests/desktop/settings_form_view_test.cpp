@@ -5,6 +5,7 @@
 #include "modal_steps.h"
 #include "window_fixture.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -159,6 +160,23 @@ TEST_F(SettingsFormViewTest, AnsweringYesRestoresTheStandard) {
         click(form, u"cmd0");
       },
   });
+}
+
+TEST_F(SettingsFormViewTest, WhatAScreenReaderTicksIsStored) {
+  start();
+  const auto act = [](QWidget& form, QStringView name) {
+    auto* spoken = QAccessible::queryAccessibleInterface(form.findChild<QWidget*>(name.toString()));
+    ASSERT_TRUE(spoken && spoken->actionInterface());
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  };
+  const bool was = settings()[key::計器気象状態を強調] == true;
+  openSettings({[&](QWidget& form) {
+    act(form, u"CheckBox3");
+    act(form, u"Option2_0");
+    click(form, u"cmd0");
+  }});
+  EXPECT_EQ(settings()[key::コマンドボタン], false);
+  EXPECT_EQ(settings()[key::計器気象状態を強調], !was);
 }
 
 TEST_F(SettingsFormViewTest, AnOffsetThatTheListLacksShowsNone) {

@@ -296,6 +296,8 @@ TEST_F(SettingsFormTest, StandardSettingsComeBehindAYes) {
   EXPECT_EQ(logged(), u"repaint"_s);
   // No printer is chosen any more, and the zone is another one.
   EXPECT_EQ(opton.printerLabel(), u"出力先プリンターを設定してください"_s);
+  EXPECT_FALSE(opton.boxEnabled(25));
+  EXPECT_EQ(settings[key::印刷時ダイアログ], true);
   opton.close();
   EXPECT_EQ(said(), u"時差の変更を有効にするため、SORAN を再起動してください　　"_s);
 }

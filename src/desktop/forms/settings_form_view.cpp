@@ -82,8 +82,12 @@ void SettingsFormView::nameControls() {
 void SettingsFormView::connectBoxesAndFields() {
   constexpr int fieldWidth = 8;
   for (const SettingsCheckBox& spec : settingsCheckBoxes()) {
-    connect(control<QCheckBox>(u"CheckBox", spec.index), &QCheckBox::clicked, this,
-            [this, index = spec.index](bool on) { form_.check(index, on); });
+    // A screen reader ticks a box without a click.
+    connect(control<QCheckBox>(u"CheckBox", spec.index), &QCheckBox::toggled, this,
+            [this, index = spec.index](bool on) {
+              if (form_.checked(index) != on)
+                form_.check(index, on);
+            });
   }
   for (const SettingsTextBox& spec : settingsTextBoxes()) {
     auto* field = control<QLineEdit>(u"TextBox", spec.index);
@@ -118,10 +122,14 @@ void SettingsFormView::connectSwatches() {
 
 void SettingsFormView::connectRest() {
   connect(ui_->Slider, &QSlider::valueChanged, this, [this](int value) { form_.setBuffer(value); });
-  connect(ui_->Option1_0, &QRadioButton::clicked, this, [this] { form_.setTimedPrinting(false); });
-  connect(ui_->Option1_1, &QRadioButton::clicked, this, [this] { form_.setTimedPrinting(true); });
-  connect(ui_->Option2_0, &QRadioButton::clicked, this, [this] { form_.setColouredToolbar(false); });
-  connect(ui_->Option2_1, &QRadioButton::clicked, this, [this] { form_.setColouredToolbar(true); });
+  connect(ui_->Option1_1, &QRadioButton::toggled, this, [this](bool timed) {
+    if (form_.timedPrinting() != timed)
+      form_.setTimedPrinting(timed);
+  });
+  connect(ui_->Option2_1, &QRadioButton::toggled, this, [this](bool coloured) {
+    if (form_.colouredToolbar() != coloured)
+      form_.setColouredToolbar(coloured);
+  });
   connect(ui_->SSTab, &QTabWidget::currentChanged, this, &SettingsFormView::showTab);
 }
 
