@@ -162,6 +162,22 @@ TEST_F(SettingsFormViewTest, AnsweringYesRestoresTheStandard) {
   });
 }
 
+TEST_F(SettingsFormViewTest, ALimitThatIsLeftByATabLetsTheTabGo) {
+  start();
+  openSettings({[](QWidget& form) {
+    const auto& tabs = *form.findChild<QTabWidget*>(u"SSTab"_s);
+    for (const int tab : {2, 1, 3}) {
+      showTab(form, 1);
+      QTest::mouseClick(form.findChild<QLineEdit*>(u"TextBox0"_s), Qt::LeftButton);
+      showTab(form, tab);
+      EXPECT_EQ(tabs.currentIndex(), tab);
+      EXPECT_EQ(tabs.tabBar()->currentIndex(), tab);
+      EXPECT_TRUE(tabs.widget(tab)->isVisible());
+    }
+    click(form, u"cmd0");
+  }});
+}
+
 TEST_F(SettingsFormViewTest, WhatAScreenReaderTicksIsStored) {
   start();
   const auto act = [](QWidget& form, QStringView name) {

@@ -157,6 +157,7 @@ void SettingsFormView::pickColour(int swatch) {
 
 void SettingsFormView::showTab(int tab) {
   form_.showTab(tab);
+  mirroredTab_ = tab;
   if (tab == displayTab)
     ui_->viewSample0->showTop(form_.sampleAtTop());
 }
@@ -181,7 +182,9 @@ void SettingsFormView::mirror() {
   mirrorPrinting();
   ui_->viewSample0->showSample(form_.display());
   ui_->viewSample1->showSample(form_.print());
-  ui_->SSTab->setCurrentIndex(form_.tabToShow());
+  // A field that is left for another tab comes here before that tab is told: only the form itself moves it.
+  if (const int tab = form_.tabToShow(); std::exchange(mirroredTab_, tab) != tab)
+    ui_->SSTab->setCurrentIndex(tab);
 }
 
 void SettingsFormView::mirrorCombos() {

@@ -52,6 +52,7 @@ class SettingsFormView : public QDialog {
   Terminal& terminal_;
   std::unique_ptr<Ui::SettingsFormView> ui_;
   SettingsForm form_;
+  int mirroredTab_ = 0;
 };
 
 } // namespace soran
