@@ -92,10 +92,11 @@ void ImageryForm::load(const ImageryTarget& target) {
 
 void ImageryForm::layOut(QSize viewSize, bool maximised) {
   constexpr QSize smallest(200, 150);
-  // In a maximised window the view keeps its size; else it is as large as the window.
+  // In a maximised window the view keeps its size, in the middle; else it is as large as the window. A least
+  // size that grows would undo the maximising.
   imagery_->setMaximumSize(maximised ? viewSize : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-  imagery_->setMinimumSize(maximised ? viewSize.boundedTo(screen()->availableSize() * 3 / 4) : smallest);
-  layout()->setAlignment(imagery_, maximised ? Qt::AlignCenter : Qt::Alignment());
+  imagery_->setMinimumSize(smallest);
+  layout()->activate();
   if (maximised) {
     showMaximized();
     return;
