@@ -130,8 +130,13 @@ QList<PlainLimit> limitsFor(const QJsonObject& limits, const QString& code) {
     if (!i.value().isObject())
       throw InputError(u"the limits of \"" + i.key() + u"\" are not an object");
     limitsIn(i.value().toObject());
+    if (i.key().size() != code.size())
+      throw InputError(u"\"" + i.key() + u"\" is not the code of an airport");
   }
-  return limitsIn(limits[code].toObject());
+  const QStringList codes = limits.keys();
+  const auto own = std::ranges::find_if(
+      codes, [&](const QString& key) { return key.compare(code, Qt::CaseInsensitive) == 0; });
+  return own == codes.end() ? QList<PlainLimit>() : limitsIn(limits[*own].toObject());
 }
 
 /// When the TAF first lies beyond a limit from `now` on, and of which elements; null where it does not.
@@ -260,7 +265,7 @@ QJsonValue plainTafAt(BatchJob& job) {
 QJsonValue plainBoard(BatchJob& job) {
   const QJsonArray reports = job.fields.array(u"reports"_s);
   const QDateTime now = timeField(job, u"now"_s);
-  const QJsonObject limits = job.fields.has(u"limits"_s) ? job.fields.object(u"limits"_s) : QJsonObject();
+  const QJsonObject limits = job.fields.object(u"limits"_s);
   job.fields.finish();
   std::vector<QJsonObject> rows;
   for (const QJsonValue report : reports) {

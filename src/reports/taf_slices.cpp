@@ -41,6 +41,7 @@ class TafReader {
   bool isNext(QStringView shape) const { return group_ && hasShape(group_->in(text_), {shape}); }
   bool takeTimes(QDateTime& from, QDateTime& to);
   bool beginsPart() const;
+  bool beginsDamagedPart() const;
   ForecastPart takePart();
   void takeContent(ForecastPart& part);
 
@@ -61,8 +62,14 @@ bool TafReader::takeTimes(QDateTime& from, QDateTime& to) {
   return from.isValid() && to > from;
 }
 
+/// The head of a part that is none: without its time, with one of another form, or torn.
+bool TafReader::beginsDamagedPart() const {
+  return is(u"PROB") || is(u"FM") || isNext(u"FM####") || isNext(u"PROB##TEMPO") || isNext(u"PROB##INTER");
+}
+
 bool TafReader::beginsPart() const {
-  return isNext(u"FM######") || is(u"BECMG") || is(u"TEMPO") || is(u"INTER") || isNext(u"PROB##");
+  return beginsDamagedPart() || isNext(u"FM######") || is(u"BECMG") || is(u"TEMPO") || is(u"INTER") ||
+         isNext(u"PROB##");
 }
 
 void TafReader::takeContent(ForecastPart& part) {
@@ -81,7 +88,11 @@ ForecastPart TafReader::takePart() {
     part.words.length = group_->end() - part.words.start;
     step();
   };
-  if (isNext(u"FM######")) {
+  if (beginsDamagedPart()) {
+    // When it is to be is not known, so that it is told among what could not be read.
+    part.kind = SliceKind::Tempo;
+    take();
+  } else if (isNext(u"FM######")) {
     part.kind = SliceKind::From;
     part.from = timeOf(group_->in(text_).sliced(2), near_);
     take();

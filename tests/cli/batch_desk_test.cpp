@@ -178,6 +178,10 @@ TEST(PlainBoard, PutsTheWorstFirst) {
             "RJCC none , RJAA ok ");
   EXPECT_EQ(states(u"{'RJAA':{'wind_kt':9,'vis_m':null},'RJTT':{}}"_s),
             u"RJAA below wind_kt, RJFF overdue , RJCC none , RJBB ok , RJOO ok , RJTT ok , ROAH ok ");
+  EXPECT_EQ(states(u"{'rjaa':{'wind_kt':9}}"_s).section(u", "_s, 0, 0), u"RJAA below wind_kt");
+  EXPECT_EQ(states(u"{'RJTTX':{'wind_kt':9}}"_s), u"error: \"RJTTX\" is not the code of an airport");
+  EXPECT_EQ(answerTo(u"{'op':'board','now':'2026-11-24T05:40Z','reports':[]}"_s),
+            u"error: missing field \"limits\"");
   EXPECT_EQ(states(u"{'vis':1600}"_s), u"error: unknown limit \"vis\"");
   EXPECT_EQ(states(u"{'vis_m':'low'}"_s), u"error: \"vis_m\" is not a whole number");
 }

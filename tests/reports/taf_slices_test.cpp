@@ -95,6 +95,11 @@ TEST(TafSlices, ChangesPutOneOverTheOther) {
     expectTaf(c);
 }
 
+TEST(TafSlices, TemporaryByAnotherWordAndRemarks) {
+  expectTaf({u"TAF YSSY 220505Z 2206/2312 16008KT 9999 FEW030 INTER 2208/2210 3000 TSRA RMK 0500 FG"_s,
+             {u"220600-231200 16008KT 9999 FEW030"_s, u"220800-221000 TEMPO 3000 TSRA"_s}});
+}
+
 TEST(TafSlices, FormsOfTheSameForecast) {
   const QStringList slices{u"220600-231200 16008KT 9999 FEW030"_s, u"220800-221000 TEMPO 3000 TSRA"_s,
                            u"221000-231200 FM 20010KT CAVOK"_s};
@@ -148,7 +153,8 @@ TEST(TafSlices, WhatCannotBeReadIsTold) {
   const QStringView parts[] = {
       u"BECMG 2210/2208 BKN005", u"BECMG 3000",         u"TEMPO 2408/2410 3000", u"TEMPO 2208/2210",
       u"TEMPO 2208/2210 XYZ",    u"FM222500 3000",      u"FM220500 3000",        u"PROB30",
-      u"PROB30 TEMPO 22/23 RA",  u"BECMG 2299/2310 RA", u"TEMPO 2204/2206 3000", u"BECMG 2312/2314 3000"};
+      u"PROB30 TEMPO 22/23 RA",  u"BECMG 2299/2310 RA", u"TEMPO 2204/2206 3000", u"BECMG 2312/2314 3000",
+      u"FM0800 0500 FG",         u"FM 240800 0500 FG",  u"PROB 30 2208/2210 FG", u"PROB30TEMPO 2208/2210 FG"};
   for (const QStringView part : parts)
     expectTaf({base + u' ' + part, {u"220600-231200 16008KT 9999"_s}, {part.toString()}});
 

@@ -92,7 +92,9 @@ bool PrinterService::print(const PrintJob& job) {
   painter.setFont(font);
   const QFontMetricsF metrics(font, &printer);
   QSizeF area = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-  const QStringList head = mark.isEmpty() ? QStringList() : QStringList{mark, QString()};
+  QStringList head;
+  if (!mark.isEmpty())
+    head = printedPages(mark, font, area, &printer).front() + QStringList{QString()};
   area.rheight() -= metrics.lineSpacing() * double(head.size());
   bool first = true;
   for (const QStringList& page : printedPages(job.text, font, area, &printer)) {
