@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/zone_offset.h"
 
+#include <QDateTime>
 #include <QStringView>
 #include <array>
 #include <compare>
@@ -28,6 +29,11 @@ struct MinuteOfHour {
   /// Observation schedules of the region served set this rule; the text of a report is not asked.
   constexpr bool isRoutine() const { return value >= 50 || value == 0 || value == 30; }
 };
+
+/// Whether a report of that time (UTC) is a METAR.
+inline bool isRoutine(const QDateTime& time) {
+  return MinuteOfHour{double(time.time().minute())}.isRoutine();
+}
 
 /// An hour of UTC, 0 to 23: that of a cycle file.
 struct UtcHour {

@@ -13,6 +13,9 @@ namespace soran {
 
 /// The line end of the screen, of dialogues and of files that the program writes.
 inline constexpr QStringView crlf = u"\r\n";
+/// What marks data that are no weather, and what stands ahead of a text of them.
+inline constexpr QStringView demonstrationMark = u"DEMONSTRATION DATA";
+inline constexpr QStringView demonstrationWarning = u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***";
 
 /// The leading number of a text: blanks (U+0020) are skipped, then one sign, digits and one decimal point
 /// are read. A text without a number reads 0: "030" is 30, "M060" and "///" are 0, "1E2" is 1.

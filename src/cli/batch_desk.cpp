@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/batch_desk.h"
 
+#include "base/text.h"
 #include "cli/plain_values.h"
 #include "desk/report_age.h"
 
+#include <QHash>
 #include <algorithm>
 
 namespace soran {
@@ -71,10 +73,10 @@ bool isLess(const QJsonValue& value, const QJsonValue& than) {
   return value.isDouble() && (!than.isDouble() || value.toDouble() < than.toDouble());
 }
 
-/// E of a part of a TAF; with `countsHidden` a ceiling without height counts as 0 feet.
-QJsonObject elementsOfPart(const ElementValues& values, QStringView text, bool countsHidden = false) {
+/// The elements as they count for the worst, where a ceiling without height is one of 0 feet.
+QJsonObject gravestElements(const ElementValues& values, QStringView text) {
   QJsonObject object = plainElements(values, text);
-  if (countsHidden && values.ceiling() && values.ceiling()->isHeightMissing)
+  if (values.ceiling() && values.ceiling()->isHeightMissing)
     object[u"ceiling_ft"_s] = 0;
   return object;
 }
@@ -121,23 +123,31 @@ QList<PlainLimit> limitsIn(const QJsonObject& object) {
   return limits;
 }
 
-/// Those for one airport: they are the same for all, or stand by its code.
-QList<PlainLimit> limitsFor(const QJsonObject& limits, const QString& code) {
-  const bool byCode = std::ranges::any_of(limits, [](const QJsonValue& value) { return value.isObject(); });
-  if (!byCode)
-    return limitsIn(limits);
-  for (auto i = limits.constBegin(); i != limits.constEnd(); ++i) {
-    if (!i.value().isObject())
-      throw InputError(u"the limits of \"" + i.key() + u"\" are not an object");
-    limitsIn(i.value().toObject());
-    if (i.key().size() != code.size())
-      throw InputError(u"\"" + i.key() + u"\" is not the code of an airport");
+/// The limits of a board: the same for all airports, or by their codes.
+class BoardLimits {
+ public:
+  explicit BoardLimits(const QJsonObject& object) {
+    isByCode_ = std::ranges::any_of(object, [](const QJsonValue& value) { return value.isObject(); });
+    if (!isByCode_)
+      forAll_ = limitsIn(object);
+    for (auto i = object.constBegin(); isByCode_ && i != object.constEnd(); ++i) {
+      const QString code = asciiUpper(i.key());
+      if (!isCodeList(code) || code.contains(u' '))
+        throw InputError(u"\"" + i.key() + u"\" is not the code of an airport");
+      if (!i.value().isObject())
+        throw InputError(u"the limits of \"" + i.key() + u"\" are not an object");
+      byCode_.insert(code, limitsIn(i.value().toObject()));
+    }
   }
-  const QStringList codes = limits.keys();
-  const auto own = std::ranges::find_if(
-      codes, [&](const QString& key) { return key.compare(code, Qt::CaseInsensitive) == 0; });
-  return own == codes.end() ? QList<PlainLimit>() : limitsIn(limits[*own].toObject());
-}
+  QList<PlainLimit> of(const QString& code) const {
+    return isByCode_ ? byCode_.value(asciiUpper(code)) : forAll_;
+  }
+
+ private:
+  bool isByCode_ = false;
+  QList<PlainLimit> forAll_;
+  QHash<QString, QList<PlainLimit>> byCode_;
+};
 
 /// When the TAF first lies beyond a limit from `now` on, and of which elements; null where it does not.
 QJsonValue firstHits(const Taf& taf, const QList<PlainLimit>& limits, const QDateTime& now) {
@@ -185,7 +195,7 @@ QString tafStateOf(const std::optional<Taf>& taf, const QDateTime& now) {
   return taf && taf->unread.empty() && !taf->slices.empty() ? QString() : u"unread"_s;
 }
 
-QJsonObject rowOf(const QJsonObject& reports, const QJsonObject& limitsByCode, const QDateTime& now) {
+QJsonObject rowOf(const QJsonObject& reports, const BoardLimits& boardLimits, const QDateTime& now) {
   for (const QString& name : reports.keys()) {
     if (!QStringList({u"code"_s, u"metar"_s, u"taf"_s}).contains(name))
       throw InputError(u"unknown field \"" + name + u"\" of a report");
@@ -193,7 +203,7 @@ QJsonObject rowOf(const QJsonObject& reports, const QJsonObject& limitsByCode, c
   const QString code = textOrEmpty(reports, u"code"_s);
   if (code.isEmpty())
     throw InputError(u"a report without \"code\""_s);
-  const QList<PlainLimit> limits = limitsFor(limitsByCode, code);
+  const QList<PlainLimit> limits = boardLimits.of(code);
   const QString text = textOrEmpty(reports, u"metar"_s);
   const std::optional<MetarReading> metar = metarOf(text, code, now);
   const QString tafText = textOrEmpty(reports, u"taf"_s);
@@ -236,18 +246,18 @@ QJsonValue plainTafAt(BatchJob& job) {
     throw InputError(u"\"at\" lies outside the validity of the TAF"_s);
   const TimeOfTaf time(*taf, at);
   const QJsonObject prevailing = plainElements(time.prevailing, text);
-  QJsonObject worst = elementsOfPart(time.prevailing, text, true);
+  QJsonObject worst = gravestElements(time.prevailing, text);
   QJsonArray becoming;
   for (const ForecastSlice* slice : time.becoming) {
     const ElementValues values = time.filled(text, *slice);
     becoming.append(plainElements(values, text));
-    takeWorse(worst, elementsOfPart(values, text, true));
+    takeWorse(worst, gravestElements(values, text));
   }
   QJsonArray temporary;
   for (const ForecastSlice* slice : time.temporary) {
     const ElementValues values = time.filled(text, *slice);
     QJsonObject object = plainElements(values, text);
-    takeWorse(worst, elementsOfPart(values, text, true));
+    takeWorse(worst, gravestElements(values, text));
     object[u"from"_s] = minuteJson(slice->from);
     object[u"to"_s] = minuteJson(slice->to);
     object[u"prob"_s] = slice->probability > 0 ? QJsonValue(slice->probability) : QJsonValue();
@@ -258,14 +268,14 @@ QJsonValue plainTafAt(BatchJob& job) {
                      {u"temporary"_s, temporary},
                      {u"worst"_s, worst}};
   if (!taf->unread.empty())
-    result[u"unread"_s] = unreadOf(taf->unread, text);
+    result[u"unread"_s] = textsOf(taf->unread, text);
   return result;
 }
 
 QJsonValue plainBoard(BatchJob& job) {
   const QJsonArray reports = job.fields.array(u"reports"_s);
   const QDateTime now = timeField(job, u"now"_s);
-  const QJsonObject limits = job.fields.object(u"limits"_s);
+  const BoardLimits limits(job.fields.object(u"limits"_s));
   job.fields.finish();
   std::vector<QJsonObject> rows;
   for (const QJsonValue report : reports) {

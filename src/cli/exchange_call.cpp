@@ -18,14 +18,11 @@ int withTables(const LaunchOptions& options, StandardStream& errors,
                const std::function<void(Tables&)>& work) {
   const QString directory = programDirectory(options);
   const QString database = directory + u"/soran.mdb";
-  if (!fileExists(database)) {
-    errors.tell(u"soran-cli: "_s + database +
-                u": データベースがありません。SORAN を一度起動すると作られます\n");
-    return 1;
-  }
   FileLock lock(directory + u"/soran.lock");
   QString why;
   try {
+    if (!fileExists(database))
+      throw InputError(database + u": データベースがありません。SORAN を一度起動すると作られます");
     if (lock.take() == FileLock::Result::Held)
       throw InputError(u"SORAN はすでに起動しています"_s);
     Tables tables;

@@ -70,7 +70,7 @@ Interactive::Interactive(const LaunchOptions& options, DeliveredFile delivered, 
 
 int Interactive::run() {
   if (launch_.demo())
-    output_.tell(u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***"_s, Look::Bold);
+    output_.tell(demonstrationWarning.toString(), Look::Bold);
   std::optional<Opening> opening(program_);
   try {
     const Opening::Result result = opening->start();

@@ -27,16 +27,8 @@ QJsonValue knots(const std::optional<Speed>& speed, SpeedUnit unit) {
 
 /// 9999 and CAVOK say 10 km and more.
 std::optional<int> metresOf(const ElementValues& values) {
-  constexpr int most = 9999;
   const std::optional<int> metres = values.visibilityMetres();
-  return metres == most ? most + 1 : metres;
-}
-
-QJsonArray wordsOf(const std::vector<Words>& groups, QStringView text) {
-  QJsonArray words;
-  for (const Words& group : groups)
-    words.append(group.in(text).toString());
-  return words;
+  return metres == tenKilometresAndMore ? tenKilometresAndMore + 1 : metres;
 }
 
 /// What stands behind the observation, up to the remarks.
@@ -81,6 +73,13 @@ QDateTime minuteOf(const QString& text, const QString& name) {
   return time.timeSpec() == Qt::LocalTime ? inUtc(time.date(), time.time()) : time.toUTC();
 }
 
+QJsonArray textsOf(const std::vector<Words>& stretches, QStringView text) {
+  QJsonArray texts;
+  for (const Words& stretch : stretches)
+    texts.append(stretch.in(text).toString());
+  return texts;
+}
+
 QJsonObject plainElements(const ElementValues& values, QStringView text) {
   const Wind wind = values.wind.value_or(Wind());
   const Ceiling* ceiling = values.ceiling();
@@ -88,13 +87,12 @@ QJsonObject plainElements(const ElementValues& values, QStringView text) {
           {u"wind_kt"_s, knots(wind.speed, wind.unit)},
           {u"gust_kt"_s, knots(wind.gust, wind.unit)},
           {u"vis_m"_s, whole(metresOf(values))},
-          {u"weather"_s, wordsOf(values.weather, text)},
+          {u"weather"_s, textsOf(values.weather, text)},
           {u"ceiling_ft"_s, ceiling && !ceiling->isHeightMissing ? QJsonValue(ceiling->feet) : QJsonValue()}};
 }
 
-QString kindOf(const MetarReading& metar) {
-  const bool isRoutine = MinuteOfHour{double(metar.observed.time().minute())}.isRoutine();
-  return metar.isSpecial.value_or(!isRoutine) ? u"SPECI"_s : u"METAR"_s;
+QString metarKind(const QDateTime& time, std::optional<bool> isSpecial) {
+  return isSpecial.value_or(!isRoutine(time)) ? u"SPECI"_s : u"METAR"_s;
 }
 
 QJsonObject plainReport(const MetarReading& metar, QStringView text) {
@@ -103,7 +101,7 @@ QJsonObject plainReport(const MetarReading& metar, QStringView text) {
   const RunwayRange* range = values.leastRunwayRange();
   QJsonObject report = plainElements(values, text);
   report[u"code"_s] = metar.station ? QJsonValue(metar.station->in(text).toString()) : QJsonValue();
-  report[u"kind"_s] = kindOf(metar);
+  report[u"kind"_s] = metarKind(metar.observed, metar.isSpecial);
   report[u"time"_s] = minuteJson(metar.observed);
   report[u"rvr_m"_s] = range ? QJsonValue(range->metres) : QJsonValue();
   report[u"temp_c"_s] = whole(temperatures.air);
@@ -116,7 +114,7 @@ QJsonObject plainReport(const MetarReading& metar, QStringView text) {
       unread.push_back(part);
   }
   if (!unread.empty())
-    report[u"unread"_s] = unreadOf(unread, text);
+    report[u"unread"_s] = textsOf(unread, text);
   return report;
 }
 
@@ -136,10 +134,6 @@ bool knowsAll(const ElementValues& values, const QList<PlainLimit>& limits) {
            : limit.name == u"ceiling_ft" ? values.tellsCeiling()
                                          : values.wind && values.wind->speed;
   });
-}
-
-QJsonArray unreadOf(const std::vector<Words>& parts, QStringView text) {
-  return wordsOf(parts, text);
 }
 
 bool isNear(const ElementValues& values, const QList<PlainLimit>& limits) {

@@ -30,11 +30,11 @@ QJsonObject plainElements(const ElementValues& values, QStringView text);
 /// "trend", and "unread", groups that were meant for an element and are none, where there are any.
 QJsonObject plainReport(const MetarReading& metar, QStringView text);
 
-/// Stretches of a text that could not be read, as texts.
-QJsonArray unreadOf(const std::vector<Words>& parts, QStringView text);
+/// The stretches of a text, each as a text.
+QJsonArray textsOf(const std::vector<Words>& stretches, QStringView text);
 
-/// METAR or SPECI, by its word, else by its minute.
-QString kindOf(const MetarReading& metar);
+/// METAR or SPECI of a report of that time (UTC): by what it says of itself, else by its minute.
+QString metarKind(const QDateTime& time, std::optional<bool> isSpecial);
 
 /// A figure against a limit that it may be compared with.
 struct PlainLimit {

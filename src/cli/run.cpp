@@ -68,7 +68,7 @@ int runLines(const LaunchOptions& options, DeliveredFile delivered, const QStrin
   services.handsOver = false;
   Program program(services);
   if (launch.demo())
-    errors.tell(u"DEMONSTRATION DATA\n"_s);
+    errors.tell(demonstrationMark + u'\n');
   Opening opening(program);
   if (opening.start() != Opening::Result::Started) {
     errors.tell(u"soran-cli: "_s.append(opening.failure()).append(u'\n'));

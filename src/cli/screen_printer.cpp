@@ -71,12 +71,11 @@ QByteArray ScreenPrinter::takeNews(int columns) {
   QByteArray news = replaced_ ? startOver(columns) : QByteArray();
   int column = 0;
   news += joint(columns, column);
-  SoftWrap wrap;
-  const std::vector<SoftBreak> breaks =
-      columns > 0 ? wrap.breaksFrom(screen_.text(), printed_, columns, column) : std::vector<SoftBreak>();
-  column_ = wrap.column();
+  const SoftWrapped wrapped =
+      columns > 0 ? softWrapped(screen_.text(), printed_, columns, column) : SoftWrapped();
+  column_ = wrapped.column;
   const QByteArray lines =
-      ansiText(screen_.text(), printed_, screen_.runs(), screen_.baseColour(), style_, breaks);
+      ansiText(screen_.text(), printed_, screen_.runs(), screen_.baseColour(), style_, wrapped.breaks);
   printed_ = screen_.text().size();
   begun_ = begun_ || !lines.isEmpty();
   news += lines;

@@ -27,52 +27,53 @@ qsizetype lineStart(QStringView text, qsizetype at) {
   return at;
 }
 
-} // namespace
-
-void SoftWrap::beginLine(QStringView text, qsizetype at) {
+/// How far in the rows of a line go on.
+int indentOf(QStringView text, qsizetype start) {
   constexpr QStringView behindTitle = u"： ";
   constexpr qsizetype longestTitle = 12;
-  indent_ = int(endOf(text, at, true) - at);
-  const QStringView title = text.sliced(at, std::min(longestTitle, text.size() - at));
+  const QStringView title = text.sliced(start, std::min(longestTitle, text.size() - start));
   if (const qsizetype colon = title.indexOf(behindTitle); colon > 0)
-    indent_ = displayWidth(title.first(colon + behindTitle.size()));
+    return displayWidth(title.first(colon + behindTitle.size()));
+  return int(endOf(text, start, true) - start);
 }
 
 /// A row that is filled leaves the cursor in it.
-void SoftWrap::advance(int width, int columns) {
-  column_ += width;
-  if (column_ > columns)
-    column_ = (column_ - 1) % columns + 1;
+int advanced(int column, int width, int columns) {
+  const int end = column + width;
+  return end > columns ? (end - 1) % columns + 1 : end;
 }
 
-std::vector<SoftBreak> SoftWrap::breaksFrom(QStringView text, qsizetype from, int columns, int column) {
+} // namespace
+
+SoftWrapped softWrapped(QStringView text, qsizetype from, int columns, int column) {
   constexpr int leastForWords = 3; // of the columns, the indentation takes at most one in so many
-  std::vector<SoftBreak> breaks;
-  column_ = column;
-  beginLine(text, lineStart(text, from));
+  const auto indentAt = [&](qsizetype start) {
+    return std::min(indentOf(text, start), columns / leastForWords);
+  };
+  SoftWrapped wrapped{.column = column};
+  int indent = indentAt(lineStart(text, from));
   for (qsizetype at = from; at < text.size();) {
     if (const qsizetype lineEnd = lineEndLength(text, at)) {
       at += lineEnd;
-      column_ = 0;
-      beginLine(text, at);
+      wrapped.column = 0;
+      indent = indentAt(at);
       continue;
     }
     const qsizetype word = endOf(text, at, true);
     const qsizetype end = endOf(text, word, false);
     const int blanks = int(word - at);
     const int width = displayWidth(printable(text.sliced(word, end - word)));
-    const int indent = std::min(indent_, columns / leastForWords);
-    const bool isTorn = column_ + blanks + width > columns;
+    const bool isTorn = wrapped.column + blanks + width > columns;
     // Ahead of the first word of a line nothing is gained by it.
-    if (isTorn && blanks > 0 && end > word && column_ > indent && indent + width <= columns) {
-      breaks.push_back({at, word, indent});
-      column_ = indent + width;
+    if (isTorn && blanks > 0 && end > word && wrapped.column > indent && indent + width <= columns) {
+      wrapped.breaks.push_back({at, word, indent});
+      wrapped.column = indent + width;
     } else {
-      advance(blanks + width, columns);
+      wrapped.column = advanced(wrapped.column, blanks + width, columns);
     }
     at = end;
   }
-  return breaks;
+  return wrapped;
 }
 
 } // namespace soran

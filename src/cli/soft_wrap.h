@@ -16,23 +16,17 @@ struct SoftBreak {
   bool operator==(const SoftBreak&) const = default;
 };
 
-/// Breaks lines that are wider than a terminal between their words, so that no group of a report is torn: a
-/// row goes on below as far in as its line begins, or as the value behind its title ("地上視程　　 ： ").
-/// What has no blank in reach is left to the terminal.
-class SoftWrap {
- public:
-  /// The breaks of a text from `from` on for so many columns, where the cursor stands in `column` (from 0).
-  std::vector<SoftBreak> breaksFrom(QStringView text, qsizetype from, int columns, int column);
-
-  /// In which column the last row ends; all of them are filled where it is their number.
-  int column() const { return column_; }
-
- private:
-  void beginLine(QStringView text, qsizetype at);
-  void advance(int width, int columns);
-
-  int column_ = 0;
-  int indent_ = 0;
+/// The breaks of a text in their order, and in which column its last row ends; all of them are filled where
+/// that is their number.
+struct SoftWrapped {
+  std::vector<SoftBreak> breaks = {};
+  int column = 0;
 };
+
+/// Breaks lines that are wider than a terminal of so many columns between their words, so that no group of a
+/// report is torn: a row goes on below as far in as its line begins, or as the value behind its title
+/// ("地上視程　　 ： "). What has no blank in reach is left to the terminal. Begins at `from`, where the
+/// cursor stands in `column` (from 0).
+SoftWrapped softWrapped(QStringView text, qsizetype from, int columns, int column);
 
 } // namespace soran

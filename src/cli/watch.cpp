@@ -62,7 +62,7 @@ int Watch::run() {
     return notStarted;
   }
   if (launch_.demo())
-    errors_.tell(u"DEMONSTRATION DATA\n"_s);
+    errors_.tell(demonstrationMark + u'\n');
   program_.desk.watched = *watched;
   program_.desk.tellsCrossings = true;
   QEventLoop loop;
@@ -102,10 +102,12 @@ std::vector<WatchEvent> Watch::newReports() {
       if (!known || known->number == told.number)
         continue;
       told.number = known->number;
-      WatchEvent event = eventOfReport(code, kind, onOneLine(known), now());
+      WatchEvent event{.time = now(), .code = code};
       addReport(event, kind);
-      if (std::exchange(told.report, event.report) != event.report)
-        events.push_back(std::move(event));
+      if (std::exchange(told.report, event.report) == event.report)
+        continue;
+      nameReport(event);
+      events.push_back(std::move(event));
     }
   }
   return events;
@@ -133,7 +135,7 @@ void Watch::addReport(WatchEvent& event, ReportKind kind) const {
   event.source = known->source;
   event.kind = u"TAF"_s;
   if (kind == ReportKind::Metar)
-    event.kind = kindOf({.observed = known->time, .isSpecial = known->isSpecial});
+    event.kind = metarKind(known->time, known->isSpecial);
 }
 
 void Watch::lookAtAges() {

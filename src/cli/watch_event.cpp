@@ -67,22 +67,24 @@ QByteArray jsonOf(const WatchEvent& event) {
   return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-WatchEvent eventOfReport(const QString& code, ReportKind kind, const QString& report, const QDateTime& now) {
-  const auto metar = readMetar(report, now);
-  const QString name = kind == ReportKind::Taf ? u"TAF"_s : metar ? kindOf(*metar) : u"METAR"_s;
-  // Of a METAR only COR is such a word; the words of a TAF stand ahead of its validity.
-  const QStringList words = report.split(u' ').first(std::min<qsizetype>(6, report.count(u' ') + 1));
-  const auto marked = std::ranges::find_if(words, [&](const QString& word) {
-    return word == u"COR" || (kind == ReportKind::Taf && (word == u"AMD" || word == u"TRD"));
-  });
-  const bool isAmended = marked != words.end();
-  const QString mark = isAmended ? u'(' + *marked + u')' : QString();
-  const bool isReceived = isAmended || name == u"SPECI";
-  const QString padding = kind == ReportKind::Taf && !isReceived ? u"   "_s : u" "_s;
-  return {.time = now,
-          .event = isAmended ? u"AMENDED"_s : u"REPORT"_s,
-          .code = code,
-          .text = code + u' ' + name + mark + padding + (isReceived ? u"RECEIVED" : u"CHANGED")};
+void nameReport(WatchEvent& event) {
+  constexpr qsizetype mostAhead = 6; // words up to the validity of a TAF
+  const bool isTaf = event.kind == u"TAF";
+  // Of the words that mark a report a METAR has COR alone.
+  const auto marks = [isTaf](const QString& word) {
+    return word == u"COR" || (isTaf && std::ranges::find(amendmentWords, word) != amendmentWords.end());
+  };
+  const QStringList words = event.report.section(u' ', 0, mostAhead - 1).split(u' ');
+  const auto mark = std::ranges::find_if(words, marks);
+  const bool isAmended = mark != words.end();
+  event.event = isAmended ? u"AMENDED"_s : u"REPORT"_s;
+  event.text = event.code + u' ' + event.kind;
+  if (isAmended)
+    event.text += u'(' + *mark + u") RECEIVED";
+  else if (event.kind == u"SPECI")
+    event.text += u" RECEIVED";
+  else
+    event.text += isTaf ? u"   CHANGED" : u" CHANGED";
 }
 
 } // namespace soran

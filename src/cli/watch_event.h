@@ -17,7 +17,7 @@ struct WatchEvent {
   QDateTime time; ///< UTC
   /// REPORT, AMENDED, one of the kinds of the shift log, OVERDUE, CURRENT, EXPIRED, SOURCE AWAY, SOURCE BACK,
   /// NETWORK LOST, NETWORK BACK.
-  QString event;
+  QString event = {};
   QString code = {};   ///< of the airport, empty for what concerns none
   QString text = {};   ///< what a person reads
   QString report = {}; ///< the report on one line, empty where there is none
@@ -31,8 +31,8 @@ struct WatchEvent {
 QString lineOf(const WatchEvent& event);
 QByteArray jsonOf(const WatchEvent& event);
 
-/// The event that another report is, on one line; its text is as the running log tells it: "RJTT METAR
-/// CHANGED", "RJTT TAF(AMD) RECEIVED".
-WatchEvent eventOfReport(const QString& code, ReportKind kind, const QString& report, const QDateTime& now);
+/// Names the event that another report is by its code, kind and report: REPORT or AMENDED, and a text as the
+/// running log has it, "RJTT METAR CHANGED", "RJTT TAF(AMD) RECEIVED".
+void nameReport(WatchEvent& event);
 
 } // namespace soran

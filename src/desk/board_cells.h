@@ -21,8 +21,8 @@ QString visibility(const BoardRow& row, const QDateTime& now);
 QString weather(const BoardRow& row, const QDateTime& now);
 QString ceiling(const BoardRow& row, const QDateTime& now); ///< with its amount, as reported
 QString temperatures(const BoardRow& row, const QDateTime& now);
-QString qnh(const BoardRow& row,
-            const QDateTime& now); ///< hectopascals behind a Q, which the colouring needs
+/// Hectopascals behind a Q, without which the colouring takes them for a visibility.
+QString qnh(const BoardRow& row, const QDateTime& now);
 /// "VIS0800 18Z"; `place` from 0 in outlookHours.
 QString outlook(const BoardRow& row, int place);
 QString sigmet(const BoardRow& row, const QDateTime& now);

@@ -13,10 +13,6 @@ namespace {
 constexpr qint64 toleranceMinutes = 15;
 constexpr qint64 minutesOfDay = 24 * 60;
 
-bool isRoutine(const QDateTime& time) {
-  return MinuteOfHour{double(time.time().minute())}.isRoutine();
-}
-
 bool holdsOneBetween(std::span<const QDateTime> times, const QDateTime& from, const QDateTime& to) {
   return std::ranges::any_of(times, [&](const QDateTime& time) { return time >= from && time <= to; });
 }

@@ -195,8 +195,7 @@ BoardRow boardRow(const StationCode& code, const BoardReports& reports, const Li
                   const QDateTime& now) {
   BoardRow row{.code = code, .metar = reports.metar, .time = reports.time};
   if (reports.time.isValid()) {
-    const bool isRoutine = MinuteOfHour{double(reports.time.time().minute())}.isRoutine();
-    row.isSpecial = reports.isSpecial.value_or(!isRoutine);
+    row.isSpecial = reports.isSpecial.value_or(!isRoutine(reports.time));
     row.values = readElements(row.metar, observationIn(row.metar));
     row.runwayWind = runwayWind(row.values, limits.runways);
     row.before = readElements(reports.before, observationIn(reports.before));

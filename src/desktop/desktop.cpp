@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/desktop.h"
 
+#include "base/text.h"
 #include "desktop/forms/opening_form.h"
 #include "desktop/widgets/screen_view.h"
 #include "start/hand_over.h"
@@ -89,7 +90,7 @@ bool Desktop::start() {
 void Desktop::showWindow() {
   window_ = std::make_unique<MainWindow>(view_, launch_.demo());
   if (launch_.demo())
-    printers_.mark = u"*** DEMONSTRATION DATA - NOT FOR OPERATIONAL USE ***"_s;
+    printers_.mark = demonstrationWarning.toString();
   dialogs_.setWindow(window_.get());
   forms_.setWindow(window_.get());
   pages_.setPane(&window_->browser());

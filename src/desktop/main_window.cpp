@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/main_window.h"
 
+#include "base/text.h"
 #include "desktop/services/platform_abilities.h"
 #include "desktop/services/report_alert.h"
 #include "desktop/widgets/browser_frame.h"
@@ -35,7 +36,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView demonstrationMark = u"DEMONSTRATION DATA";
 constexpr int fewStations = 5;
 constexpr QStringView placedKey = u"view/geometry";
 

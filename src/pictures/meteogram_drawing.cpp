@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pictures/meteogram_drawing.h"
 
+#include "base/text.h"
 #include "pictures/graph_panel.h"
 #include "pictures/weather_symbol.h"
 #include "pictures/wind_barb.h"
@@ -182,7 +183,7 @@ void Picture::drawGround() {
             displayedTime(meteogram_.now, settings_) + u"  " +
             (meteogram_.isEmpty() ? u"NO REPORT"_s : meteogram_.tafNote) +
             (meteogram_.knowsNights ? u"" : u"  NO SUN TIMES") +
-            (meteogram_.isDemonstration ? u"  DEMONSTRATION DATA" : u""),
+            (meteogram_.isDemonstration ? u"  " + demonstrationMark : QString()),
         {6, titleHeight / 2}, TextPlace::Left);
 }
 

@@ -79,9 +79,8 @@ ElementValues mergedOver(const ElementValues& earlier, const ElementValues& late
   const bool endsCavok = later.visibility || !later.weather.empty() || !later.clouds.empty();
   if (earlier.cavok && !later.cavok && endsCavok) {
     // What it said of the others still holds.
-    constexpr int tenKilometres = 9999;
     if (!later.visibility)
-      merged.visibility = Visibility{tenKilometres, Bound::Above, *earlier.cavok};
+      merged.visibility = Visibility{tenKilometresAndMore, Bound::Above, *earlier.cavok};
     if (later.clouds.empty())
       merged.clouds = {*earlier.cavok};
   }

@@ -54,6 +54,9 @@ struct WindSector {
   bool operator==(const WindSector&) const = default;
 };
 
+/// The figures of a visibility of 10 km and more.
+inline constexpr int tenKilometresAndMore = 9999;
+
 /// A prevailing visibility. Metres stand as they are reported, so 9999 is 10 km and more; kilometres and
 /// statute miles are turned into metres.
 struct Visibility {
@@ -130,10 +133,11 @@ struct ElementValues {
     const Ceiling* known = ceiling();
     return known ? &known->words : unknownCeiling ? &*unknownCeiling : nullptr;
   }
-  /// Metres of the visibility; those of 9999, "10 km and more", with CAVOK.
+  /// Metres of the visibility; those of 9999 with CAVOK.
   std::optional<int> visibilityMetres() const {
-    constexpr int atLeast = 9999;
-    return visibility ? std::optional(visibility->metres) : cavok ? std::optional(atLeast) : std::nullopt;
+    return visibility ? std::optional(visibility->metres)
+           : cavok    ? std::optional(tenKilometresAndMore)
+                      : std::nullopt;
   }
   /// The groups of all elements, in the order of a report.
   std::vector<Words> allWords() const;

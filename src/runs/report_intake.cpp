@@ -84,8 +84,7 @@ Arrival takeIn(Program& program, const StationCode& code, ReportKind kind,
     log(u" OLDER REPORT "_s);
     return {Standing::Older, std::move(report.text), known->text};
   }
-  const bool isRoutine = MinuteOfHour{double(report.time.time().minute())}.isRoutine();
-  if (report.isSpecial && *report.isSpecial == isRoutine)
+  if (report.isSpecial && *report.isSpecial == isRoutine(report.time))
     log((*report.isSpecial ? u" IS SPECI BY "_s : u" IS METAR BY "_s) + source + u' ');
   program.knownReports.keep(code, kind, {report.time, report.text, source, now.toUTC(), report.isSpecial});
   return {Standing::Latest, std::move(report.text), {}};

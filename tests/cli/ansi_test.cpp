@@ -162,8 +162,7 @@ TEST(SoftWrapping, TearsNoWord) {
       {u"ABC  \r\nD"_s, 4, "ABC  \nD"},
   };
   for (const auto& c : cases) {
-    SoftWrap wrap;
-    const std::vector<SoftBreak> breaks = wrap.breaksFrom(c.text, 0, c.columns, 0);
+    const std::vector<SoftBreak> breaks = softWrapped(c.text, 0, c.columns, 0).breaks;
     EXPECT_EQ(ansiText(c.text, 0, {{0, c.text.size(), white, false}}, white, plain, breaks).toStdString(),
               c.printed);
   }

@@ -112,23 +112,24 @@ TEST_F(WatchTest, RefusesWhatItCannotWatch) {
 
 TEST(WatchEvents, AreLinesAndObjects) {
   const QDateTime now = inUtc(QDate(2026, 11, 24), QTime(5, 20));
-  WatchEvent amended = eventOfReport(u"RJTT"_s, ReportKind::Taf, u"TAF AMD RJTT 240510Z 2406/2512"_s, now);
-  amended.report = u"TAF AMD RJTT 240510Z"_s;
+  WatchEvent amended{.time = now, .code = u"RJTT"_s, .report = u"TAF AMD RJTT 240510Z"_s, .kind = u"TAF"_s};
+  nameReport(amended);
   EXPECT_EQ(lineOf(amended), u"2026-11-24T05:20:00Z  AMENDED  RJTT TAF(AMD) RECEIVED  TAF AMD RJTT 240510Z");
   const struct {
-    ReportKind kind;
-    QString report, event, text;
+    QString kind, report, event, text;
   } reports[] = {
-      {ReportKind::Taf, u"TAF RJTT 240510Z 2406/2512"_s, u"REPORT"_s, u"CORA TAF   CHANGED"_s},
-      {ReportKind::Taf, u"TAF COR CORA 240510Z 2406/2512"_s, u"AMENDED"_s, u"CORA TAF(COR) RECEIVED"_s},
+      {u"TAF"_s, u"TAF CORA 240510Z 2406/2512"_s, u"REPORT"_s, u"CORA TAF   CHANGED"_s},
+      {u"TAF"_s, u"TAF COR CORA 240510Z 2406/2512"_s, u"AMENDED"_s, u"CORA TAF(COR) RECEIVED"_s},
       // An airport whose code holds such a word, and a remark that is one.
-      {ReportKind::Metar, u"CORA 240500Z 00000KT"_s, u"REPORT"_s, u"CORA METAR CHANGED"_s},
-      {ReportKind::Metar, u"CORA 240500Z COR 00000KT"_s, u"AMENDED"_s, u"CORA METAR(COR) RECEIVED"_s},
-      {ReportKind::Metar, u"CORA 240512Z 00000KT 9999 FEW030 12/02 Q1018 RMK COR"_s, u"REPORT"_s,
+      {u"METAR"_s, u"CORA 240500Z 00000KT"_s, u"REPORT"_s, u"CORA METAR CHANGED"_s},
+      {u"METAR"_s, u"CORA 240500Z COR 00000KT"_s, u"AMENDED"_s, u"CORA METAR(COR) RECEIVED"_s},
+      {u"METAR"_s, u"CORA 240500Z AMD 00000KT"_s, u"REPORT"_s, u"CORA METAR CHANGED"_s},
+      {u"SPECI"_s, u"CORA 240512Z 00000KT 9999 FEW030 12/02 Q1018 RMK COR"_s, u"REPORT"_s,
        u"CORA SPECI RECEIVED"_s},
   };
   for (const auto& c : reports) {
-    const WatchEvent event = eventOfReport(u"CORA"_s, c.kind, c.report, now);
+    WatchEvent event{.time = now, .code = u"CORA"_s, .report = c.report, .kind = c.kind};
+    nameReport(event);
     EXPECT_EQ(event.event + u' ' + event.text, c.event + u' ' + c.text) << c.report.toStdString();
   }
   EXPECT_EQ(lineOf({.time = now, .event = u"OVERDUE"_s, .text = u"RJTT OVERDUE METAR 0500Z"_s}),

@@ -53,7 +53,7 @@ void printBoard(Program& program, const std::vector<BoardRow>& rows, const QStri
     return program.services.dialogs.message(u" 確認"_s, u"印刷できませんでした　　"_s);
   const QDateTime now = program.services.clock.now().toUTC();
   QStringList lines = {u"*** BOARD ***   SORAN   "_s + title + u"   " + now.toString(u"yyyy/MM/dd HH:mm"_s) +
-                           u'Z' + (program.services.demonstration ? u"   DEMONSTRATION DATA"_s : QString()),
+                           u'Z' + (program.services.demonstration ? u"   " + demonstrationMark : QString()),
                        QString()};
   lines += boardText(rows, pageColumns, now).split(crlf.toString());
   drawLines(painter, QRectF(painter.viewport()), lines);

@@ -79,11 +79,10 @@ class FormService final : public QObject, public Forms {
   ModalOutcome run(const form::EditDictionary& dictionary);
   ModalOutcome run(const form::EditSettings&);
   ModalOutcome run(const form::PdfNotice&);
+  QWidget* owner() const;
 
   Terminal* terminal_ = nullptr;
   Program* program_ = nullptr;
-  QWidget* owner() const;
-
   QPointer<QWidget> window_;
   std::map<size_t, Widget> widgets_; // by the kind of the form
   std::unique_ptr<TipForm> tip_;
