@@ -11,7 +11,7 @@ namespace soran {
 namespace {
 
 constexpr qint64 toleranceMinutes = 15;
-constexpr qint64 minutesOfDay = 24 * 60;
+constexpr qint64 minutesOfDay = qint64(24) * 60;
 
 bool holdsOneBetween(std::span<const QDateTime> times, const QDateTime& from, const QDateTime& to) {
   return std::ranges::any_of(times, [&](const QDateTime& time) { return time >= from && time <= to; });
@@ -20,10 +20,10 @@ bool holdsOneBetween(std::span<const QDateTime> times, const QDateTime& from, co
 } // namespace
 
 int reportingInterval(std::span<const QDateTime> times) {
-  constexpr qint64 halfHour = 30 * 60;
+  constexpr qint64 halfHour = qint64(30) * 60;
   for (const QDateTime& time : times) {
     const auto follows = [&](const QDateTime& other) {
-      return isRoutine(other) && std::abs(time.secsTo(other) - halfHour) <= 5 * 60;
+      return isRoutine(other) && std::abs(time.secsTo(other) - halfHour) <= qint64(5) * 60;
     };
     if (isRoutine(time) && std::ranges::any_of(times, follows))
       return 30;
